@@ -1,0 +1,25 @@
+# Install rules: both libraries, the header, a CMake package and a pkg-config file.
+include(CMakePackageConfigHelpers)
+
+install(TARGETS xfmt xfmt_static EXPORT xfmtTargets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+  INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(FILES ${PROJECT_SOURCE_DIR}/include/xfmt/xfmt.h
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/xfmt)
+if(TARGET xfmt_cli)
+  install(TARGETS xfmt_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
+
+set(XFMT_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/xfmt)
+install(EXPORT xfmtTargets NAMESPACE xfmt:: DESTINATION ${XFMT_CMAKE_DIR})
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/xfmtConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/xfmtConfig.cmake INSTALL_DESTINATION ${XFMT_CMAKE_DIR})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/xfmtConfigVersion.cmake
+  VERSION ${PROJECT_VERSION} COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/xfmtConfig.cmake ${PROJECT_BINARY_DIR}/xfmtConfigVersion.cmake
+  DESTINATION ${XFMT_CMAKE_DIR})
+
+configure_file(${PROJECT_SOURCE_DIR}/cmake/xfmt.pc.in ${PROJECT_BINARY_DIR}/xfmt.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/xfmt.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -1,0 +1,95 @@
+// Module table of JAZWFMSC: one row per conversion, in the order hosts list them.
+// Columns: name, min w, max w, default w, min d, max d, default d, routine
+// (nullptr: no conversion in this library yet), national flag.
+#pragma once
+
+#include "catalog/catalog.hpp"
+
+namespace xfmt::catalog {
+
+inline constexpr fmtinfo_eachfmt jazwfmsc_rows[] = {
+    row("$BASE64X", 1, 32767, 8, 0, 0, 0, nullptr),  // zfmb64x
+    row("$BIDI", 1, 32767, 1, 0, 0, 0, nullptr),
+    row("$LOGVS", 1, 32767, 1, 0, 0, 0, nullptr),
+    row("$LOGVSR", 1, 32767, 1, 0, 0, 0, nullptr),
+    row("$QUOTE", 2, 32767, 2, 0, 0, 0, nullptr),
+    row("$VSLOG", 1, 32767, 1, 0, 0, 0, nullptr),
+    row("$VSLOGR", 1, 32767, 1, 0, 0, 0, nullptr),
+    row("COMMA", 2, 32, 6, 0, 31, 0, nullptr),  // zfmcma
+    row("COMMAX", 2, 32, 6, 0, 31, 0, nullptr),  // zfmcmax
+    row("D", 1, 32, 12, 0, 16, 3, nullptr),  // zfmd
+    row("DOLLAR", 2, 32, 6, 0, 31, 0, nullptr),  // zfmdlr
+    row("DOLLARX", 2, 32, 6, 0, 31, 0, nullptr),  // zfmdlrx
+    row("EURFRATS", 1, 32, 6, 0, 31, 0, nullptr),  // euro: ATS
+    row("EURFRBEF", 1, 32, 6, 0, 31, 0, nullptr),  // euro: BEF
+    row("EURFRFIM", 1, 32, 6, 0, 31, 0, nullptr),  // euro: FIM
+    row("EURFRFRF", 1, 32, 6, 0, 31, 0, nullptr),  // euro: FRF
+    row("EURFRDEM", 1, 32, 6, 0, 31, 0, nullptr),  // euro: DEM
+    row("EURFRIEP", 1, 32, 6, 0, 31, 0, nullptr),  // euro: IEP
+    row("EURFRITL", 1, 32, 6, 0, 31, 0, nullptr),  // euro: ITL
+    row("EURFRLUF", 1, 32, 6, 0, 31, 0, nullptr),  // euro: LUF
+    row("EURFRNLG", 1, 32, 6, 0, 31, 0, nullptr),  // euro: NLG
+    row("EURFRPTE", 1, 32, 6, 0, 31, 0, nullptr),  // euro: PTE
+    row("EURFRESP", 1, 32, 6, 0, 31, 0, nullptr),  // euro: ESP
+    row("EURFRCHF", 1, 32, 6, 0, 31, 0, nullptr),  // euro: CHF
+    row("EURFRDKK", 1, 32, 6, 0, 31, 0, nullptr),  // euro: DKK
+    row("EURFRGBP", 1, 32, 6, 0, 31, 0, nullptr),  // euro: GBP
+    row("EURFRGRD", 1, 32, 6, 0, 31, 0, nullptr),  // euro: GRD
+    row("EURFRSEK", 1, 32, 6, 0, 31, 0, nullptr),  // euro: SEK
+    row("EURFRCZK", 1, 32, 6, 0, 31, 0, nullptr),  // euro: CZK
+    row("EURFRHUF", 1, 32, 6, 0, 31, 0, nullptr),  // euro: HUF
+    row("EURFRNOK", 1, 32, 6, 0, 31, 0, nullptr),  // euro: NOK
+    row("EURFRRUR", 1, 32, 6, 0, 31, 0, nullptr),  // euro: RUR
+    row("EURFRTRL", 1, 32, 6, 0, 31, 0, nullptr),  // euro: TRL
+    row("EURFRPLZ", 1, 32, 6, 0, 31, 0, nullptr),  // euro: PLZ
+    row("EURFRROL", 1, 32, 6, 0, 31, 0, nullptr),  // euro: ROL
+    row("EURFRYUD", 1, 32, 6, 0, 31, 0, nullptr),  // euro: YUD
+    row("EURFRSIT", 1, 32, 6, 0, 31, 0, nullptr),  // euro: SIT
+    row("EURO", 2, 32, 6, 0, 31, 0, nullptr),  // zfmeuro
+    row("EUROX", 2, 32, 6, 0, 31, 0, nullptr),  // zfmerx
+    row("EURTOATS", 1, 32, 6, 0, 31, 0, nullptr),  // euro: ATS
+    row("EURTOBEF", 1, 32, 6, 0, 31, 0, nullptr),  // euro: BEF
+    row("EURTOFIM", 1, 32, 6, 0, 31, 0, nullptr),  // euro: FIM
+    row("EURTOFRF", 1, 32, 6, 0, 31, 0, nullptr),  // euro: FRF
+    row("EURTODEM", 1, 32, 6, 0, 31, 0, nullptr),  // euro: DEM
+    row("EURTOIEP", 1, 32, 6, 0, 31, 0, nullptr),  // euro: IEP
+    row("EURTOITL", 1, 32, 6, 0, 31, 0, nullptr),  // euro: ITL
+    row("EURTOLUF", 1, 32, 6, 0, 31, 0, nullptr),  // euro: LUF
+    row("EURTONLG", 1, 32, 6, 0, 31, 0, nullptr),  // euro: NLG
+    row("EURTOPTE", 1, 32, 6, 0, 31, 0, nullptr),  // euro: PTE
+    row("EURTOESP", 1, 32, 6, 0, 31, 0, nullptr),  // euro: ESP
+    row("EURTOCHF", 1, 32, 6, 0, 31, 0, nullptr),  // euro: CHF
+    row("EURTODKK", 1, 32, 6, 0, 31, 0, nullptr),  // euro: DKK
+    row("EURTOGBP", 1, 32, 6, 0, 31, 0, nullptr),  // euro: GBP
+    row("EURTOGRD", 1, 32, 6, 0, 31, 0, nullptr),  // euro: GRD
+    row("EURTOSEK", 1, 32, 6, 0, 31, 0, nullptr),  // euro: SEK
+    row("EURTOCZK", 1, 32, 6, 0, 31, 0, nullptr),  // euro: CZK
+    row("EURTOHUF", 1, 32, 6, 0, 31, 0, nullptr),  // euro: HUF
+    row("EURTONOK", 1, 32, 6, 0, 31, 0, nullptr),  // euro: NOK
+    row("EURTORUR", 1, 32, 6, 0, 31, 0, nullptr),  // euro: RUR
+    row("EURTOTRL", 1, 32, 6, 0, 31, 0, nullptr),  // euro: TRL
+    row("EURTOPLZ", 1, 32, 6, 0, 31, 0, nullptr),  // euro: PLZ
+    row("EURTOROL", 1, 32, 6, 0, 31, 0, nullptr),  // euro: ROL
+    row("EURTOYUD", 1, 32, 6, 0, 31, 0, nullptr),  // euro: YUD
+    row("EURTOSIT", 1, 32, 6, 0, 31, 0, nullptr),  // euro: SIT
+    row("FRACT", 4, 32, 10, 0, 0, 0, nullptr),
+    row("NEGPAREN", 1, 32, 6, 0, 31, 0, nullptr),  // zfmnprn
+    row("ODDSR", 3, 32, 7, 0, 31, 3, nullptr),
+    row("PERCENT", 4, 32, 6, 0, 31, 0, nullptr),  // zfmpct
+    row("PERCENTN", 4, 32, 6, 0, 31, 0, nullptr),  // pctn
+    row("ROMAN", 2, 32, 6, 0, 0, 0, nullptr),
+    row("SIZEK", 2, 33, 9, 0, 31, 0, nullptr),
+    row("SIZEKB", 2, 33, 9, 0, 31, 0, nullptr),
+    row("SIZEKMG", 2, 33, 9, 0, 31, 0, nullptr),
+    row("SSN", 11, 11, 11, 0, 0, 0, nullptr),
+    row("WORDF", 5, 32767, 10, 0, 0, 0, nullptr),
+    row("WORDS", 5, 32767, 10, 0, 0, 0, nullptr),
+    row("Z", 1, 32, 1, 0, 32, 0, nullptr),  // zfmz
+    row("BEST", 1, 32, 12, 0, 32, 0, nullptr),  // zfmb
+    row("BESTX", 1, 64, 12, 0, 32, 0, nullptr),  // zfmbx
+    row("$CHAR", 1, 32767, 8, 0, 0, 0, nullptr),  // zfmchar
+    row("F", 1, 32, 12, 0, 31, 0, nullptr),  // zfmt
+    row("E", 1, 32, 12, 0, 31, 0, nullptr),  // zfmexp
+};
+
+}  // namespace xfmt::catalog

@@ -1,0 +1,53 @@
+// Module table of JAZWFUWF: one row per conversion, in the order hosts list them.
+// Columns: name, min w, max w, default w, min d, max d, default d, routine
+// (nullptr: no conversion in this library yet), national flag.
+#pragma once
+
+#include "catalog/catalog.hpp"
+
+namespace xfmt::catalog {
+
+inline constexpr fmtinfo_eachfmt jazwfuwf_rows[] = {
+    row("$BYVAL", 2, 8, 2, 0, 0, 0, nullptr),
+    row("$CSTR", 1, 32767, 1, 0, 0, 0, nullptr),
+    row("PVALUE", 3, 32, 6, 1, 30, 4, nullptr),
+    row("DTDATE", 5, 9, 7, 0, 0, 0, nullptr),
+    row("DTMONYY", 5, 7, 5, 0, 0, 0, nullptr),
+    row("DTYEAR", 2, 4, 4, 0, 0, 0, nullptr),
+    row("DTYYQC", 4, 6, 4, 0, 0, 0, nullptr),
+    row("IEEER", 2, 8, 8, 0, 31, 0, nullptr),
+    row("LOGPROB", 4, 32, 5, 0, 0, 0, nullptr),
+    row("PCPIB", 1, 8, 4, 0, 10, 0, nullptr),
+    row("PIBR", 1, 8, 8, 0, 31, 0, nullptr),
+    row("XYYMMDD", 6, 12, 8, 0, 0, 0, nullptr),
+    row("YYQZ", 4, 6, 4, 0, 0, 0, nullptr),
+    row("$EBCDIC", 1, 32767, 1, 0, 0, 0, nullptr),
+    row("S370FIB", 1, 8, 4, 0, 10, 0, nullptr),
+    row("S370FPD", 1, 16, 1, 0, 10, 0, nullptr),
+    row("S370FPDU", 1, 16, 1, 0, 10, 0, nullptr),
+    row("S370FRB", 2, 8, 4, 0, 10, 0, nullptr),
+    row("S370FPIB", 1, 8, 4, 0, 10, 0, nullptr),
+    row("S370FIBU", 1, 8, 4, 0, 10, 0, nullptr),
+    row("S370FZD", 1, 32, 8, 0, 10, 0, nullptr),
+    row("S370FZDU", 1, 32, 8, 0, 10, 0, nullptr),
+    row("S370FZDL", 1, 32, 8, 0, 10, 0, nullptr),
+    row("S370FZDS", 2, 32, 8, 0, 10, 0, nullptr),
+    row("S370FZDT", 2, 32, 8, 0, 10, 0, nullptr),
+    row("S370FHEX", 1, 16, 8, 0, 0, 0, nullptr),
+    row("S370FF", 1, 32, 12, 0, 31, 0, nullptr),
+    row("IEEE", 2, 8, 8, 0, 31, 0, nullptr),
+    row("NUMX", 1, 32, 12, 0, 31, 0, nullptr),
+    row("$REVERS", 1, 32767, 1, 0, 0, 0, nullptr),
+    row("$REVERJ", 1, 32767, 1, 0, 0, 0, nullptr),
+    row("XPORTINT", 1, 8, 4, 0, 0, 0, nullptr),
+    row("$XPORTCH", 1, 200, 1, 0, 0, 0, nullptr),
+    row("XPORTFLT", 2, 8, 8, 0, 10, 0, nullptr),
+    row("$ASCII", 1, 32767, 1, 0, 0, 0, nullptr),
+    row("FLOAT", 4, 4, 4, 0, 31, 0, nullptr),
+    row("MINGUO", 1, 10, 8, 0, 0, 0, nullptr),
+    row("MRB", 2, 8, 4, 0, 10, 0, nullptr),
+    row("$UPCASE", 1, 32767, 8, 0, 0, 0, nullptr),
+    row("YEN", 1, 32, 1, 0, 31, 0, nullptr),  // zfmyen
+};
+
+}  // namespace xfmt::catalog

@@ -1,0 +1,45 @@
+// Module table of JAZWIBIN: one row per conversion, in the order hosts list them.
+// Columns: name, min w, max w, default w, min d, max d, default d, routine
+// (nullptr: no conversion in this library yet), national flag.
+#pragma once
+
+#include "catalog/catalog.hpp"
+
+namespace xfmt::catalog {
+
+inline constexpr fmtinfo_eachfmt jazwibin_rows[] = {
+    row("@$BINARY", 1, 32767, 8, 0, 0, 0, nullptr),
+    row("@$CB", 1, 32767, 1, 0, 0, 0, nullptr),
+    row("@$HEX", 1, 32767, 2, 0, 0, 0, nullptr),
+    row("@$OCTAL", 1, 32767, 3, 0, 0, 0, nullptr),
+    row("@$PHEX", 1, 32767, 2, 0, 0, 0, nullptr),
+    row("@BINARY", 1, 64, 8, 0, 31, 0, nullptr),
+    row("@BITS", 1, 64, 1, 0, 63, 0, nullptr),
+    row("@CB", 1, 32, 1, 0, 31, 0, nullptr),
+    row("@HEX", 1, 16, 8, 0, 0, 0, nullptr),
+    row("@IB", 1, 8, 4, 0, 10, 0, nullptr),
+    row("@IBR", 1, 8, 4, 0, 10, 0, nullptr),
+    row("@IEEE", 3, 8, 4, 0, 10, 0, nullptr),
+    row("@IEEER", 3, 8, 4, 0, 10, 0, nullptr),
+    row("@MSEC", 8, 8, 8, 0, 0, 0, nullptr),
+    row("@OCTAL", 1, 24, 3, 0, 31, 0, nullptr),
+    row("@PD", 1, 16, 1, 0, 31, 0, nullptr),
+    row("@PDTIME", 4, 4, 4, 0, 0, 0, nullptr),
+    row("@PIB", 1, 8, 1, 0, 10, 0, nullptr),
+    row("@PIBR", 1, 8, 1, 0, 10, 0, nullptr),
+    row("@PK", 1, 16, 1, 0, 10, 0, nullptr),
+    row("@PUNCH", 0, 0, 0, 1, 12, 0, nullptr),
+    row("@RB", 2, 8, 4, 0, 10, 0, nullptr),
+    row("@RMFDUR", 4, 4, 4, 0, 0, 0, nullptr),
+    row("@RMFSTAMP", 8, 8, 8, 0, 0, 0, nullptr),
+    row("@ROW", 0, 12, 0, 0, 25, 0, nullptr),
+    row("@SHRSTAMP", 8, 8, 8, 0, 0, 0, nullptr),
+    row("@SMFSTAMP", 8, 8, 8, 0, 0, 0, nullptr),
+    row("@TODSTAMP", 1, 8, 8, 0, 0, 0, nullptr),
+    row("@TU", 4, 4, 4, 0, 0, 0, nullptr),
+    row("@ZD", 1, 32, 1, 0, 31, 0, nullptr),
+    row("@ZDB", 1, 32, 1, 0, 31, 0, nullptr),
+    row("@ZDV", 1, 32, 1, 0, 31, 0, nullptr),
+};
+
+}  // namespace xfmt::catalog

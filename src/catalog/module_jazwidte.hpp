@@ -1,0 +1,24 @@
+// Module table of JAZWIDTE: one row per conversion, in the order hosts list them.
+// Columns: name, min w, max w, default w, min d, max d, default d, routine
+// (nullptr: no conversion in this library yet), national flag.
+#pragma once
+
+#include "catalog/catalog.hpp"
+
+namespace xfmt::catalog {
+
+inline constexpr fmtinfo_eachfmt jazwidte_rows[] = {
+    row("@DATE", 7, 32, 7, 0, 31, 0, nullptr),
+    row("@DATETIME", 6, 32, 6, 0, 31, 0, nullptr),
+    row("@DDMMYY", 6, 32, 6, 0, 31, 0, nullptr),
+    row("@JULIAN", 5, 32, 5, 0, 31, 0, nullptr),
+    row("@MDYAMPM", 6, 32, 6, 0, 31, 0, nullptr),
+    row("@MMDDYY", 6, 32, 6, 0, 31, 0, nullptr),
+    row("@MONYY", 5, 32, 5, 0, 31, 0, nullptr),
+    row("@NENGO", 7, 32, 10, 0, 31, 0, nullptr),
+    row("@TIME", 7, 32, 10, 0, 31, 0, nullptr),
+    row("@YYMMDD", 6, 32, 6, 0, 31, 0, nullptr),
+    row("@YYQ", 4, 32, 4, 0, 31, 0, nullptr),
+};
+
+}  // namespace xfmt::catalog

@@ -1,0 +1,59 @@
+// The module tables and the possible-format table agree with each other and
+// with the limits hosts rely on.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+
+#include "catalog/catalog.hpp"
+#include "xfmt/xfmt.h"
+
+namespace {
+
+std::string row_name(const fmtinfo_eachfmt &r) { return std::string(r.name, r.name_length); }
+
+const fmtinfo_eachfmt *find_in_module(const fmtposs_row &p) {
+  xf_status st = 99;
+  const fmtinfo *m = xfload(nullptr, p.module_name, p.module_name_length, &st);
+  if (!m) return nullptr;
+  for (uint64_t i = 0; i < m->count; ++i)
+    if (m->rows[i].name_length == p.row.name_length &&
+        std::memcmp(m->rows[i].name, p.row.name, p.row.name_length) == 0)
+      return &m->rows[i];
+  return nullptr;
+}
+
+TEST(catalog_tables, every_possible_format_row_is_in_its_module) {
+  const fmtposs_row *t = nullptr;
+  uint64_t n = 0;
+  ASSERT_EQ(get_fmt_poss_table(&t, &n), XF_OK);
+  ASSERT_EQ(n, 548u);
+  for (uint64_t i = 0; i < n; ++i) {
+    EXPECT_EQ(t[i].link, 0u);
+    EXPECT_EQ(t[i].module_name_length, 8u);
+    EXPECT_NE(find_in_module(t[i]), nullptr) << row_name(t[i].row);
+  }
+}
+
+TEST(catalog_tables, names_are_blank_padded_to_eight_then_nul) {
+  const fmtinfo *m = jazwfmsc();
+  for (uint64_t i = 0; i < m->count; ++i) {
+    const fmtinfo_eachfmt &r = m->rows[i];
+    for (uint32_t k = r.name_length; k < 16; ++k)
+      EXPECT_EQ(r.name[k], k < 8 ? ' ' : '\0') << row_name(r) << " at " << k;
+  }
+}
+
+TEST(catalog_tables, getep_matches_on_the_given_prefix_only) {
+  const fmtinfo *(*entry)(void) = nullptr;
+  EXPECT_EQ(getep(nullptr, "JAZWFUWF", 8, &entry), XF_OK);
+  EXPECT_EQ(entry, &jazwfuwf);
+  EXPECT_EQ(getep(nullptr, "anything", 0, &entry), XF_OK);
+  EXPECT_EQ(entry, &jazwfbin);
+  EXPECT_EQ(getep(nullptr, "JAZWXXXX", 8, &entry), 1u);
+  xf_status st = 0;
+  EXPECT_EQ(xfload(nullptr, "NOPE", 4, &st), nullptr);
+  EXPECT_EQ(st, 1u);
+}
+
+}  // namespace
