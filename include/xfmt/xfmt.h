@@ -139,6 +139,61 @@ typedef struct xf_ufmt_context {
     uint8_t     reserved[208];   /*  48 */
 } xf_ufmt_context;               /* sizeof == 256 */
 
+/* Value-label routine of a user-defined handle: called by xffmt with the
+ * frame and the handle's two context words (the format header and its
+ * range-pointer array). */
+typedef xf_status (*xf_label_routine)(xf_frame *frame, void *header, void *ranges);
+
+/* A user-defined handle. Its kind byte sits where a catalog handle has the
+ * first letter of its module name, so xffmt tells the two apart by it. */
+typedef struct xf_user_handle {
+    uint64_t         link;           /*   0  the record itself */
+    char             kind;           /*   8  '+' character format, '-' numeric */
+    uint8_t          reserved1[3];   /*   9 */
+    uint32_t         one;            /*  12  always 1 */
+    char             name[32];       /*  16  blank padded */
+    uint32_t         name_length;    /*  48 */
+    uint16_t         min_width;      /*  52 */
+    uint16_t         max_width;      /*  54 */
+    uint16_t         default_width;  /*  56 */
+    uint16_t         reserved2;      /*  58 */
+    uint32_t         reserved3;      /*  60 */
+    xf_label_routine routine;        /*  64  chosen by setfptr */
+    void            *header;         /*  72  the format's control block */
+    void            *ranges;         /*  80  second context word: its range pointers */
+    void            *chain_first;    /*  88  first block of the allocation chain */
+    void            *chain_last;     /*  96  last block of the allocation chain */
+} xf_user_handle;                    /* sizeof == 104 */
+
+/* --- Entry points ------------------------------------------------------ */
+
+/* Initialise the library; nothing needs doing; both return 0. */
+XF_API xf_status xfinit(void);
+XF_API xf_status xfinit2(void);
+/* Resolve a conversion name (length significant bytes, no terminator needed)
+ * to a handle. kind 73 ('I') asks for an informat. On success returns 0,
+ * stores the handle and, when width_block is not NULL, writes 16 bytes:
+ * min w, max w, default w, national flag, min d, max d, default d, 0 (u16
+ * each). Unknown names return 1 and leave *handle NULL. xfname2 also reads
+ * user-defined formats through the context (a xf_ufmt_context). */
+XF_API xf_status xfname (const char *name, int32_t length, int32_t kind,
+                         void *width_block, void **handle);
+XF_API xf_status xfname2(const char *name, int32_t length, int32_t kind,
+                         void *width_block, void **handle, void *context);
+XF_API xf_status xfname3(const char *name, int32_t length, int32_t kind,
+                         void *width_block, void **handle, void *context);
+/* Convert one value with a handle; returns the conversion's status. */
+XF_API xf_status xffmt  (xf_frame *frame, void *handle);
+/* Release a handle from xfname/xfname2 (never an intrinsic one); returns 0. */
+XF_API xf_status xfdel  (void *handle);
+
+/* Allocation chain: a zeroed block of size bytes behind a header, linked
+ * after the block *chain points at; *chain then points at the new block.
+ * Returns the address past the header, or NULL when memory is exhausted. */
+XF_API void *xfmalloc(void **chain, uint64_t size);
+/* Does nothing: chains are freed as a whole by xfdel. */
+XF_API void xffree(void *block);
+
 /* --- Catalog tables (constant data) ----------------------------------- */
 
 /* The 548 possible-format rows, grouped by module. */
@@ -186,6 +241,16 @@ XF_API const fmtinfo *xfload(void *anchor, const char *module_name, uint32_t nam
 /* ======================================================================
  * User-defined formats
  * ====================================================================== */
+
+/* Reads the user-defined format named by the first length bytes of name
+ * (prefix "@$", "@", "$" or none giving the request kind) from the source the
+ * context names, allocating its records on *chain with xfmalloc. Returns 0
+ * when found, with context->control set to the format header and
+ * context->word2 to its range-pointer array; nonzero otherwise. */
+XF_API int32_t xfrdfmt(int32_t source, const char *name, int32_t length,
+                       xf_ufmt_context *context, void **chain);
+/* Installs the value-label routine of a user-defined handle from its header. */
+XF_API void setfptr(void *header, xf_user_handle *handle);
 
 /* ======================================================================
  * National language
