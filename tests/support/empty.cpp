@@ -1,2 +1,0 @@
-// Keeps the support library non-empty while the folder fills up.
-namespace xfmt::test { int support_library_anchor = 0; }
