@@ -230,6 +230,46 @@ XF_API const fmtinfo *xfload(void *anchor, const char *module_name, uint32_t nam
  * Numeric output formats
  * ====================================================================== */
 
+/* Rounding addends: zpowten[d] = 0.5 * 10^-d for d = 0..31. */
+XF_API extern const double zpowten[32];
+
+/* F w.d, the plain-number printer every other conversion falls back on.
+ * Reads w, d (0-31 fixed decimals; 99 best; 98 three significant digits;
+ * 80-89 code-80 significant digits; -999 E notation; other negatives E with
+ * the decimals implied by w) and the double at input. Writes the number
+ * right-justified in w positions (the output length is w): fewer decimals
+ * when the integral digits need the room (status 2), E notation when even
+ * that fails, else w '*' and 0x8001D827. w < 1: 0x8001D827, nothing written.
+ * w > 32: frame->width becomes 32 and 32 '*' are written. Missing values:
+ * the standard display, status 0. w above the capacity: the field is cut to
+ * the capacity, status 0x8001D826. */
+XF_API xf_status zfmt(xf_frame *frame);
+/* The same routine under a second entry name. */
+XF_API xf_status zfmn(xf_frame *frame);
+/* BEST w.: zfmt with decimals code 99 (as many significant digits as fit). */
+XF_API xf_status zfmb(xf_frame *frame);
+/* BESTX w.: BEST; w above 32 prints 32 positions and blanks after them up to
+ * min(w, capacity) (the output length stays that of the 32-wide field). */
+XF_API xf_status zfmbx(xf_frame *frame);
+/* E w.: zfmt with decimals code -999 (E notation, w - 7 decimals). */
+XF_API xf_status zfmexp(xf_frame *frame);
+/* D w.d: d significant digits (code 80 + d; d above 9 counts as best);
+ * "." is placed in the last position before the inner call. */
+XF_API xf_status zfmd(xf_frame *frame);
+/* Z w.d: F w.d with leading zeros ("-01.50", "000042"); status 0 once padded. */
+XF_API xf_status zfmz(xf_frame *frame);
+
+/* E form of |magnitude| right-justified in width positions at out (width
+ * <= capacity, width <= 64): decimals 99 as many digits as fit with trailing
+ * zeros dropped, -k or k: k decimals (fewer when they do not fit). Returns
+ * the length of the text written after the blanks, or -1 (nothing written)
+ * when it does not fit or the magnitude is not finite. */
+XF_API int32_t fmte(double magnitude, int32_t width, int32_t decimals, char *out,
+                    uint32_t capacity);
+/* Decimals that show |magnitude| with digits significant digits in width
+ * positions of the fixed layout, or -999 when only E notation can. */
+XF_API int32_t zfmtd(double magnitude, int32_t width, int32_t digits);
+
 /* ======================================================================
  * Dates and times
  * ====================================================================== */

@@ -17,7 +17,7 @@ inline constexpr fmtinfo_eachfmt jazwfmsc_rows[] = {
     row("$VSLOGR", 1, 32767, 1, 0, 0, 0, nullptr),
     row("COMMA", 2, 32, 6, 0, 31, 0, nullptr),  // zfmcma
     row("COMMAX", 2, 32, 6, 0, 31, 0, nullptr),  // zfmcmax
-    row("D", 1, 32, 12, 0, 16, 3, nullptr),  // zfmd
+    row("D", 1, 32, 12, 0, 16, 3, zfmd),  // zfmd
     row("DOLLAR", 2, 32, 6, 0, 31, 0, nullptr),  // zfmdlr
     row("DOLLARX", 2, 32, 6, 0, 31, 0, nullptr),  // zfmdlrx
     row("EURFRATS", 1, 32, 6, 0, 31, 0, nullptr),  // euro: ATS
@@ -84,12 +84,12 @@ inline constexpr fmtinfo_eachfmt jazwfmsc_rows[] = {
     row("SSN", 11, 11, 11, 0, 0, 0, nullptr),
     row("WORDF", 5, 32767, 10, 0, 0, 0, nullptr),
     row("WORDS", 5, 32767, 10, 0, 0, 0, nullptr),
-    row("Z", 1, 32, 1, 0, 32, 0, nullptr),  // zfmz
-    row("BEST", 1, 32, 12, 0, 32, 0, nullptr),  // zfmb
-    row("BESTX", 1, 64, 12, 0, 32, 0, nullptr),  // zfmbx
+    row("Z", 1, 32, 1, 0, 32, 0, zfmz),  // zfmz
+    row("BEST", 1, 32, 12, 0, 32, 0, zfmb),  // zfmb
+    row("BESTX", 1, 64, 12, 0, 32, 0, zfmbx),  // zfmbx
     row("$CHAR", 1, 32767, 8, 0, 0, 0, nullptr),  // zfmchar
-    row("F", 1, 32, 12, 0, 31, 0, nullptr),  // zfmt
-    row("E", 1, 32, 12, 0, 31, 0, nullptr),  // zfmexp
+    row("F", 1, 32, 12, 0, 31, 0, zfmt),  // zfmt
+    row("E", 1, 32, 12, 0, 31, 0, zfmexp),  // zfmexp
 };
 
 }  // namespace xfmt::catalog
