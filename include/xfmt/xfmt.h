@@ -270,6 +270,35 @@ XF_API int32_t fmte(double magnitude, int32_t width, int32_t decimals, char *out
  * positions of the fixed layout, or -999 when only E notation can. */
 XF_API int32_t zfmtd(double magnitude, int32_t width, int32_t digits);
 
+/* COMMA w.d: zfmt's text with "," between groups of three integral digits
+ * when the longer text fits w; otherwise zfmt's text unchanged (status 0).
+ * zfmt's nonzero statuses pass through; 0x8001D826 when the grouped text
+ * fits w but not the capacity. Missing values: the standard display. */
+XF_API xf_status zfmcma(xf_frame *frame);
+/* The other punctuated formats lay the number out as F w.d, then add their
+ * marks when they fit w, dropping the alignment blank, then the groups, then
+ * the currency sign before keeping the plain text (stars only when that does
+ * not fit). Statuses as zfmt (2 for reduced decimals, 0x8001D827 stars,
+ * 0x8001D826 cut to the capacity); missing values: the standard display.
+ *   COMMAX   1.234.567,89      period groups, comma decimal mark
+ *   DOLLAR   $1,234.56  -$1,234.56
+ *   DOLLARX  $1.234,56  -$1.234,56
+ *   EURO     0x80 then 1,234.56 (0x80 is the euro sign in Windows-1252)
+ *   EUROX    0x80 then 1.234,56
+ *   YEN      0xA5 then 1,234 (0xA5 is the yen sign in Windows-1252)
+ *   NEGPAREN (1,234.56) for a negative value, "1,234.56 " for a positive one
+ *   PERCENT  value x 100: "(12.5%)" negative, " 12.5% " positive
+ *   PERCENTN value x 100: "-12.5%" */
+XF_API xf_status zfmcmax(xf_frame *frame);
+XF_API xf_status zfmdlr(xf_frame *frame);
+XF_API xf_status zfmdlrx(xf_frame *frame);
+XF_API xf_status zfmeuro(xf_frame *frame);
+XF_API xf_status zfmerx(xf_frame *frame);
+XF_API xf_status zfmyen(xf_frame *frame);
+XF_API xf_status zfmnprn(xf_frame *frame);
+XF_API xf_status zfmpct(xf_frame *frame);
+XF_API xf_status pctn(xf_frame *frame);
+
 /* ======================================================================
  * Dates and times
  * ====================================================================== */

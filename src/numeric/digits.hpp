@@ -61,7 +61,8 @@ inline int count_digits(uint64_t v) {
   // The bit length gives the digit count to within one: 1233/4096 ~ log10(2).
   int bits = 64 - __builtin_clzll(v | 1);
   int t = (bits * 1233) >> 12;
-  return t + (v >= pow10_u64(t) ? 1 : 0);
+  t += v >= pow10_u64(t) ? 1 : 0;
+  return t > 0 ? t : 1;
 }
 
 // Number of decimal digits of v (1 for 0), for v below 10^38.

@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "numeric/digits.hpp"
 #include "numeric/engine.hpp"
 
 namespace xfmt::numeric {
@@ -17,9 +18,12 @@ namespace xfmt::numeric {
 int significant_decimals(double m, int room, int digits) {
   if (digits < 1) digits = 1;
   if (!(m > 0) || !std::isfinite(m)) return 0;
+  // x is the exponent of m as 15 significant digits show it: the double
+  // nearest 1e-6 lies just below it but counts as 10^-6, not 9.99..e-7.
   int e10;
-  decimal_mantissa(m, e10);
+  double mant = decimal_mantissa(m, e10);
   int x = e10 - 1;
+  if (scaled_fraction(mant, 16) >= 9999999999999995u) ++x;
   int dd = digits - 1 - x;
   if (dd < 0) dd = 0;
   if (dd > 31) dd = 31;
