@@ -46,6 +46,7 @@ typedef uint32_t xf_status;
 #define XF_NL_DECIMALS_LOW    41u         /* national formats: decimals below 0 */
 #define XF_NL_DECIMALS_HIGH   42u         /* national formats: decimals above the maximum */
 #define XF_E_NOT_BUILT        0x8001D801u /* the conversion has no routine in this library */
+#define XF_E_NULL_ARGUMENT    0x8001D802u /* xffmt: the frame or the handle is NULL */
 #define XF_E_DATE_RANGE       0x8001D815u /* date or time outside the valid range: field of '*' */
 #define XF_E_HOURS_RANGE      0x8001D81Au /* TIME: hours beyond 2^53: field of '*' */
 #define XF_E_CAPACITY         0x8001D826u /* width larger than the output capacity */
@@ -193,6 +194,42 @@ XF_API xf_status xfdel  (void *handle);
 XF_API void *xfmalloc(void **chain, uint64_t size);
 /* Does nothing: chains are freed as a whole by xfdel. */
 XF_API void xffree(void *block);
+
+/* Number of significant bytes of a text: length less its trailing blanks
+ * (0 for an all-blank text); a length of 0 or less is returned as given. */
+XF_API int32_t zstrip(const char *text, int32_t length);
+
+/* --- Intrinsic pseudo-formats ------------------------------------------ */
+
+/* The static resolved rows of the three intrinsic names, outside every
+ * module: kind byte blank, module name length 1. crashfmt is
+ * "_C_R_A_S_H_"; ver_num[0] is "INTRINSIC-CRDATE", ver_num[1] is
+ * "$IS-INTRINSIC". Resolution hands out their addresses: never xfdel them. */
+XF_API extern const fmtposs_row crashfmt;
+XF_API extern const fmtposs_row ver_num[2];
+
+/* "_C_R_A_S_H_": writes "X" (when the capacity allows), output length 1; 0. */
+XF_API xf_status zfmcrash(xf_frame *frame);
+/* "INTRINSIC-CRDATE": the build stamp "Apr 18 2019 13:09:42" cut to
+ * min(w, 20, capacity) bytes, which is the output length; returns 0. */
+XF_API xf_status zfmvernum(xf_frame *frame);
+/* Hands back the build date ("Apr 18 2019") and time ("13:09:42") as
+ * NUL-terminated static texts; either pointer may be NULL. */
+XF_API void get_date_time(const char **date, const char **time);
+/* "$IS-INTRINSIC": reads at most the first 32 bytes of the input (UTF-16
+ * input, encodings 24 and 25, is narrowed first), drops trailing blanks,
+ * upper-cases, and writes "YES" or "NO " (3 bytes, fewer only when the
+ * capacity is smaller; output encoding 0): YES for F, $, $F, every catalogued
+ * format name (not the separators, not the informats) and the texts
+ * $IS-INTRINSIC, $FMT-META, INTRINSIC-CRDATE, $UFMT-CRDATE. Returns 0. */
+XF_API xf_status zfmintrns(xf_frame *frame);
+
+/* --- Character output --------------------------------------------------- */
+
+/* $CHARw. (also "$", "$F"): the input bytes left-aligned in w positions,
+ * blank padded, cut at w. Writes min(w, capacity) bytes, which is the output
+ * length; returns XF_E_CAPACITY when w exceeds the capacity, else 0. */
+XF_API xf_status zfmchar(xf_frame *frame);
 
 /* --- Catalog tables (constant data) ----------------------------------- */
 
