@@ -105,7 +105,10 @@ TEST(resolve, names_that_never_resolve) {
   }
   void *h = nullptr;
   EXPECT_EQ(xfname("@$F", 3, 0, nullptr, &h), 1u);
-  EXPECT_EQ(xfname("$F", 2, 73, nullptr, &h), 1u);  // "@$CHAR" would be the informat
+  // The shorthand applies before the informat prefix: "$F" asks for "@$CHAR".
+  ASSERT_EQ(xfname("$F", 2, 73, nullptr, &h), XF_OK);
+  EXPECT_EQ(name_of(static_cast<fmtposs_row *>(h)->row), "@$CHAR");
+  xfdel(h);
 }
 
 TEST(resolve, trailing_blanks_outside_the_length_are_ignored) {
