@@ -95,6 +95,34 @@ constexpr ymd ymd_from_days(int64_t n) {
   return ymd{yoe + era * 400 + (m <= 2 ? 1 : 0), m, d};
 }
 
+// The same split for a date value inside the valid range, the formats' hot
+// path: unsigned 32-bit arithmetic in which every division by a constant is
+// a multiply and shift, with the year and the day of the year taken from one
+// product (Euclidean affine functions, after Neri and Schneider, 2022):
+//   z   days since 0000-03-01 with the dropped 29 Februaries put back
+//       (577754 .. 7305155 over the valid range);
+//   4z + 3 = 146097 c + r gives the century c and r = 4 x day of century;
+//   2939745 / 2^32 is close enough to 4 / 1461 that over a century the high
+//       half of 2939745 (r | 3) is the year of the century and the low half,
+//       divided by 2939745 x 4, the day of the year counted from 1 March;
+//   2141 / 2^16 stands for 5 / 153: the month from March in the high half,
+//       the day of the month times 2141 in the low half.
+// The whole-range sweep of the tests checks it against ymd_from_days.
+constexpr ymd ymd_in_range(int64_t n) {
+  const auto shifted = static_cast<uint32_t>(n + shift_1960);
+  const uint32_t z = shifted + shifted / static_cast<uint32_t>(days_per_4000);
+  const uint32_t n1 = 4 * z + 3;
+  const uint32_t century = n1 / 146097, r = n1 % 146097;
+  const uint64_t p2 = uint64_t{2939745} * (r | 3);
+  const auto year_of_century = static_cast<uint32_t>(p2 >> 32);
+  const uint32_t day_from_march = static_cast<uint32_t>(p2) / 2939745 / 4;  // 0..365
+  const uint32_t n3 = 2141 * day_from_march + 197913;
+  const uint32_t jan_feb = day_from_march >= 306 ? 1 : 0;
+  return ymd{static_cast<int64_t>(100 * century + year_of_century + jan_feb),
+             static_cast<int32_t>((n3 >> 16) - 12 * jan_feb),
+             static_cast<int32_t>((n3 & 0xFFFF) / 2141 + 1)};
+}
+
 // Day of the year (1-based) of a calendar day.
 constexpr int32_t day_of_year(int64_t y, int32_t m, int32_t d) {
   constexpr int32_t before[13] = {0, 0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
@@ -102,7 +130,11 @@ constexpr int32_t day_of_year(int64_t y, int32_t m, int32_t d) {
 }
 
 // The calendar day of an in-range date value (fraction dropped by floor).
-inline ymd ymd_of_value(double v) { return ymd_from_days(static_cast<int64_t>(std::floor(v))); }
+inline ymd ymd_of_value(double v) {
+  auto n = static_cast<int64_t>(v);
+  if (static_cast<double>(n) > v) --n;  // floor for negative fractions
+  return ymd_in_range(n);
+}
 
 using ::xfmt::is_missing;
 
@@ -122,5 +154,8 @@ static_assert(ymd_from_days(first_skip_day).month == 3 && ymd_from_days(first_sk
 static_assert(ymd_from_days(first_skip_day - 1).day == 28);
 static_assert(ymd_from_days(date_max).year == 20000 && ymd_from_days(date_max).day == 31);
 static_assert(ymd_from_days(-1).year == 1959 && ymd_from_days(-1).month == 12);
+static_assert(ymd_in_range(date_min).year == 1582 && ymd_in_range(date_min).day == 1);
+static_assert(ymd_in_range(first_skip_day).month == 3 && ymd_in_range(first_skip_day - 1).day == 28);
+static_assert(ymd_in_range(date_max).year == 20000 && ymd_in_range(date_max).month == 12);
 
 }  // namespace xfmt::datetime

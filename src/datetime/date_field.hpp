@@ -3,12 +3,25 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 
 #include "catalog/field.hpp"
 #include "datetime/calendar.hpp"
 #include "xfmt/xfmt.h"
 
 namespace xfmt::datetime {
+
+// The frame's value, as frame_value reads it, with the ordinary case marked
+// likely: without the hint the compiler lays the calendar arithmetic out as
+// cold code (real divisions instead of multiplications).
+inline double value_of(const xf_frame *f) {
+  if (f->input != nullptr && f->input_length >= 8) [[likely]] {
+    double v;
+    std::memcpy(&v, f->input, sizeof v);
+    return v;
+  }
+  return missing_ordinary();
+}
 
 // The width must be positive and within the output capacity; otherwise
 // nothing is written (a zero width gets an empty field of stars, a width
@@ -32,6 +45,11 @@ inline bool width_usable(xf_frame *f, xf_status &status) {
 // display (status 0) or stars (XF_E_DATE_RANGE).
 inline bool guard_value(xf_frame *f, int32_t kind, xf_status &status) {
   if (!width_usable(f, status)) return false;
+  // The common case inline; missing values (NaNs) and the rest go through
+  // the guard, which writes their field.
+  const double v = value_of(f);
+  if (kind == 1 ? date_in_range(v) : datetime_in_range(v)) [[likely]]
+    return true;
   switch (zdatrng(f, kind)) {
     case 0: return true;
     case 2: status = XF_OK; return false;
@@ -39,10 +57,22 @@ inline bool guard_value(xf_frame *f, int32_t kind, xf_status &status) {
   }
 }
 
+inline constexpr char digit_pairs[] =
+    "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
+    "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
+    "8081828384858687888990919293949596979899";
+
 // Two digits with a leading zero: 0..99.
-inline void put2(char *out, int64_t v) {
-  out[0] = static_cast<char>('0' + v / 10);
-  out[1] = static_cast<char>('0' + v % 10);
+inline void put2(char *out, int64_t v) { std::memcpy(out, digit_pairs + 2 * v, 2); }
+
+// Four digits with leading zeros: 0..9999; "****" beyond.
+inline void put4(char *out, int64_t v) {
+  if (v > 9999 || v < 0) {
+    out[0] = out[1] = out[2] = out[3] = '*';
+    return;
+  }
+  put2(out, v / 100);
+  put2(out + 2, v % 100);
 }
 
 // A field that a layout cannot hold at this width (only below the catalog's

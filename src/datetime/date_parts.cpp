@@ -11,7 +11,6 @@
 
 using namespace xfmt::datetime;
 using xfmt::frame_out;
-using xfmt::frame_value;
 using xfmt::write_int_right;
 
 namespace {
@@ -26,7 +25,7 @@ const char *const roman[5] = {"", "I", "II", "III", "IV"};
 void monyy_text(char *out, int32_t n, const ymd &c) {
   std::memcpy(out, month_abbr[c.month - 1], 3);
   if (n == 5) put2(out + 3, c.year % 100);
-  else write_int_right(out + 3, 4, c.year);
+  else put4(out + 3, c.year);  // years here are 1582..20000: never a blank
 }
 
 xf_status finish(xf_frame *f) {
@@ -50,7 +49,7 @@ XF_API xf_status zfmmony(xf_frame *f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   if (f->width < 5) return too_narrow(f);
-  const ymd c = ymd_of_value(frame_value(f));
+  const ymd c = ymd_of_value(value_of(f));
   monyy_text(right_part(f, f->width >= 7 ? 7 : 5), f->width >= 7 ? 7 : 5, c);
   return finish(f);
 }
@@ -61,20 +60,24 @@ XF_API xf_status zfmdate(xf_frame *f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   if (f->width < 2) return too_narrow(f);
-  const ymd c = ymd_of_value(frame_value(f));
+  const ymd c = ymd_of_value(value_of(f));
   if (f->width >= 11) {
     char *p = right_part(f, 11);
     put2(p, c.day);
     p[2] = '-';
     std::memcpy(p + 3, month_abbr[c.month - 1], 3);
     p[6] = '-';
-    write_int_right(p + 7, 4, c.year);
+    put4(p + 7, c.year);
     return finish(f);
   }
   int32_t n = f->width;
   if (n == 6 || n == 8 || n == 10) --n;
   char *p = right_part(f, n);
   put2(p, c.day);
+  if (n == 7 || n == 9) {
+    monyy_text(p + 2, n - 2, c);  // the whole MONYY text follows the day
+    return finish(f);
+  }
   char monyy[7];
   monyy_text(monyy, n < 9 ? 5 : 7, c);
   std::memcpy(p + 2, monyy, static_cast<size_t>(n - 2));
@@ -84,7 +87,7 @@ XF_API xf_status zfmdate(xf_frame *f) {
 XF_API xf_status zfmday(xf_frame *f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
-  write_int_right(frame_out(f), f->width, ymd_of_value(frame_value(f)).day);
+  write_int_right(frame_out(f), f->width, ymd_of_value(value_of(f)).day);
   return finish(f);
 }
 
@@ -92,7 +95,7 @@ XF_API xf_status zfmday(xf_frame *f) {
 XF_API xf_status zfmmont(xf_frame *f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
-  const int32_t m = ymd_of_value(frame_value(f)).month;
+  const int32_t m = ymd_of_value(value_of(f)).month;
   if (f->width == 1) frame_out(f)[0] = month_alphabet[m];
   else write_int_right(frame_out(f), f->width, m);
   return finish(f);
@@ -103,7 +106,7 @@ XF_API xf_status zfmmont(xf_frame *f) {
 XF_API xf_status zfmyear(xf_frame *f) {
   xf_status st = XF_OK;
   if (!width_usable(f, st)) return st;
-  const double v = frame_value(f);
+  const double v = value_of(f);
   if (xfmt::is_missing(v)) return xfmt::write_missing(f, f->width, f->decimals);
   const double year = zyear(v);
   if (unusable(year)) return xfmt::fail_stars(f, f->width, XF_OK);
@@ -118,7 +121,7 @@ XF_API xf_status zfmyear(xf_frame *f) {
 XF_API xf_status zfmqtr(xf_frame *f) {
   xf_status st = XF_OK;
   if (!width_usable(f, st)) return st;
-  const double v = frame_value(f);
+  const double v = value_of(f);
   if (xfmt::is_missing(v)) return xfmt::write_missing(f, f->width, f->decimals);
   const double q = zqtr(v);
   if (unusable(q)) return xfmt::fail_stars(f, f->width, XF_E_DATE_RANGE);
@@ -129,7 +132,7 @@ XF_API xf_status zfmqtr(xf_frame *f) {
 XF_API xf_status zfmqtrr(xf_frame *f) {
   xf_status st = XF_OK;
   if (!width_usable(f, st)) return st;
-  const double v = frame_value(f);
+  const double v = value_of(f);
   if (xfmt::is_missing(v)) return xfmt::write_missing(f, f->width, f->decimals);
   const double q = zqtr(v);
   if (unusable(q) || q < 1 || q > 4) return xfmt::fail_stars(f, f->width, XF_E_DATE_RANGE);
@@ -145,7 +148,7 @@ XF_API xf_status zfmqtrr(xf_frame *f) {
 XF_API xf_status zfmweek(xf_frame *f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
-  write_int_right(frame_out(f), f->width, static_cast<int64_t>(zwekday(frame_value(f))));
+  write_int_right(frame_out(f), f->width, static_cast<int64_t>(zwekday(value_of(f))));
   return finish(f);
 }
 
@@ -155,7 +158,7 @@ XF_API xf_status zfmjul(xf_frame *f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   const int32_t w = f->width;
-  auto j = static_cast<int64_t>(zjuldat(frame_value(f)));
+  auto j = static_cast<int64_t>(zjuldat(value_of(f)));
   if (w < 7) j %= 100000;
   char *out = frame_out(f);
   if (write_int_right(out, w, j))
@@ -167,7 +170,7 @@ XF_API xf_status zfmjul(xf_frame *f) {
 XF_API xf_status zfmjuld(xf_frame *f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
-  const ymd c = ymd_of_value(frame_value(f));
+  const ymd c = ymd_of_value(value_of(f));
   write_int_right(frame_out(f), f->width, day_of_year(c.year, c.month, c.day));
   return finish(f);
 }
@@ -180,7 +183,7 @@ XF_API xf_status zfmneng(xf_frame *f) {
   if (!guard_value(f, 1, st)) return st;
   const int32_t w = f->width;
   if (w < 2) return too_narrow(f);
-  const double v = frame_value(f);
+  const double v = value_of(f);
   int32_t era = 0;
   while (era < 5 && reigns[era][0] <= v) ++era;
   if (era == 0) return xfmt::fail_stars(f, w, XF_OK);  // before 1868-04-06

@@ -22,7 +22,8 @@ enum class order { dmy, mdy, ymd };
 // two with a leading zero.
 int32_t put_field(char *area, int32_t pos, int32_t v) {
   if (v > 99) {
-    write_int_right(area + pos - 4, 4, v);
+    if (v <= 9999) put4(area + pos - 4, v);
+    else write_int_right(area + pos - 4, 4, v);  // "****"
     return pos - 4;
   }
   if (v < 0) {
@@ -33,11 +34,43 @@ int32_t put_field(char *area, int32_t pos, int32_t v) {
   return pos - 2;
 }
 
+// The full layouts hosts use most (width 10 with separators, 8 with a
+// two-digit year, 8 without separators) written straight into the field;
+// they give the same bytes as zfmcprt. False for every other case.
+bool full_layout(char *out, int32_t w, char sep, order o, const ymd &c) {
+  const bool century = sep != '\0' ? w == 10 : w == 8;
+  if (!(century || (w == 8 && sep != '\0')) || c.year > 9999) return false;
+  const int32_t yl = century ? 4 : 2, s = sep != '\0' ? 1 : 0;
+  char *p = out;
+  auto year = [&] {
+    if (century) put4(p, c.year);
+    else put2(p, c.year % 100);
+    p += yl;
+  };
+  auto two = [&](int32_t v) {
+    put2(p, v);
+    p += 2;
+  };
+  auto separator = [&] {
+    if (s) *p++ = sep;
+  };
+  switch (o) {
+    case order::dmy: two(c.day); separator(); two(c.month); separator(); year(); break;
+    case order::mdy: two(c.month); separator(); two(c.day); separator(); year(); break;
+    case order::ymd: year(); separator(); two(c.month); separator(); two(c.day); break;
+  }
+  return true;
+}
+
 xf_status three_fields(xf_frame *f, char sep, order o) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
-  const ymd c = ymd_of_value(xfmt::frame_value(f));
+  const ymd c = ymd_of_value(value_of(f));
   const int32_t w = f->width;
+  if (full_layout(frame_out(f), w, sep, o, c)) {
+    f->output_length = static_cast<uint32_t>(w);
+    return XF_OK;
+  }
   // The century shows only when the full width is there: 10 with
   // separators, 8 without.
   const int64_t y = w < (sep != '\0' ? 10 : 8) ? c.year % 100 : c.year;
@@ -127,7 +160,7 @@ XF_API xf_status zfmdlmy(xf_frame *f, char separator) {
   const bool two = w < 7 - (1 - s);
   const int32_t yl = two ? 2 : 4, area = w - s - yl;
   if (area < 2) return too_narrow(f);
-  const ymd c = ymd_of_value(xfmt::frame_value(f));
+  const ymd c = ymd_of_value(value_of(f));
   char *out = frame_out(f);
   write_int_right(out, area, c.month);
   if (out[area - 2] == ' ') out[area - 2] = '0';
@@ -145,7 +178,7 @@ XF_API xf_status zfmdlym(xf_frame *f, char separator) {
   const bool two = w < 7 - (1 - s);
   const int32_t area = w - s - 2;
   if (area < 2) return too_narrow(f);
-  const ymd c = ymd_of_value(xfmt::frame_value(f));
+  const ymd c = ymd_of_value(value_of(f));
   char *out = frame_out(f);
   put_year(out, area, c.year, two);
   if (s) out[area] = separator;
@@ -163,7 +196,7 @@ XF_API xf_status zfmdlqy(xf_frame *f, char separator) {
   const bool two = w < 6 - (1 - s);
   const int32_t area = w - s - 1;
   if (area < 2) return too_narrow(f);
-  const ymd c = ymd_of_value(xfmt::frame_value(f));
+  const ymd c = ymd_of_value(value_of(f));
   char *out = frame_out(f);
   put_year(out, area, c.year, two);
   if (s) out[area] = separator;
@@ -178,7 +211,7 @@ XF_API xf_status zfmdlqy(xf_frame *f, char separator) {
 XF_API xf_status zfmdlyq(xf_frame *f, char separator) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
-  const ymd c = ymd_of_value(xfmt::frame_value(f));
+  const ymd c = ymd_of_value(value_of(f));
   const char *numeral = roman[(c.month - 1) / 3 + 1];
   const auto r = static_cast<int32_t>(std::strlen(numeral));
   const int32_t w = f->width, s = separator != '\0' ? 1 : 0;
@@ -200,7 +233,7 @@ XF_API xf_status zfmyyq(xf_frame *f) {
   if (!guard_value(f, 1, st)) return st;
   const int32_t w = f->width, area = w - 2;
   if (area < 2) return too_narrow(f);
-  const ymd c = ymd_of_value(xfmt::frame_value(f));
+  const ymd c = ymd_of_value(value_of(f));
   char *out = frame_out(f);
   write_int_right(out, area, w < 6 ? c.year % 100 : c.year);
   if (out[area - 2] == ' ') out[area - 2] = '0';

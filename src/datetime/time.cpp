@@ -15,17 +15,26 @@ namespace {
 
 constexpr double two_pow_53 = 9007199254740992.0;
 
-// Decimal digits of an integral value 0 <= v < 2^53 written at out; returns
-// the count. No leading zeros, no padding.
-int32_t put_integer(char *out, uint64_t v) {
-  char tmp[20];
-  int32_t n = 0;
-  do {
-    tmp[n++] = static_cast<char>('0' + v % 10);
-    v /= 10;
-  } while (v != 0);
-  for (int32_t i = 0; i < n; ++i) out[i] = tmp[n - 1 - i];
-  return n;
+// Number of decimal digits of v (at least 1).
+int32_t digit_count(uint64_t v) {
+  int32_t n = 1;
+  while (v >= 100) {
+    v /= 100;
+    n += 2;
+  }
+  return v >= 10 ? n + 1 : n;
+}
+
+// The n decimal digits of v, ending at out + n; two at a time from the pair table.
+void put_digits(char *out, uint64_t v, int32_t n) {
+  char *p = out + n;
+  while (v >= 100) {
+    p -= 2;
+    put2(p, static_cast<int64_t>(v % 100));
+    v /= 100;
+  }
+  if (v >= 10) put2(p - 2, static_cast<int64_t>(v));
+  else p[-1] = static_cast<char>('0' + v);
 }
 
 double pow10_int(int32_t k) {
@@ -80,36 +89,38 @@ XF_API xf_status zfmtime(xf_frame *f) {
   if (!guard_value(f, 2, st)) return st;
   const int32_t w = f->width;
   const int32_t d = f->decimals < 0 ? 0 : f->decimals;
-  const double v = xfmt::frame_value(f);
+  const double v = value_of(f);
 
-  // 1. Sign and whole days.
+  // 1. Sign, whole days and the second of the day. Within the datetime
+  //    range |v| < 2^53, so the whole seconds are exact integers and the
+  //    fraction t - whole is exact; every remainder below (by 86400, 3600
+  //    and 60) then equals the floating fmod of the same value, bit for bit.
   const bool neg = v < 0;
-  double t = std::fabs(v);
-  double base_hours = 0;
-  if (t >= seconds_per_day) {
-    base_hours = 24 * std::trunc(t / seconds_per_day);
-    t = std::fmod(t, seconds_per_day);
-  }
+  const double t = std::fabs(v);
+  const auto whole = static_cast<uint64_t>(static_cast<int64_t>(t));
+  double frac = t - static_cast<double>(whole);
+  uint64_t in_day = whole % 86400;
+  uint64_t hours = whole / 86400 * 24;
   // 2. Carries that the rounding of the seconds will cause, taken before
   //    the split so that 59:59.6 becomes the next hour, not 59:60.
   const double r = zpowten[d < 30 ? d : 30] + 1e-8;
-  double hour_carry = 0, minute_carry = 0;
-  if (std::fmod(t, 3600) + r >= 3600) {
-    t -= std::fmod(t, 3600);
-    hour_carry = 1;
-  } else if (std::fmod(t, 60) + r >= 60) {
-    t -= std::fmod(t, 60);
+  uint64_t minute_carry = 0;
+  if (static_cast<double>(in_day % 3600) + frac + r >= 3600) {
+    in_day -= in_day % 3600;
+    frac = 0;
+    hours += 1;
+  } else if (static_cast<double>(in_day % 60) + frac + r >= 60) {
+    in_day -= in_day % 60;
+    frac = 0;
     minute_carry = 1;
   }
   // 3. Hours, minutes, seconds.
-  double hours = base_hours + zhour(t) + hour_carry;
-  if (hours > two_pow_53) return xfmt::fail_stars(f, w, XF_E_HOURS_RANGE);
-  auto minutes = static_cast<int64_t>(minute_carry + zminute(t));
-  const double s = zsecond(t);
-  double si = std::trunc(s), frac = s - si;
+  hours += in_day / 3600;
+  if (static_cast<double>(hours) > two_pow_53) return xfmt::fail_stars(f, w, XF_E_HOURS_RANGE);
+  auto minutes = static_cast<int64_t>(in_day % 3600 / 60 + minute_carry);
+  double si = static_cast<double>(in_day % 60);
 
-  char hours_text[20];
-  int32_t lh = put_integer(hours_text, static_cast<uint64_t>(hours));
+  int32_t lh = digit_count(hours);
   int32_t dd = decimals_that_fit(d, w, lh, neg);
 
   // 4. Rounding of the seconds at the decimals that fit, with its carries.
@@ -128,34 +139,40 @@ XF_API xf_status zfmtime(xf_frame *f) {
       if (++minutes == 60) {
         minutes = 0;
         hours += 1;
-        lh = put_integer(hours_text, static_cast<uint64_t>(hours));
+        lh = digit_count(hours);
         dd = decimals_that_fit(d, w, lh, neg);
       }
     }
   }
 
-  // 5. Assembly: hours, then ":MM" and ":SS[.fff]" while they fit.
-  char text[64];
-  int32_t len = 0;
-  if (neg) text[len++] = '-';
-  std::memcpy(text + len, hours_text, static_cast<size_t>(lh));
-  len += lh;
+  // 5. Assembly, sized first: hours, then ":MM" and ":SS[.fff]" while
+  //    they fit, right-justified in the field.
+  int32_t len = (neg ? 1 : 0) + lh;
   if (w < len) return xfmt::fail_stars(f, w, XF_OK);
-  if (w >= len + 3) {
-    text[len] = ':';
-    put2(text + len + 1, minutes);
-    len += 3;
-    if (w >= len + 3) {
-      int32_t ddp = w - (len + 1) - 3;
-      if (dd < ddp) ddp = dd;
-      if (ddp < 1) ddp = 0;
-      text[len++] = ':';
-      len += put_seconds(text + len, si, frac, ddp);
-    }
+  const bool with_minutes = w >= len + 3;
+  if (with_minutes) len += 3;
+  const bool with_seconds = with_minutes && w >= len + 3;
+  int32_t ddp = 0;
+  if (with_seconds) {
+    ddp = w - (len + 1) - 3;
+    if (dd < ddp) ddp = dd;
+    if (ddp < 1) ddp = 0;
+    len += 3 + (ddp > 0 ? 1 + ddp : 0);
   }
-  char *out = xfmt::frame_out(f);
-  std::memset(out, ' ', static_cast<size_t>(w - len));
-  std::memcpy(out + (w - len), text, static_cast<size_t>(len));
+  char *p = xfmt::frame_out(f);
+  for (int32_t i = w - len; i > 0; --i) *p++ = ' ';
+  if (neg) *p++ = '-';
+  put_digits(p, hours, lh);
+  p += lh;
+  if (with_minutes) {
+    *p = ':';
+    put2(p + 1, minutes);
+    p += 3;
+  }
+  if (with_seconds) {
+    *p++ = ':';
+    put_seconds(p, si, frac, ddp);
+  }
   f->output_length = static_cast<uint32_t>(w);
   return XF_OK;
 }

@@ -190,6 +190,8 @@ TEST(calendar_sweep, whole_range_against_counting) {
       // Plain comparisons with one assertion keep the sweep fast in debug builds.
       const bool ok =
           e.year == c.y && e.month == c.m && e.day == c.d &&
+          xfmt::datetime::ymd_in_range(n).year == c.y && xfmt::datetime::ymd_in_range(n).month == c.m &&
+          xfmt::datetime::ymd_in_range(n).day == c.d &&
           xfmt::datetime::days_from_ymd(c.y, static_cast<int32_t>(c.m), static_cast<int32_t>(c.d)) == n &&
           zjuldat(v + 0.999) == jul && zdatjul(jul) == v &&
           (weekday == 0 || zwekday(v) == static_cast<double>(weekday)) &&

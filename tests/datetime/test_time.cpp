@@ -76,6 +76,7 @@ TEST(time_format, random_against_oracle) {
   for (uint64_t i = 0; i < xfmt::test::scaled(100000); ++i) {
     double v = unit(gen) * std::pow(10.0, scale(gen));
     if (i % 3 == 0) v = std::round(v * 100) / 100;  // values on hundredths, where rounding ties live
+    if (i % 5 == 0) v = std::round(v);  // whole seconds, the common case
     if (i % 7 == 0) v = std::floor(v / 60) * 60 + 59.5 + unit(gen) * 0.5;  // near a minute's end
     if (i % 2) v = -v;
     const int32_t w = width(gen), d = dec(gen);
