@@ -50,7 +50,7 @@ double pow10_int(int32_t k) {
 // band near 0.5 still goes through the printer, whose rounding nudge may
 // carry it (30.4999999999999964 prints 31).
 int32_t put_seconds(char *out, double si, double f, int32_t dd) {
-  if (dd == 0 && f < 0.4999) {
+  if (dd == 0 && f < 0.4999) [[likely]] {
     put2(out, static_cast<int64_t>(si));
     return 2;
   }
@@ -146,7 +146,9 @@ XF_API xf_status zfmtime(xf_frame *f) {
   }
 
   // 5. Assembly, sized first: hours, then ":MM" and ":SS[.fff]" while
-  //    they fit, right-justified in the field.
+  //    they fit. The text is built right-aligned in a blank work area and
+  //    its last w positions copied, so no step depends on the text's
+  //    length by branching (hours of one or two digits alternate freely).
   int32_t len = (neg ? 1 : 0) + lh;
   if (w < len) return xfmt::fail_stars(f, w, XF_OK);
   const bool with_minutes = w >= len + 3;
@@ -157,21 +159,43 @@ XF_API xf_status zfmtime(xf_frame *f) {
     ddp = w - (len + 1) - 3;
     if (dd < ddp) ddp = dd;
     if (ddp < 1) ddp = 0;
-    len += 3 + (ddp > 0 ? 1 + ddp : 0);
   }
-  char *p = xfmt::frame_out(f);
-  for (int32_t i = w - len; i > 0; --i) *p++ = ' ';
-  if (neg) *p++ = '-';
-  put_digits(p, hours, lh);
-  p += lh;
-  if (with_minutes) {
-    *p = ':';
-    put2(p + 1, minutes);
-    p += 3;
-  }
+  constexpr int32_t area_size = 64;  // longest text: 1 + 16 + 3 + 1 + 2 + 1 + 29 = 53
+  char area[area_size];
+  std::memset(area, ' ', sizeof area);
+  int32_t pos = area_size;
   if (with_seconds) {
-    *p++ = ':';
-    put_seconds(p, si, frac, ddp);
+    const int32_t sw = 2 + (ddp > 0 ? 1 + ddp : 0);
+    pos -= sw;
+    put_seconds(area + pos, si, frac, ddp);
+    area[--pos] = ':';
+  }
+  if (with_minutes) {
+    pos -= 2;
+    put2(area + pos, minutes);
+    area[--pos] = ':';
+  }
+  if (hours < 100) {
+    put2(area + pos - 2, static_cast<int64_t>(hours));
+    area[pos - 2] = hours < 10 ? ' ' : area[pos - 2];
+  } else {
+    put_digits(area + pos - lh, hours, lh);
+  }
+  pos -= lh;
+  if (neg) area[--pos] = '-';
+  char *out = xfmt::frame_out(f);
+  int32_t copy = w;
+  if (w > area_size) {
+    std::memset(out, ' ', static_cast<size_t>(w - area_size));
+    out += w - area_size;
+    copy = area_size;
+  }
+  const char *src = area + area_size - copy;
+  if (copy >= 8 && copy <= 16) {  // two overlapping 8-byte moves
+    std::memcpy(out, src, 8);
+    std::memcpy(out + copy - 8, src + copy - 8, 8);
+  } else {
+    std::memcpy(out, src, static_cast<size_t>(copy));
   }
   f->output_length = static_cast<uint32_t>(w);
   return XF_OK;
