@@ -13,14 +13,14 @@ namespace {
 // Days before month m (1..12) in a year: 31 per month, less the shortfall
 // of the 30-day months and February from March on, which int(0.4m + 2.3)
 // gives (March 3, December 7), plus the leap day.
-int64_t days_before_month(int32_t m, bool leap) {
+int64_t days_before_month(int64_t m, bool leap) {
   int64_t n = 31 * (m - 1);
   if (m >= 3) n -= (4 * m + 23) / 10 - (leap ? 1 : 0);
   return n;
 }
 
 int64_t day_of_year_plain(int32_t m, int32_t d, int32_t y) {
-  return days_before_month(m, is_leap_plain(y)) + d;
+  return days_before_month(m, is_leap_plain(y)) + d;  // 64-bit: any int32 input is safe
 }
 
 // Leap years (4/100/400) among 1..y; meaningful as differences for any y.

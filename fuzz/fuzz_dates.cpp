@@ -1,0 +1,140 @@
+// Every date and time routine of the library on fuzzed input: the format
+// routines registered in JAZWFDTE and JAZWFTME with widths and decimals
+// inside their rows' limits, exact-size output buffers (a one-byte overrun
+// shows under AddressSanitizer) and the same call twice giving the same
+// bytes; then the calendar routines on the same doubles.
+//
+// Input: byte 0 picks the routine, byte 1 the width, byte 2 the decimals,
+// byte 3 the kind of value (raw bits, a missing value, a day count, a
+// second count), bytes 4-11 the value; further bytes feed the calendar calls.
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <vector>
+
+#include "xfmt/xfmt.h"
+
+namespace {
+
+struct cursor {
+  const uint8_t *data;
+  size_t size, pos = 0;
+  uint8_t byte() { return pos < size ? data[pos++] : 0; }
+  uint64_t u64() {
+    uint64_t v = 0;
+    for (int i = 0; i < 8; ++i) v |= static_cast<uint64_t>(byte()) << (8 * i);
+    return v;
+  }
+  double bits() {
+    const uint64_t b = u64();
+    double v;
+    std::memcpy(&v, &b, sizeof v);
+    return v;
+  }
+};
+
+double from_bits(uint64_t b) {
+  double v;
+  std::memcpy(&v, &b, sizeof v);
+  return v;
+}
+
+// A value of the chosen kind: raw bits, one of the 28 missing values (and
+// byte 5 = 0), a day count around the valid range, or a second count.
+double value_of_kind(uint8_t kind, cursor &c) {
+  const uint64_t raw = c.u64();
+  switch (kind % 5) {
+    case 0: return from_bits(raw);
+    case 1: return from_bits(0xFFFF000000000000ull | (static_cast<uint64_t>(0xE4 + raw % 28) << 40));
+    case 2: return static_cast<double>(static_cast<int64_t>(raw % 6800000) - 140000) +
+                   static_cast<double>(raw >> 56) / 256.0;
+    case 3: return static_cast<double>(static_cast<int64_t>(raw % 1200000000000ull) - 600000000000ll) / 1000.0;
+    default: return from_bits(0xFFFF000000000000ull);
+  }
+}
+
+struct target {
+  xf_routine routine;
+  uint16_t min_w, max_w, max_d;
+};
+
+const std::vector<target> &targets() {
+  static const std::vector<target> t = [] {
+    std::vector<target> out;
+    for (const fmtinfo *m : {jazwfdte(), jazwftme()})
+      for (uint64_t i = 0; i < m->count; ++i)
+        if (m->rows[i].routine != nullptr)
+          out.push_back({m->rows[i].routine, m->rows[i].min_width, m->rows[i].max_width, m->rows[i].max_decimals});
+    return out;
+  }();
+  return t;
+}
+
+void run_format(const target &t, int32_t w, int32_t d, double value) {
+  std::vector<char> first(static_cast<size_t>(w)), second(static_cast<size_t>(w));
+  xf_frame f{};
+  f.width = w;
+  f.decimals = d;
+  f.input = &value;
+  f.input_length = 8;
+  f.output = first.data();
+  f.output_capacity = static_cast<uint32_t>(w);
+  const xf_status s1 = t.routine(&f);
+  const uint32_t len1 = f.output_length;
+  f.output = second.data();
+  f.output_length = 0;
+  const xf_status s2 = t.routine(&f);
+  if (s1 != s2 || len1 != f.output_length || first != second) std::abort();
+  if (len1 > static_cast<uint32_t>(w)) std::abort();
+}
+
+void run_calendar(double v, cursor &c) {
+  const double a = c.bits(), b = c.bits();
+  volatile double sink = zjulymd(v, a, b) + zdatjul(v) + zjuldat(v) + zmdy(a, b, v) + zyear(v) +
+                         zmonth(v) + zday(v) + zqtr(v) + zwekday(v) + zhms(v, a, b) +
+                         zdhms(v, a, b, v) + zdatprt(v) + ztimprt(v) + zhour(v) + zminute(v) +
+                         zsecond(v);
+  (void)sink;
+  double y, m, d;
+  zymdjul(&y, &m, &d, v);
+  int32_t mi, di, yi;
+  getMonthDayYear(&mi, &di, &yi, v);
+  const auto i1 = static_cast<int32_t>(c.u64()), i2 = static_cast<int32_t>(c.u64());
+  (void)get_lastday(i1, i2);
+  const char rule = static_cast<char>("UVWX"[c.byte() % 4]);
+  get_yywwdd(&rule, 0, &y, &m, &d, v);
+  int64_t days;
+  double fraction;
+  diff_actact(i1, i2, i1 ^ i2, i2, i1, i1 + 1, &days, &fraction);
+  diff_actact(1 + i1 % 12 * (i1 < 0 ? -1 : 1), 1 + (i2 & 15), 1582 + (i1 & 0x3FFF), 1 + (i2 & 7),
+              1 + (i1 & 15), 1582 + (i2 & 0x3FFF), &days, &fraction);
+  const int32_t week_w = c.byte() % 24;
+  std::vector<char> week(static_cast<size_t>(week_w < 11 ? 11 : week_w));
+  int32_t ww = week_w;
+  zkfweek(week.data(), &ww, &rule, 0, v);
+  if (ww > static_cast<int32_t>(week.size())) std::abort();
+  const int32_t digits = c.byte() % 21;
+  const char fills[] = {'0', ' ', '\0', '*'};
+  const char fill = fills[c.byte() % 4];
+  std::vector<char> text(fill == '\0' ? 20 : static_cast<size_t>(digits ? digits : 1));
+  if (i2s(static_cast<int64_t>(c.u64()), text.data(), digits, fill) > static_cast<int32_t>(text.size())) std::abort();
+  std::vector<char> field(10);
+  zfmcprt(1 + (i1 & 0xF) % 10, static_cast<char>(c.byte()), field.data(), i1 % 100000, i2 % 100, i1 % 32);
+  double fy, fm, fd;
+  zfmcymd(&fy, &fm, &fd, v);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+  if (size < 4) return 0;
+  cursor c{data, size};
+  const auto &all = targets();
+  const target &t = all[c.byte() % all.size()];
+  const int32_t w = t.min_w + c.byte() % (t.max_w - t.min_w + 1);
+  const int32_t d = c.byte() % (t.max_d + 1);
+  const double v = value_of_kind(c.byte(), c);
+  run_format(t, w, d, v);
+  run_calendar(v, c);
+  return 0;
+}
