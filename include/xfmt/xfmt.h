@@ -507,6 +507,27 @@ XF_API xf_status zfmweek(xf_frame *frame);
 XF_API xf_status zfmjul(xf_frame *frame);
 XF_API xf_status zfmjuld(xf_frame *frame);
 XF_API xf_status zfmneng(xf_frame *frame);
+/* ISO 8601 without a zone, right-justified: E8601DA and IS8601DA
+ * (zfme8da) 2023-07-04, B8601DA (zfmb8da) 20230704, of a date; the DN forms
+ * (zfme8dn, zfmb8dn) the same of a datetime's date; TM (zfme8tm, zfmb8tm)
+ * the time of day 12:34:56 / 123456 (wrapping like a clock) with the
+ * decimals that fit, cut rather than rounded; DT (zfme8dt, zfmb8dt)
+ * 2023-07-04T12:34:56 / 20230704T123456 with decimals, E8601DT16
+ * 2023-07-04T12:34. */
+XF_API xf_status zfme8da(xf_frame *frame);
+XF_API xf_status zfmb8da(xf_frame *frame);
+XF_API xf_status zfme8dn(xf_frame *frame);
+XF_API xf_status zfmb8dn(xf_frame *frame);
+XF_API xf_status zfme8tm(xf_frame *frame);
+XF_API xf_status zfmb8tm(xf_frame *frame);
+XF_API xf_status zfme8dt(xf_frame *frame);
+XF_API xf_status zfmb8dt(xf_frame *frame);
+/* DOWNAME (zfmdown) "Tuesday", MONNAME (zfmmonn) "July": the name
+ * right-justified, cut to the width when longer. YYMON (zfmymon) 2023JUL
+ * from width 7, 23JUL at 5 and 6. */
+XF_API xf_status zfmdown(xf_frame *frame);
+XF_API xf_status zfmmonn(xf_frame *frame);
+XF_API xf_status zfmymon(xf_frame *frame);
 /* TIME w.d: elapsed hours (no wrap at 24), minutes and seconds with d
  * decimals where they fit; parts that do not fit are dropped from the
  * right. Out of the datetime range: '*' and XF_E_DATE_RANGE; hours beyond

@@ -20,12 +20,12 @@ inline constexpr fmtinfo_eachfmt jazwfdte_rows[] = {
     row("$N8601EX", 1, 200, 16, 0, 0, 0, nullptr),
     row("$N8601H", 1, 200, 16, 0, 0, 0, nullptr),
     row("$N8601X", 1, 200, 16, 0, 0, 0, nullptr),
-    row("B8601DA", 8, 10, 8, 0, 0, 0, nullptr),
-    row("B8601DN", 8, 10, 8, 0, 0, 0, nullptr),
-    row("B8601DT", 15, 26, 19, 0, 6, 0, nullptr),
+    row("B8601DA", 8, 10, 8, 0, 0, 0, zfmb8da),
+    row("B8601DN", 8, 10, 8, 0, 0, 0, zfmb8dn),
+    row("B8601DT", 15, 26, 19, 0, 6, 0, zfmb8dt),
     row("B8601DZ", 15, 26, 20, 0, 6, 0, nullptr),
     row("B8601LZ", 9, 20, 14, 0, 6, 0, nullptr),
-    row("B8601TM", 6, 15, 8, 0, 6, 0, nullptr),
+    row("B8601TM", 6, 15, 8, 0, 6, 0, zfmb8tm),
     row("B8601TZ", 9, 20, 14, 0, 6, 0, nullptr),
     row("DATE", 5, 11, 7, 0, 0, 0, zfmdate),  // zfmdate
     row("DAY", 2, 32, 2, 0, 0, 0, zfmday),  // zfmday
@@ -36,20 +36,20 @@ inline constexpr fmtinfo_eachfmt jazwfdte_rows[] = {
     row("DDMMYYN", 2, 8, 8, 0, 0, 0, zfmdmyn),  // zfmdmyn
     row("DDMMYYP", 2, 10, 8, 0, 0, 0, zfmdmyp),  // zfmdmyp
     row("DDMMYYS", 2, 10, 8, 0, 0, 0, zfmdmy),  // zfmdmy
-    row("DOWNAME", 1, 32, 9, 0, 0, 0, nullptr),
-    row("E8601DA", 10, 10, 10, 0, 0, 0, nullptr),
-    row("E8601DN", 10, 10, 10, 0, 0, 0, nullptr),
-    row("E8601DT", 16, 26, 19, 0, 6, 0, nullptr),
+    row("DOWNAME", 1, 32, 9, 0, 0, 0, zfmdown),
+    row("E8601DA", 10, 10, 10, 0, 0, 0, zfme8da),
+    row("E8601DN", 10, 10, 10, 0, 0, 0, zfme8dn),
+    row("E8601DT", 16, 26, 19, 0, 6, 0, zfme8dt),
     row("E8601DZ", 20, 35, 26, 0, 6, 0, nullptr),
     row("E8601LZ", 9, 20, 14, 0, 6, 0, nullptr),
-    row("E8601TM", 8, 15, 8, 0, 6, 0, nullptr),
+    row("E8601TM", 8, 15, 8, 0, 6, 0, zfme8tm),
     row("E8601TZ", 9, 20, 14, 0, 6, 0, nullptr),
-    row("IS8601DA", 10, 10, 10, 0, 0, 0, nullptr),
-    row("IS8601DN", 10, 10, 10, 0, 0, 0, nullptr),
-    row("IS8601DT", 16, 26, 19, 0, 6, 0, nullptr),
+    row("IS8601DA", 10, 10, 10, 0, 0, 0, zfme8da),
+    row("IS8601DN", 10, 10, 10, 0, 0, 0, zfme8dn),
+    row("IS8601DT", 16, 26, 19, 0, 6, 0, zfme8dt),
     row("IS8601DZ", 20, 35, 26, 0, 6, 0, nullptr),
     row("IS8601LZ", 9, 20, 14, 0, 6, 0, nullptr),
-    row("IS8601TM", 8, 15, 8, 0, 6, 0, nullptr),
+    row("IS8601TM", 8, 15, 8, 0, 6, 0, zfme8tm),
     row("IS8601TZ", 9, 20, 14, 0, 6, 0, nullptr),
     row("JULDATE", 5, 32, 7, 0, 0, 0, zfmjul),  // zfmjul
     row("JULDAY", 3, 32, 3, 0, 0, 0, zfmjuld),  // zfmjuld
@@ -67,7 +67,7 @@ inline constexpr fmtinfo_eachfmt jazwfdte_rows[] = {
     row("MMYYN", 4, 32, 6, 0, 0, 0, zfmmmyn),  // zfmmmyn
     row("MMYYP", 5, 32, 7, 0, 0, 0, zfmmmyp),  // zfmmmyp
     row("MMYYS", 5, 32, 7, 0, 0, 0, zfmmmys),  // zfmmmys
-    row("MONNAME", 1, 32, 9, 0, 0, 0, nullptr),
+    row("MONNAME", 1, 32, 9, 0, 0, 0, zfmmonn),
     row("MONTH", 1, 32, 2, 0, 0, 0, zfmmont),  // zfmmont
     row("MONYY", 5, 7, 5, 0, 0, 0, zfmmony),  // zfmmony
     row("NENGO", 2, 10, 10, 0, 0, 0, zfmneng),  // zfmneng
@@ -94,7 +94,7 @@ inline constexpr fmtinfo_eachfmt jazwfdte_rows[] = {
     row("YYMMN", 4, 32, 6, 0, 0, 0, zfmyymn),  // zfmyymn
     row("YYMMP", 5, 32, 7, 0, 0, 0, zfmyymp),  // zfmyymp
     row("YYMMS", 5, 32, 7, 0, 0, 0, zfmyyms),  // zfmyyms
-    row("YYMON", 5, 32, 7, 0, 0, 0, nullptr),
+    row("YYMON", 5, 32, 7, 0, 0, 0, zfmymon),
     row("YYQ", 4, 32, 6, 0, 0, 0, zfmyyq),  // zfmyyq
     row("YYQC", 4, 32, 6, 0, 0, 0, zfmyyqc),  // zfmyyqc
     row("YYQD", 4, 32, 6, 0, 0, 0, zfmyyqd),  // zfmyyqd

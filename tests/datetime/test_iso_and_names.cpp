@@ -1,0 +1,101 @@
+// ISO 8601 forms without a zone, and the spelled formats DOWNAME, MONNAME
+// and YYMON: every width of the rows, bounds, missing values.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "catalog/missing.hpp"
+#include "support/frame.hpp"
+#include "xfmt/xfmt.h"
+
+namespace {
+
+using xfmt::test::frame_box;
+
+struct row {
+  xf_routine routine;
+  const char *name;
+  double value;
+  int32_t w, d;
+  const char *text;
+  xf_status status;
+};
+
+void check(const row &r) {
+  frame_box b = frame_box::number(r.value, r.w, r.d);
+  const xf_status st = r.routine(&b.f);
+  EXPECT_EQ(b.str(), r.text) << r.name << r.w << "." << r.d << " of " << r.value;
+  EXPECT_EQ(st, r.status) << r.name << r.w << "." << r.d << " of " << r.value;
+}
+
+const double d20230704 = 23195;
+const double dt20230704 = 23195 * 86400.0 + 45296.789;  // 2023-07-04T12:34:56.789
+
+TEST(iso8601, dates_and_times) {
+  const row rows[] = {
+      {zfme8da, "E8601DA", d20230704, 10, 0, "2023-07-04", 0},
+      {zfme8da, "E8601DA", -138061, 10, 0, "1582-01-01", 0},
+      {zfme8da, "E8601DA", -138062, 10, 0, "**********", XF_E_DATE_RANGE},
+      {zfme8da, "E8601DA", 6589335, 10, 0, "****-12-31", 0},
+      {zfme8da, "E8601DA", -0.5, 10, 0, "1959-12-31", 0},
+      {zfmb8da, "B8601DA", d20230704, 8, 0, "20230704", 0},
+      {zfmb8da, "B8601DA", d20230704, 10, 0, "  20230704", 0},
+      {zfme8dn, "E8601DN", dt20230704, 10, 0, "2023-07-04", 0},
+      {zfme8dn, "E8601DN", -1, 10, 0, "1959-12-31", 0},
+      {zfmb8dn, "B8601DN", dt20230704, 9, 0, " 20230704", 0},
+      {zfme8tm, "E8601TM", 45296.789, 8, 0, "12:34:56", 0},
+      {zfme8tm, "E8601TM", 45296.789, 12, 3, "12:34:56.789", 0},
+      {zfme8tm, "E8601TM", 45296.789, 15, 6, "12:34:56.789000", 0},
+      {zfme8tm, "E8601TM", 45296.789, 11, 3, "12:34:56.78", 0},
+      {zfme8tm, "E8601TM", 45296.789, 9, 3, " 12:34:56", 0},
+      {zfme8tm, "E8601TM", 86399.9999999, 15, 6, "23:59:59.999999", 0},
+      {zfme8tm, "E8601TM", -1, 8, 0, "23:59:59", 0},
+      {zfme8tm, "E8601TM", 90000, 8, 0, "01:00:00", 0},
+      {zfmb8tm, "B8601TM", 45296.789, 6, 0, "123456", 0},
+      {zfmb8tm, "B8601TM", 45296.789, 10, 2, " 123456.78", 0},
+      {zfme8dt, "E8601DT", dt20230704, 19, 0, "2023-07-04T12:34:56", 0},
+      {zfme8dt, "E8601DT", dt20230704, 16, 0, "2023-07-04T12:34", 0},
+      {zfme8dt, "E8601DT", dt20230704, 18, 3, "  2023-07-04T12:34", 0},
+      {zfme8dt, "E8601DT", dt20230704, 23, 3, "2023-07-04T12:34:56.789", 0},
+      {zfme8dt, "E8601DT", dt20230704, 26, 6, "2023-07-04T12:34:56.789000", 0},
+      {zfme8dt, "E8601DT", -0.5, 19, 0, "1959-12-31T23:59:59", 0},
+      {zfme8dt, "E8601DT", 569318630400.0, 19, 0, "*******************", XF_E_DATE_RANGE},
+      {zfmb8dt, "B8601DT", dt20230704, 15, 0, "20230704T123456", 0},
+      {zfmb8dt, "B8601DT", dt20230704, 19, 3, "20230704T123456.789", 0},
+      {zfmb8dt, "B8601DT", dt20230704, 17, 3, "20230704T123456.7", 0},
+  };
+  for (const auto &r : rows) check(r);
+}
+
+TEST(spelled, names_and_year_month) {
+  const row rows[] = {
+      {zfmdown, "DOWNAME", d20230704, 9, 0, "  Tuesday", 0},
+      {zfmdown, "DOWNAME", d20230704, 3, 0, "Tue", 0},
+      {zfmdown, "DOWNAME", 0, 9, 0, "   Friday", 0},
+      {zfmdown, "DOWNAME", -131487, 9, 0, " Saturday", 0},  // 1600-01-01
+      {zfmdown, "DOWNAME", -138061, 9, 0, "   Friday", 0},  // 1582-01-01 (proleptic)
+      {zfmdown, "DOWNAME", -138062, 9, 0, "*********", XF_E_DATE_RANGE},
+      {zfmmonn, "MONNAME", d20230704, 9, 0, "     July", 0},
+      {zfmmonn, "MONNAME", 23345, 9, 0, " December", 0},
+      {zfmmonn, "MONNAME", 23345, 3, 0, "Dec", 0},
+      {zfmmonn, "MONNAME", 23345, 12, 0, "    December", 0},
+      {zfmymon, "YYMON", d20230704, 7, 0, "2023JUL", 0},
+      {zfmymon, "YYMON", d20230704, 5, 0, "23JUL", 0},
+      {zfmymon, "YYMON", d20230704, 6, 0, " 23JUL", 0},
+      {zfmymon, "YYMON", 16437, 9, 0, "  2005JAN", 0},
+      {zfmymon, "YYMON", 6589335, 7, 0, "****DEC", 0},
+  };
+  for (const auto &r : rows) check(r);
+}
+
+TEST(spelled, missing_values) {
+  const xf_routine routines[] = {zfme8da, zfmb8da, zfme8dn, zfmb8dn, zfme8tm, zfmb8tm,
+                                 zfme8dt, zfmb8dt, zfmdown, zfmmonn, zfmymon};
+  for (xf_routine r : routines) {
+    frame_box b = frame_box::number(xfmt::missing_value(14), 10);
+    EXPECT_EQ(r(&b.f), XF_OK);
+    EXPECT_EQ(b.str(), "         M");
+  }
+}
+
+}  // namespace
