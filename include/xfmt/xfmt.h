@@ -528,6 +528,10 @@ XF_API xf_status zfmb8dt(xf_frame *frame);
 XF_API xf_status zfmdown(xf_frame *frame);
 XF_API xf_status zfmmonn(xf_frame *frame);
 XF_API xf_status zfmymon(xf_frame *frame);
+/* TOD w.d (zfmtod): TIME of the time of day, two-digit hours (01:00:00).
+ * HOUR w.d (zfmhour): hours as a plain number, HOUR4.1 of 12:34:56 "12.6". */
+XF_API xf_status zfmtod(xf_frame *frame);
+XF_API xf_status zfmhour(xf_frame *frame);
 /* TIME w.d: elapsed hours (no wrap at 24), minutes and seconds with d
  * decimals where they fit; parts that do not fit are dropped from the
  * right. Out of the datetime range: '*' and XF_E_DATE_RANGE; hours beyond

@@ -12,12 +12,12 @@ inline constexpr fmtinfo_eachfmt jazwftme_rows[] = {
     row("DATETIME", 7, 40, 16, 0, 39, 0, nullptr),  // zfmdttm
     row("DTWKDATX", 3, 37, 29, 0, 0, 0, nullptr),  // zfmdtwk
     row("HHMM", 2, 20, 5, 0, 19, 0, nullptr),  // zfmhhmm
-    row("HOUR", 2, 20, 2, 0, 19, 0, nullptr),  // zfmhour
+    row("HOUR", 2, 20, 2, 0, 19, 0, zfmhour),  // zfmhour
     row("MMSS", 2, 20, 5, 0, 19, 0, nullptr),  // zfmmmss
     row("MDYAMPM", 8, 40, 19, 0, 39, 0, nullptr),  // zfmdyam
     row("TIME", 2, 20, 8, 0, 19, 0, zfmtime),  // zfmtime
     row("TIMEAMPM", 2, 20, 11, 0, 19, 0, nullptr),  // zfmtimm
-    row("TOD", 2, 20, 8, 0, 19, 0, nullptr),  // zfmtod
+    row("TOD", 2, 20, 8, 0, 19, 0, zfmtod),  // zfmtod
 };
 
 }  // namespace xfmt::catalog

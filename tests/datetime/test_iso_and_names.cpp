@@ -99,3 +99,31 @@ TEST(spelled, missing_values) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(clock_formats, tod_and_hour) {
+  const row rows[] = {
+      {zfmtod, "TOD", 3600, 8, 0, "01:00:00", 0},
+      {zfmtod, "TOD", 45296.789, 8, 0, "12:34:57", 0},
+      {zfmtod, "TOD", 45296.789, 12, 3, "12:34:56.789", 0},
+      {zfmtod, "TOD", 90000, 8, 0, "01:00:00", 0},
+      {zfmtod, "TOD", -1, 8, 0, "23:59:59", 0},
+      {zfmtod, "TOD", 86399.6, 8, 0, "00:00:00", 0},
+      {zfmtod, "TOD", 0, 5, 0, "00:00", 0},
+      {zfmtod, "TOD", 3600, 7, 0, "1:00:00", 0},
+      {zfmtod, "TOD", 3600, 2, 0, "01", 0},
+      {zfmtod, "TOD", 569318630400.0, 8, 0, "********", XF_E_DATE_RANGE},
+      {zfmhour, "HOUR", 45296, 2, 0, "13", 0},
+      {zfmhour, "HOUR", 45296, 4, 1, "12.6", 0},
+      {zfmhour, "HOUR", 90000, 2, 0, "25", 0},
+      {zfmhour, "HOUR", -5400, 4, 1, "-1.5", 0},
+      {zfmhour, "HOUR", 569318630400.0, 4, 0, "****", XF_E_DATE_RANGE},
+  };
+  for (const auto &r : rows) check(r);
+  frame_box b = frame_box::number(xfmt::missing_value(1), 8);
+  EXPECT_EQ(zfmtod(&b.f), XF_OK);
+  EXPECT_EQ(b.str(), "       .");
+}
+
+}  // namespace
