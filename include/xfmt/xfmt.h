@@ -517,6 +517,53 @@ XF_API xf_status zfmtime(xf_frame *frame);
  * Informats
  * ====================================================================== */
 
+/* Numeric informats read frame->input (input_length bytes of text, not
+ * terminated, at most w of them) and store one double at frame->output,
+ * setting output_length to 8. With output NULL or output_capacity below 8
+ * they write nothing and return XF_E_CAPACITY. Otherwise they return:
+ *   XF_OK                blank field (ordinary missing), "." / ".A" / "A" ...
+ *                        (the host's missing value for the letter), zero
+ *                        (+0, also for "-0"), or the number: the double
+ *                        nearest the decimal text, ties to even;
+ *   XF_IN_RANGE_WARNING  the number rounds to 0 or past the largest double:
+ *                        ordinary missing stored;
+ *   XF_IN_INVALID        text that is no number: ordinary missing stored;
+ *   XF_IN_BAD_WIDTH      w below 0, or d outside 0..31 (98 and 99 count as
+ *                        0): ordinary missing stored.
+ * d implied decimals apply only to text without a point ("12345" with d 2
+ * reads 123.45). Stateless, never allocates, reads no byte past the field. */
+
+/* @F, @E: blanks and tabs around the number, an optional sign, digits with
+ * at most one point, an exponent after E, e, D or d. */
+XF_API xf_status wzifmn(xf_frame *frame);
+/* @BZ: leading blanks skipped, every later blank read as 0 (at most 32
+ * bytes); an all-blank field reads 0. */
+XF_API xf_status zifmbz(xf_frame *frame);
+/* @COMMA, @DOLLAR, @NEGPAREN: blanks, tabs, ",", "$", "%", ")" and the
+ * currency marks of Windows-1252 are dropped; "(" before the number makes it
+ * negative; then read as @F. */
+XF_API xf_status zifmcma(xf_frame *frame);
+/* @PERCENT: as @COMMA, and a "%" after the number divides it by 100 exactly
+ * ("12%" reads 0.12). */
+XF_API xf_status zifmpct(xf_frame *frame);
+/* @COMMAX, @DOLLARX: of the first min(w, 32) bytes, ".", "$", "%", ")" and
+ * blanks are dropped and "," becomes "."; the rest is read as @COMMA. */
+XF_API xf_status zifmcmx(xf_frame *frame);
+
+/* Character informats deliver w bytes at frame->output: the first
+ * min(w, input_length) bytes of the text, padded with blanks; output_length
+ * is set to w and the output encoding to 0. When output_capacity is below w
+ * the field is cut to the capacity and XF_E_CAPACITY returned; w below 0
+ * returns XF_IN_BAD_WIDTH with nothing written. Otherwise XF_OK. */
+
+/* @$CHAR, @$F: the bytes as they are. */
+XF_API xf_status zifmc(xf_frame *frame);
+/* @$CHARZB: binary zeros become blanks. */
+XF_API xf_status zifmzbc(xf_frame *frame);
+/* @$QUOTE: when the text, blanks around it aside, starts and ends with the
+ * same quote (' or "), that one pair is removed. */
+XF_API xf_status zifmcq(xf_frame *frame);
+
 /* ======================================================================
  * User-defined formats
  * ====================================================================== */
