@@ -123,9 +123,13 @@ def icu_dump(ids):
 
 # Letters of ICU date patterns and what they become; a run's length picks the
 # form. "d" (one letter) is the unpadded day, "dd" the two-digit one, and so on.
-def icu_letter(ch, n):
+class NoConversion(ValueError):
+    """An ICU field the date expander has no conversion for."""
+
+
+def icu_letter(ch, n, era):
     if ch in "yu":
-        return "%y" if n == 2 else "%Y"
+        return ("%+y" if era else "%y") if n == 2 else ("%+Y" if era else "%Y")
     if ch == "M":
         return {1: "%#m", 2: "%m", 3: "%b", 4: "%B"}.get(n, "%b")
     if ch == "L":
@@ -152,10 +156,10 @@ def icu_letter(ch, n):
         return "%p"
     if ch in "zZvVOxX":
         return "%Z"
-    if ch == "Q":
-        return "%Q" if n == 4 else "%q"
-    if ch == "q":
-        return "%#Q" if n == 4 else "%#q"
+    if ch in "Qq":  # the quarter number alone has no conversion
+        if n < 3:
+            raise NoConversion(ch)
+        return ("%Q" if n == 4 else "%q") if ch == "Q" else ("%#Q" if n == 4 else "%#q")
     if ch == "w":
         return "%U"
     if ch == "D":
@@ -165,7 +169,7 @@ def icu_letter(ch, n):
     raise ValueError(f"ICU pattern letter {ch!r}")
 
 
-def from_icu(p):
+def from_icu(p, era=False):
     out, i, n = [], 0, len(p)
     while i < n:
         c = p[i]
@@ -181,7 +185,7 @@ def from_icu(p):
             j = i
             while j < n and p[j] == c:
                 j += 1
-            out.append(icu_letter(c, j - i))
+            out.append(icu_letter(c, j - i, era))
             i = j
         else:
             out.append("%%" if c == "%" else c)
@@ -215,10 +219,16 @@ def from_glibc(p):
         while i < n and p[i] in "-_0^#":
             nopad = nopad or p[i] in "-_"
             i += 1
+        alt_era = False
         while i < n and p[i] in "EO":
+            alt_era = alt_era or p[i] == "E"
             i += 1
         L = p[i]
         i += 1
+        # "%Ey" is the year of the locale's era (Buddhist in Thailand).
+        if alt_era and L in "yY":
+            out.append("%+" + L)
+            continue
         rep = {"h": "%b", "D": "%m/%d/%y", "F": "%Y-%m-%d", "R": "%H:%M", "r": "%I:%M:%S %p",
                "k": "%H", "l": "%I", "P": "%p", "n": " ", "t": " ", "C": "", "s": ""}.get(L)
         if rep is None:
@@ -247,6 +257,13 @@ def date_separator(pat):
         if c in "-./":
             return c
     return None
+
+
+# The narrow no-break space that newer locale sources use between digit groups
+# exists in no single-byte code page; the no-break space does (0xA0 in the
+# Latin and Windows pages), so groups stay apart after transcoding.
+def separator(s):
+    return s.replace("\u202f", "\u00a0")
 
 
 def grouping(vals):
@@ -296,30 +313,39 @@ def build_record(ident, full, code, icu):
     # Dates: the numeric form from the C library when it is numeric, else ICU's
     # short form with a four-digit year.
     d_fmt = from_glibc(first(t.get("d_fmt")))
-    if not re.search(r"%#?m", d_fmt) or not re.search(r"%#?[dDeE]", d_fmt):
-        d_fmt = from_icu(u["date_short"]).replace("%y", "%Y")
+    # When the C library counts years in the locale's era, so do the others.
+    era = "%+" in d_fmt
+    if re.search(r"%#?[aAbB]", d_fmt) or not re.search(r"%#?m", d_fmt) or not re.search(r"%#?[de]", d_fmt):
+        d_fmt = from_icu(u["date_short"], era).replace("%y", "%Y")
+
+    def icu(key, fallback=None):
+        try:
+            return from_icu(u[key], era)
+        except NoConversion:
+            return fallback
+
     r[6] = date_order(d_fmt)
     r[29] = d_fmt
-    r[30] = from_icu(u["date_medium"])
-    r[31] = r[28] = from_icu(u["date_long"])
-    r[32] = from_icu(u["date_full"])
+    r[30] = icu("date_medium")
+    r[31] = r[28] = icu("date_long")
+    r[32] = icu("date_full")
     r[33] = r[32].replace("%A", "%a").replace("%B", "%b").replace("%#B", "%#b")
-    r[34] = from_icu(u["skel_yMMMM"])
-    r[35] = from_icu(u["skel_yMMM"])
-    r[36] = from_icu(u["skel_MMMMd"])
-    r[37] = from_icu(u["skel_MMMd"])
-    r[38] = from_icu(u["skel_y"])
-    r[39] = from_icu(u["skel_yy"])
-    r[40] = from_icu(u["skel_yQQQQ"])
-    r[41] = from_icu(u["skel_yQQQ"])
+    r[34] = icu("skel_yMMMM")
+    r[35] = icu("skel_yMMM")
+    r[36] = icu("skel_MMMMd")
+    r[37] = icu("skel_MMMd")
+    r[38] = icu("skel_y")
+    r[39] = icu("skel_yy")
+    r[40] = icu("skel_yQQQQ", "%Q %Y")
+    r[41] = icu("skel_yQQQ", "%q %Y")
     r[42], r[43] = "%Y-W%U", "%y-W%U"
 
     # Times: 24-hour from the C library (its own if it is a 24-hour form);
     # the locale's usual clock from ICU.
     t_fmt = from_glibc(first(t.get("t_fmt"))).replace("%Z", "").strip()
     r[53] = t_fmt if re.search(r"%#?H|%T", t_fmt) else "%H:%M:%S"
-    r[55] = r[52] = from_icu(u["time_medium"])
-    r[54] = from_icu(u["time_short"])
+    r[55] = r[52] = icu("time_medium")
+    r[54] = icu("time_short")
     r[56] = r[57] = r[55] + " %Z"
     r[44] = r[31] + " " + r[55]
     r[45] = r[30] + " " + r[55]
@@ -359,7 +385,7 @@ def build_record(ident, full, code, icu):
         r[155] = first(mon_.get("int_curr_symbol")).strip()
         r[156] = first(mon_.get("currency_symbol"))
     r[157] = first(mon_.get("mon_decimal_point"), ".")
-    r[158] = first(mon_.get("mon_thousands_sep"))
+    r[158] = separator(first(mon_.get("mon_thousands_sep")))
     r[159] = grouping(mon_.get("mon_grouping", []))
     r[160] = first(mon_.get("positive_sign"))
     r[161] = first(mon_.get("negative_sign"), "-")
@@ -375,7 +401,7 @@ def build_record(ident, full, code, icu):
 
     # Numbers.
     r[172] = first(num.get("decimal_point"), ".")
-    r[173] = first(num.get("thousands_sep"))
+    r[173] = separator(first(num.get("thousands_sep")))
     r[174] = grouping(num.get("grouping", []))
     r[175], r[176] = r[160], r[161]
     r[177:183] = r[164:170]
