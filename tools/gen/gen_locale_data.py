@@ -243,7 +243,7 @@ def from_glibc(p):
 
 def date_order(pat):
     pos = {}
-    for m in re.finditer(r"%#?([a-zA-Z])", pat):
+    for m in re.finditer(r"%#?\+?([a-zA-Z])", pat):
         k = {"d": "D", "e": "D", "m": "M", "b": "M", "B": "M", "Y": "Y", "y": "Y"}.get(m.group(1))
         if k and k not in pos:
             pos[k] = m.start()
@@ -375,6 +375,9 @@ def build_record(ident, full, code, icu):
     if not am_pm[0] or not am_pm[1]:
         am_pm = [u["ampm0"], u["ampm1"]]
     r[151], r[152] = am_pm[0], am_pm[1]
+    # Some sources pad names to a common width (" 1<U6708>" in Japanese);
+    # the formats pad by themselves where a layout asks for it.
+    r[59:153] = [str(x).strip() for x in r[59:153]]
     r[153] = date_separator(d_fmt) or date_separator(from_icu(u["date_short"])) or "/"
     r[154] = "0"
 
