@@ -4,6 +4,8 @@
 // are written as <U00A0> escapes. Do not edit: change the generator and rerun it.
 #include "xfmt/xfmt.h"
 
+#include <cstdint>
+
 #define F(s) {sizeof(s) - 1, s}
 #define E {0, nullptr}
 
@@ -26124,3 +26126,147 @@ extern "C" const zav_locale_field ZAVlocaleData[136][189] = {
 
 #undef F
 #undef E
+
+namespace xfmt::nls {
+
+extern const uint32_t locale_codes[136];
+const uint32_t locale_codes[136] = {
+    0x617A6661u,  // 1 af za
+    0x6C617173u,  // 2 sq al
+    0x7A647261u,  // 3 ar dz
+    0x68627261u,  // 4 ar bh
+    0x67657261u,  // 5 ar eg
+    0x6E697261u,  // 6 ar in
+    0x71697261u,  // 7 ar iq
+    0x6F6A7261u,  // 8 ar jo
+    0x776B7261u,  // 9 ar kw
+    0x626C7261u,  // 10 ar lb
+    0x796C7261u,  // 11 ar ly
+    0x616D7261u,  // 12 ar ma
+    0x6D6F7261u,  // 13 ar om
+    0x61717261u,  // 14 ar qa
+    0x61737261u,  // 15 ar sa
+    0x64737261u,  // 16 ar sd
+    0x79737261u,  // 17 ar sy
+    0x6E747261u,  // 18 ar tn
+    0x65617261u,  // 19 ar ae
+    0x65797261u,  // 20 ar ye
+    0x6E696E62u,  // 21 bn in
+    0x61627362u,  // 22 bs ba
+    0x67626762u,  // 23 bg bg
+    0x79626562u,  // 24 be by
+    0x73656163u,  // 25 ca es
+    0x6E63687Au,  // 26 zh cn
+    0x6B68687Au,  // 27 zh hk
+    0x6F6D687Au,  // 28 zh mo
+    0x6773687Au,  // 29 zh sg
+    0x7774687Au,  // 30 zh tw
+    0x6267776Bu,  // 31 kw gb
+    0x61627268u,  // 32 hr ba
+    0x72687268u,  // 33 hr hr
+    0x7A637363u,  // 34 cs cz
+    0x6B646164u,  // 35 da dk
+    0x65626C6Eu,  // 36 nl be
+    0x6C6E6C6Eu,  // 37 nl nl
+    0x75616E65u,  // 38 en au
+    0x65626E65u,  // 39 en be
+    0x77626E65u,  // 40 en bw
+    0x61636E65u,  // 41 en ca
+    0x62636E65u,  // 42 en cb
+    0x6B686E65u,  // 43 en hk
+    0x6E696E65u,  // 44 en in
+    0x65696E65u,  // 45 en ie
+    0x6D6A6E65u,  // 46 en jm
+    0x746D6E65u,  // 47 en mt
+    0x7A6E6E65u,  // 48 en nz
+    0x68706E65u,  // 49 en ph
+    0x67736E65u,  // 50 en sg
+    0x617A6E65u,  // 51 en za
+    0x62676E65u,  // 52 en gb
+    0x73756E65u,  // 53 en us
+    0x777A6E65u,  // 54 en zw
+    0x65657465u,  // 55 et ee
+    0x6F666F66u,  // 56 fo fo
+    0x69666966u,  // 57 fi fi
+    0x65627266u,  // 58 fr be
+    0x61637266u,  // 59 fr ca
+    0x72667266u,  // 60 fr fr
+    0x756C7266u,  // 61 fr lu
+    0x68637266u,  // 62 fr ch
+    0x74616564u,  // 63 de at
+    0x65646564u,  // 64 de de
+    0x696C6564u,  // 65 de li
+    0x756C6564u,  // 66 de lu
+    0x68636564u,  // 67 de ch
+    0x79636C65u,  // 68 el cy
+    0x72676C65u,  // 69 el gr
+    0x6C676C6Bu,  // 70 kl gl
+    0x6C696568u,  // 71 he il
+    0x6E696968u,  // 72 hi in
+    0x75687568u,  // 73 hu hu
+    0x73697369u,  // 74 is is
+    0x64696469u,  // 75 id id
+    0x65696167u,  // 76 ga ie
+    0x74697469u,  // 77 it it
+    0x68637469u,  // 78 it ch
+    0x706A616Au,  // 79 ja jp
+    0x726B6F6Bu,  // 80 ko kr
+    0x766C766Cu,  // 81 lv lv
+    0x746C746Cu,  // 82 lt lt
+    0x6B6D6B6Du,  // 83 mk mk
+    0x796D736Du,  // 84 ms my
+    0x746D746Du,  // 85 mt mt
+    0x73657565u,  // 86 eu es
+    0x6E69726Du,  // 87 mr in
+    0x6F6E626Eu,  // 88 nb no
+    0x6F6E6E6Eu,  // 89 nn no
+    0x6F6E6F6Eu,  // 90 no no
+    0x6E696166u,  // 91 fa in
+    0x72696166u,  // 92 fa ir
+    0x6C706C70u,  // 93 pl pl
+    0x72627470u,  // 94 pt br
+    0x74707470u,  // 95 pt pt
+    0x6F726F72u,  // 96 ro ro
+    0x75727572u,  // 97 ru ru
+    0x61757572u,  // 98 ru ua
+    0x61627273u,  // 99 sr ba
+    0x656D7273u,  // 100 sr me
+    0x73727273u,  // 101 sr rs
+    0x7A6B6B6Bu,  // 102 kk kz
+    0x61626873u,  // 103 sh ba
+    0x656D6873u,  // 104 sh me
+    0x73726873u,  // 105 sh rs
+    0x6B736B73u,  // 106 sk sk
+    0x69736C73u,  // 107 sl si
+    0x72617365u,  // 108 es ar
+    0x6F627365u,  // 109 es bo
+    0x6C637365u,  // 110 es cl
+    0x6F637365u,  // 111 es co
+    0x72637365u,  // 112 es cr
+    0x6F647365u,  // 113 es do
+    0x63657365u,  // 114 es ec
+    0x76737365u,  // 115 es sv
+    0x74677365u,  // 116 es gt
+    0x6E687365u,  // 117 es hn
+    0x786D7365u,  // 118 es mx
+    0x696E7365u,  // 119 es ni
+    0x61707365u,  // 120 es pa
+    0x79707365u,  // 121 es py
+    0x65707365u,  // 122 es pe
+    0x72707365u,  // 123 es pr
+    0x73657365u,  // 124 es es
+    0x73757365u,  // 125 es us
+    0x79757365u,  // 126 es uy
+    0x65767365u,  // 127 es ve
+    0x65737673u,  // 128 sv se
+    0x6E696174u,  // 129 ta in
+    0x6E696574u,  // 130 te in
+    0x68746874u,  // 131 th th
+    0x72747274u,  // 132 tr tr
+    0x61756B75u,  // 133 uk ua
+    0x6E766976u,  // 134 vi vn
+    0x78786C70u,  // 135 pl xx
+    0x7878687Au,  // 136 zh xx
+};
+
+}  // namespace xfmt::nls

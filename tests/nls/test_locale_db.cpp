@@ -2,6 +2,7 @@
 // ZAV_LOCALE, buffer handling, and the fixed order of the 136 records.
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <cstdlib>
 #include <optional>
 #include <string>
@@ -187,6 +188,20 @@ TEST(zav_locale, fixed_codes_and_first_match) {
   {
     zav_locale_env env("sh_RS");
     EXPECT_EQ(xfmt::nls::resolve_locale_id(0), 105);
+  }
+}
+
+TEST(zav_locale, every_record_reachable) {
+  for (int id = 1; id <= 136; ++id) {
+    std::string code = kRecords[id - 1].code;
+    std::string mixed = code;
+    mixed[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(mixed[0])));
+    mixed[4] = static_cast<char>(std::tolower(static_cast<unsigned char>(mixed[4])));
+    mixed[2] = '.';
+    for (const std::string &v : {code, mixed, code + ".ISO8859-1"}) {
+      zav_locale_env env(v.c_str());
+      EXPECT_EQ(xfmt::nls::resolve_locale_id(0), id) << v;
+    }
   }
 }
 

@@ -469,7 +469,7 @@ def main():
            f"// Sources: /usr/share/i18n/locales (package locales {locales_version()}), ICU {icu['-']['icu']} data (package libicu-dev).\n",
            "// 136 locale records of 189 fields; locale id k is row k-1. Characters outside ASCII\n",
            "// are written as <U00A0> escapes. Do not edit: change the generator and rerun it.\n",
-           '#include "xfmt/xfmt.h"\n\n',
+           '#include "xfmt/xfmt.h"\n\n#include <cstdint>\n\n',
            "#define F(s) {sizeof(s) - 1, s}\n",
            "#define E {0, nullptr}\n\n",
            "extern \"C\" const zav_locale_field ZAVlocaleData[136][189] = {\n"]
@@ -480,7 +480,17 @@ def main():
             v = escape(str(v), k)
             out.append(f"        F({c_string(v)}),  // {k}\n" if v else f"        E,  // {k}\n")
         out.append("    },\n")
-    out.append("};\n\n#undef F\n#undef E\n")
+    out.append("};\n\n#undef F\n#undef E\n\n")
+    # Fields 4 and 5 again, lower case and packed four bytes to a word
+    # (language in the low half), so the ZAV_LOCALE scan compares integers.
+    out.append("namespace xfmt::nls {\n\n")
+    out.append("extern const uint32_t locale_codes[136];\n")
+    out.append("const uint32_t locale_codes[136] = {\n")
+    for ident, full, code in recs:
+        c = code[:2].lower() + code[3:5].lower()
+        word = sum(ord(ch) << (8 * i) for i, ch in enumerate(c))
+        out.append(f"    0x{word:08X}u,  // {ident} {c[:2]} {c[2:]}\n")
+    out.append("};\n\n}  // namespace xfmt::nls\n")
     with open(args.out, "w", encoding="ascii", newline="\n") as f:
         f.write("".join(out))
 
