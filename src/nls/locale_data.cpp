@@ -4852,8 +4852,8 @@ extern "C" const zav_locale_field ZAVlocaleData[136][189] = {
         F("%#m<U6708>%#d<U65E5>"),  // 37
         F("%Y<U5E74>"),  // 38
         F("%y<U5E74>"),  // 39
-        F("%Q %Y"),  // 40
-        F("%q %Y"),  // 41
+        F("%Y<U5E74>%Q"),  // 40
+        F("%Y<U5E74><U7B2C>%q"),  // 41
         F("%Y-W%U"),  // 42
         F("%y-W%U"),  // 43
         F("%Y<U5E74>%#m<U6708>%#d<U65E5> %H:%M:%S"),  // 44
@@ -5428,8 +5428,8 @@ extern "C" const zav_locale_field ZAVlocaleData[136][189] = {
         F("%#m<U6708>%#d<U65E5>"),  // 37
         F("%Y<U5E74>"),  // 38
         F("%y<U5E74>"),  // 39
-        F("%Q %Y"),  // 40
-        F("%q %Y"),  // 41
+        F("%Y<U5E74>%Q"),  // 40
+        F("%Y<U5E74><U7B2C>%q"),  // 41
         F("%Y-W%U"),  // 42
         F("%y-W%U"),  // 43
         F("%Y<U5E74>%#m<U6708>%#d<U65E5> %p%#I:%M:%S"),  // 44
@@ -25972,8 +25972,8 @@ extern "C" const zav_locale_field ZAVlocaleData[136][189] = {
         F("%#m<U6708>%#d<U65E5>"),  // 37
         F("%Y<U5E74>"),  // 38
         F("%y<U5E74>"),  // 39
-        F("%Q %Y"),  // 40
-        F("%q %Y"),  // 41
+        F("%Y<U5E74>%Q"),  // 40
+        F("%Y<U5E74><U7B2C>%q"),  // 41
         F("%Y-W%U"),  // 42
         F("%y-W%U"),  // 43
         F("%Y<U5E74>%#m<U6708>%#d<U65E5> %H:%M:%S"),  // 44

@@ -132,4 +132,12 @@ TEST(locale_samples, nearest_locales) {
   EXPECT_EQ(f(131, 29), "%d/%m/%+y");  // Thai: Buddhist era years
 }
 
+TEST(locale_samples, chinese_quarters) {
+  // 2020年第一季度 and 2020年第1季度: the quarter names carry 第 and 季度.
+  EXPECT_EQ(f(26, 139), "<U7B2C><U4E00><U5B63><U5EA6>");
+  EXPECT_EQ(f(26, 135), "1<U5B63><U5EA6>");
+  EXPECT_EQ(f(26, 40), "%Y<U5E74>%Q");
+  EXPECT_EQ(f(26, 41), "%Y<U5E74><U7B2C>%q");
+}
+
 }  // namespace

@@ -193,6 +193,26 @@ def from_icu(p, era=False):
     return tidy("".join(out))
 
 
+def numeric_quarter(u, key, names, letters, era):
+    """A pattern with the quarter number alone ("y年第Q季度"): the literal text
+    around it that every quarter name of the set shares ("第" and "季度" of
+    "第一季度") is taken into a quarter-name conversion ("%Y年%Q"). The widest
+    such window wins; None when no window explains the names."""
+    p = u[key]
+    m = re.search(r"(?<![A-Za-z])Q{1,2}(?![A-Za-z])", p)
+    if m is None:
+        return None
+    q = [u[f"{names}{i}"] for i in range(4)]
+    before = re.search(r"[^A-Za-z']*$", p[:m.start()]).group(0)
+    after = re.match(r"[^A-Za-z']*", p[m.end():]).group(0)
+    for nb in range(len(before), -1, -1):
+        for na in range(len(after), -1, -1):
+            pre, suf = before[len(before) - nb:], after[:na]
+            if (nb or na) and all(x.startswith(pre) and x.endswith(suf) and len(x) > nb + na for x in q):
+                return from_icu(p[:m.start() - nb] + letters + p[m.end() + na:], era)
+    return None
+
+
 # Bidirectional marks are left out (single-byte code pages have none of them)
 # and CLDR's narrow no-break space before AM/PM becomes a blank.
 def tidy(p):
@@ -336,8 +356,8 @@ def build_record(ident, full, code, icu):
     r[37] = icu("skel_MMMd")
     r[38] = icu("skel_y")
     r[39] = icu("skel_yy")
-    r[40] = icu("skel_yQQQQ", "%Q %Y")
-    r[41] = icu("skel_yQQQ", "%q %Y")
+    r[40] = icu("skel_yQQQQ") or numeric_quarter(u, "skel_yQQQQ", "q_wide", "QQQQ", era) or "%Q %Y"
+    r[41] = icu("skel_yQQQ") or numeric_quarter(u, "skel_yQQQ", "q_abbr", "QQQ", era) or "%q %Y"
     r[42], r[43] = "%Y-W%U", "%y-W%U"
 
     # Times: 24-hour from the C library (its own if it is a 24-hour form);
