@@ -110,7 +110,9 @@ constexpr ymd ymd_from_days(int64_t n) {
 // The whole-range sweep of the tests checks it against ymd_from_days.
 constexpr ymd ymd_in_range(int64_t n) {
   const auto shifted = static_cast<uint32_t>(n + shift_1960);
-  const uint32_t z = shifted + shifted / static_cast<uint32_t>(days_per_4000);
+  uint32_t z = shifted;
+  if (shifted >= static_cast<uint32_t>(days_per_4000)) [[unlikely]]  // from 4000-03-01 on
+    z += shifted / static_cast<uint32_t>(days_per_4000);
   const uint32_t n1 = 4 * z + 3;
   const uint32_t century = n1 / 146097, r = n1 % 146097;
   const uint64_t p2 = uint64_t{2939745} * (r | 3);

@@ -62,6 +62,19 @@ inline constexpr char digit_pairs[] =
     "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
     "8081828384858687888990919293949596979899";
 
+// guard_value for a date format that goes on with the calendar day: reads
+// the value once and splits it on the common path.
+inline bool guard_date(xf_frame *f, xf_status &status, ymd &day) {
+  if (!width_usable(f, status)) return false;
+  const double v = value_of(f);
+  if (date_in_range(v)) [[likely]] {
+    day = ymd_of_value(v);
+    return true;
+  }
+  status = zdatrng(f, 1) == 2 ? XF_OK : XF_E_DATE_RANGE;
+  return false;
+}
+
 // Two digits with a leading zero: 0..99.
 inline void put2(char *out, int64_t v) { std::memcpy(out, digit_pairs + 2 * v, 2); }
 

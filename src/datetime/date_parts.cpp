@@ -58,9 +58,9 @@ XF_API xf_status zfmmony(xf_frame *f) {
 // widths 6, 8 and 10 put a blank before the next narrower layout.
 XF_API xf_status zfmdate(xf_frame *f) {
   xf_status st = XF_OK;
-  if (!guard_value(f, 1, st)) return st;
+  ymd c{};
+  if (!guard_date(f, st, c)) return st;
   if (f->width < 2) return too_narrow(f);
-  const ymd c = ymd_of_value(value_of(f));
   if (f->width >= 11) {
     char *p = right_part(f, 11);
     put2(p, c.day);

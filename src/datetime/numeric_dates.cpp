@@ -64,8 +64,8 @@ bool full_layout(char *out, int32_t w, char sep, order o, const ymd &c) {
 
 xf_status three_fields(xf_frame *f, char sep, order o) {
   xf_status st = XF_OK;
-  if (!guard_value(f, 1, st)) return st;
-  const ymd c = ymd_of_value(value_of(f));
+  ymd c{};
+  if (!guard_date(f, st, c)) return st;
   const int32_t w = f->width;
   if (full_layout(frame_out(f), w, sep, o, c)) {
     f->output_length = static_cast<uint32_t>(w);
