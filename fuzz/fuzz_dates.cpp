@@ -105,7 +105,8 @@ void run_calendar(double v, cursor &c) {
   get_yywwdd(&rule, 0, &y, &m, &d, v);
   int64_t days;
   double fraction;
-  diff_actact(i1, i2, i1 ^ i2, i2, i1, i1 + 1, &days, &fraction);
+  diff_actact(i1, i2, i1 ^ i2, i2, i1, i1 / 2 + 1, &days, &fraction);
+  diff_actact(i1, i2, INT32_MIN, i2, i1, INT32_MAX, &days, &fraction);
   diff_actact(1 + i1 % 12 * (i1 < 0 ? -1 : 1), 1 + (i2 & 15), 1582 + (i1 & 0x3FFF), 1 + (i2 & 7),
               1 + (i1 & 15), 1582 + (i2 & 0x3FFF), &days, &fraction);
   const int32_t week_w = c.byte() % 24;

@@ -53,7 +53,7 @@ XF_API void diff_actact(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t 
   const int64_t first = len1 - doy1 + 1;  // from the first date to 1 January of y1 + 1
   const int64_t last = doy2 - 1;          // from 1 January of y2 to the second date
   const int64_t whole_years = static_cast<int64_t>(y2) - y1 - 1;
-  const int64_t whole_leaps = leaps_through(y2 - 1) - leaps_through(y1);
+  const int64_t whole_leaps = leaps_through(static_cast<int64_t>(y2) - 1) - leaps_through(y1);
   const int64_t whole_common = whole_years - whole_leaps;
   int64_t in_leap = whole_leaps * 366, in_common = whole_common * 365;
   (is_leap_plain(y1) ? in_leap : in_common) += first;
