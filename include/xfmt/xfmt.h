@@ -560,6 +560,11 @@ XF_API xf_status zfmymon(xf_frame *frame);
  * HOUR w.d (zfmhour): hours as a plain number, HOUR4.1 of 12:34:56 "12.6". */
 XF_API xf_status zfmtod(xf_frame *frame);
 XF_API xf_status zfmhour(xf_frame *frame);
+/* DATETIME w.d (zfmdttm): 04JUL23:12:34:56 at width 16, 04JUL2023:12:34:56
+ * from 18, with the decimals that fit; narrower fields drop the seconds,
+ * minutes and hours in turn. Seconds round half up at the decimals shown,
+ * carrying into the date; parts not shown are cut. */
+XF_API xf_status zfmdttm(xf_frame *frame);
 /* TIME w.d: elapsed hours (no wrap at 24), minutes and seconds with d
  * decimals where they fit; parts that do not fit are dropped from the
  * right. Out of the datetime range: '*' and XF_E_DATE_RANGE; hours beyond

@@ -9,7 +9,7 @@ namespace xfmt::catalog {
 
 inline constexpr fmtinfo_eachfmt jazwftme_rows[] = {
     row("DATEAMPM", 7, 40, 19, 0, 39, 0, nullptr),  // zfmdtmm
-    row("DATETIME", 7, 40, 16, 0, 39, 0, nullptr),  // zfmdttm
+    row("DATETIME", 7, 40, 16, 0, 39, 0, zfmdttm),  // zfmdttm
     row("DTWKDATX", 3, 37, 29, 0, 0, 0, nullptr),  // zfmdtwk
     row("HHMM", 2, 20, 5, 0, 19, 0, nullptr),  // zfmhhmm
     row("HOUR", 2, 20, 2, 0, 19, 0, zfmhour),  // zfmhour

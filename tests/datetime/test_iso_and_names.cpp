@@ -127,3 +127,36 @@ TEST(clock_formats, tod_and_hour) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(datetime_format, widths_decimals_and_carries) {
+  const double noon = 23195 * 86400.0 + 45296.789;  // 2023-07-04 12:34:56.789
+  const row rows[] = {
+      {zfmdttm, "DATETIME", 0, 16, 0, "01JAN60:00:00:00", 0},
+      {zfmdttm, "DATETIME", 0, 18, 0, "01JAN1960:00:00:00", 0},
+      {zfmdttm, "DATETIME", 0, 19, 0, " 01JAN1960:00:00:00", 0},
+      {zfmdttm, "DATETIME", noon, 7, 0, "04JUL23", 0},
+      {zfmdttm, "DATETIME", noon, 9, 0, "  04JUL23", 0},
+      {zfmdttm, "DATETIME", noon, 10, 0, "04JUL23:12", 0},
+      {zfmdttm, "DATETIME", noon, 13, 0, "04JUL23:12:34", 0},
+      {zfmdttm, "DATETIME", noon, 16, 0, "04JUL23:12:34:57", 0},
+      {zfmdttm, "DATETIME", noon, 17, 1, " 04JUL23:12:34:57", 0},
+      {zfmdttm, "DATETIME", noon, 20, 1, "04JUL2023:12:34:56.8", 0},
+      {zfmdttm, "DATETIME", noon, 22, 3, "04JUL2023:12:34:56.789", 0},
+      {zfmdttm, "DATETIME", noon, 40, 6, "               04JUL2023:12:34:56.789000", 0},
+      {zfmdttm, "DATETIME", 86399.6, 16, 0, "02JAN60:00:00:00", 0},
+      {zfmdttm, "DATETIME", 86399.6, 13, 0, "01JAN60:23:59", 0},
+      {zfmdttm, "DATETIME", -0.25, 18, 0, "01JAN1960:00:00:00", 0},
+      {zfmdttm, "DATETIME", -1, 18, 0, "31DEC1959:23:59:59", 0},
+      {zfmdttm, "DATETIME", -11928470400.0, 18, 0, "01JAN1582:00:00:00", 0},
+      {zfmdttm, "DATETIME", 569318630399.0, 18, 0, "31DEC****:23:59:59", 0},
+      {zfmdttm, "DATETIME", 569318630400.0, 16, 0, "****************", XF_E_DATE_RANGE},
+  };
+  for (const auto &r : rows) check(r);
+  frame_box b = frame_box::number(xfmt::missing_value(1), 16);
+  EXPECT_EQ(zfmdttm(&b.f), XF_OK);
+  EXPECT_EQ(b.str(), "               .");
+}
+
+}  // namespace
