@@ -146,9 +146,7 @@ XF_API xf_status zfmtime(xf_frame *f) {
   }
 
   // 5. Assembly, sized first: hours, then ":MM" and ":SS[.fff]" while
-  //    they fit. The text is built right-aligned in a blank work area and
-  //    its last w positions copied, so no step depends on the text's
-  //    length by branching (hours of one or two digits alternate freely).
+  //    they fit, right-justified.
   int32_t len = (neg ? 1 : 0) + lh;
   if (w < len) return xfmt::fail_stars(f, w, XF_OK);
   const bool with_minutes = w >= len + 3;
@@ -160,43 +158,37 @@ XF_API xf_status zfmtime(xf_frame *f) {
     if (dd < ddp) ddp = dd;
     if (ddp < 1) ddp = 0;
   }
-  constexpr int32_t area_size = 64;  // longest text: 1 + 16 + 3 + 1 + 2 + 1 + 29 = 53
-  char area[area_size];
-  std::memset(area, ' ', sizeof area);
-  int32_t pos = area_size;
+  // Written from the right end of the field: blanks first (two overlapping
+  // 8-byte stores for the usual widths), then the parts right to left. Only
+  // stores, so nothing waits on a partly written buffer.
+  char *out = xfmt::frame_out(f);
+  if (w >= 8 && w <= 16) {
+    std::memcpy(out, "        ", 8);
+    std::memcpy(out + w - 8, "        ", 8);
+  } else {
+    std::memset(out, ' ', static_cast<size_t>(w));
+  }
+  char *p = out + w;
   if (with_seconds) {
-    const int32_t sw = 2 + (ddp > 0 ? 1 + ddp : 0);
-    pos -= sw;
-    put_seconds(area + pos, si, frac, ddp);
-    area[--pos] = ':';
+    p -= 2 + (ddp > 0 ? 1 + ddp : 0);
+    put_seconds(p, si, frac, ddp);
+    *--p = ':';
   }
   if (with_minutes) {
-    pos -= 2;
-    put2(area + pos, minutes);
-    area[--pos] = ':';
+    p -= 2;
+    put2(p, minutes);
+    *--p = ':';
   }
-  if (hours < 100) {
-    put2(area + pos - 2, static_cast<int64_t>(hours));
-    area[pos - 2] = hours < 10 ? ' ' : area[pos - 2];
+  if (hours < 100 && p - out >= 2) {
+    // Two digits, the first blanked again for hours below 10 (no branch
+    // on the hour's length, which alternates from value to value).
+    p[-1] = digit_pairs[2 * hours + 1];
+    p[-2] = hours < 10 ? ' ' : digit_pairs[2 * hours];
   } else {
-    put_digits(area + pos - lh, hours, lh);
+    put_digits(p - lh, hours, lh);
   }
-  pos -= lh;
-  if (neg) area[--pos] = '-';
-  char *out = xfmt::frame_out(f);
-  int32_t copy = w;
-  if (w > area_size) {
-    std::memset(out, ' ', static_cast<size_t>(w - area_size));
-    out += w - area_size;
-    copy = area_size;
-  }
-  const char *src = area + area_size - copy;
-  if (copy >= 8 && copy <= 16) {  // two overlapping 8-byte moves
-    std::memcpy(out, src, 8);
-    std::memcpy(out + copy - 8, src + copy - 8, 8);
-  } else {
-    std::memcpy(out, src, static_cast<size_t>(copy));
-  }
+  p -= lh;
+  if (neg) p[-1] = '-';
   f->output_length = static_cast<uint32_t>(w);
   return XF_OK;
 }
