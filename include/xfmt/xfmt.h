@@ -565,6 +565,13 @@ XF_API xf_status zfmhour(xf_frame *frame);
  * minutes and hours in turn. Seconds round half up at the decimals shown,
  * carrying into the date; parts not shown are cut. */
 XF_API xf_status zfmdttm(xf_frame *frame);
+/* HHMM w.d (zfmhhmm) hours and minutes, MMSS w.d (zfmmmss) minutes and
+ * seconds: the larger unit without a limit, the smaller one rounded half up
+ * with the decimals that fit (HHMM5. of 12:34:56 is 12:35, MMSS6. 754:57);
+ * only the larger part, cut, when ":" and two digits do not fit; '*' with
+ * XF_OK when even that does not fit. */
+XF_API xf_status zfmhhmm(xf_frame *frame);
+XF_API xf_status zfmmmss(xf_frame *frame);
 /* TIME w.d: elapsed hours (no wrap at 24), minutes and seconds with d
  * decimals where they fit; parts that do not fit are dropped from the
  * right. Out of the datetime range: '*' and XF_E_DATE_RANGE; hours beyond

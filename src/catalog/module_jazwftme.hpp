@@ -11,9 +11,9 @@ inline constexpr fmtinfo_eachfmt jazwftme_rows[] = {
     row("DATEAMPM", 7, 40, 19, 0, 39, 0, nullptr),  // zfmdtmm
     row("DATETIME", 7, 40, 16, 0, 39, 0, zfmdttm),  // zfmdttm
     row("DTWKDATX", 3, 37, 29, 0, 0, 0, nullptr),  // zfmdtwk
-    row("HHMM", 2, 20, 5, 0, 19, 0, nullptr),  // zfmhhmm
+    row("HHMM", 2, 20, 5, 0, 19, 0, zfmhhmm),  // zfmhhmm
     row("HOUR", 2, 20, 2, 0, 19, 0, zfmhour),  // zfmhour
-    row("MMSS", 2, 20, 5, 0, 19, 0, nullptr),  // zfmmmss
+    row("MMSS", 2, 20, 5, 0, 19, 0, zfmmmss),  // zfmmmss
     row("MDYAMPM", 8, 40, 19, 0, 39, 0, nullptr),  // zfmdyam
     row("TIME", 2, 20, 8, 0, 19, 0, zfmtime),  // zfmtime
     row("TIMEAMPM", 2, 20, 11, 0, 19, 0, nullptr),  // zfmtimm

@@ -160,3 +160,31 @@ TEST(datetime_format, widths_decimals_and_carries) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(two_part_times, hhmm_and_mmss) {
+  const row rows[] = {
+      {zfmhhmm, "HHMM", 45296, 5, 0, "12:35", 0},
+      {zfmhhmm, "HHMM", 45296, 8, 2, "12:34.93", 0},
+      {zfmhhmm, "HHMM", 45296, 7, 2, "12:34.9", 0},
+      {zfmhhmm, "HHMM", 45296, 6, 2, " 12:35", 0},
+      {zfmhhmm, "HHMM", 3600, 5, 0, " 1:00", 0},
+      {zfmhhmm, "HHMM", 35970, 5, 0, "10:00", 0},   // 9:59.5 carries to 10:00
+      {zfmhhmm, "HHMM", 35970, 4, 0, "   9", 0},    // the hours alone are cut, as TIME does
+      {zfmhhmm, "HHMM", 90000, 5, 0, "25:00", 0},
+      {zfmhhmm, "HHMM", -5400, 5, 0, "-1:30", 0},
+      {zfmhhmm, "HHMM", 36000, 2, 0, "10", 0},
+      {zfmhhmm, "HHMM", 360000, 2, 0, "**", 0},
+      {zfmhhmm, "HHMM", 569318630400.0, 5, 0, "*****", XF_E_DATE_RANGE},
+      {zfmmmss, "MMSS", 45296.789, 6, 0, "754:57", 0},
+      {zfmmmss, "MMSS", 45296.789, 9, 2, "754:56.79", 0},
+      {zfmmmss, "MMSS", 59.5, 5, 0, " 1:00", 0},
+      {zfmmmss, "MMSS", 59.4, 5, 0, " 0:59", 0},
+      {zfmmmss, "MMSS", 45296, 3, 0, "754", 0},
+      {zfmmmss, "MMSS", -61, 5, 0, "-1:01", 0},
+  };
+  for (const auto &r : rows) check(r);
+}
+
+}  // namespace
