@@ -559,6 +559,9 @@ XF_API xf_status zfmymon(xf_frame *frame);
 /* TOD w.d (zfmtod): TIME of the time of day, two-digit hours (01:00:00).
  * HOUR w.d (zfmhour): hours as a plain number, HOUR4.1 of 12:34:56 "12.6". */
 XF_API xf_status zfmtod(xf_frame *frame);
+/* TIMEAMPM w.d (zfmtimm): the time of day on a 12-hour clock, " AM"/" PM"
+ * appended from width 5 (" 1:00:00 AM" at 11; midnight and noon are 12). */
+XF_API xf_status zfmtimm(xf_frame *frame);
 XF_API xf_status zfmhour(xf_frame *frame);
 /* DATETIME w.d (zfmdttm): 04JUL23:12:34:56 at width 16, 04JUL2023:12:34:56
  * from 18, with the decimals that fit; narrower fields drop the seconds,

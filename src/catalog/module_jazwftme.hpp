@@ -16,7 +16,7 @@ inline constexpr fmtinfo_eachfmt jazwftme_rows[] = {
     row("MMSS", 2, 20, 5, 0, 19, 0, zfmmmss),  // zfmmmss
     row("MDYAMPM", 8, 40, 19, 0, 39, 0, nullptr),  // zfmdyam
     row("TIME", 2, 20, 8, 0, 19, 0, zfmtime),  // zfmtime
-    row("TIMEAMPM", 2, 20, 11, 0, 19, 0, nullptr),  // zfmtimm
+    row("TIMEAMPM", 2, 20, 11, 0, 19, 0, zfmtimm),  // zfmtimm
     row("TOD", 2, 20, 8, 0, 19, 0, zfmtod),  // zfmtod
 };
 

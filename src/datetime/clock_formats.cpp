@@ -1,6 +1,6 @@
-// Two more members of the time family built on TIME and the plain-number
-// printer: TOD (the time of day, hours with two digits) and HOUR (hours as
-// a number with decimals).
+// Members of the time family built on TIME and the plain-number printer:
+// TOD (the time of day, hours with two digits), TIMEAMPM (the time of day
+// on a 12-hour clock) and HOUR (hours as a number with decimals).
 #include "xfmt/xfmt.h"
 
 #include <cmath>
@@ -47,6 +47,42 @@ XF_API xf_status zfmtod(xf_frame *f) {
   while (first + digits < w && out[first + digits] >= '0' && out[first + digits] <= '9') ++digits;
   if (digits == 2 && out[first] == '2' && out[first + 1] == '4') out[first] = out[first + 1] = '0';
   if (digits == 1 && first > 0) out[first - 1] = '0';
+  return XF_OK;
+}
+
+// TIMEAMPM w.d: the time of day on a 12-hour clock, " AM" or " PM" after it
+// when the width has room for them and the hours (11:59:59 PM; midnight and
+// noon are 12). The hour shown decides AM or PM after the rounding of the
+// seconds: 11:59:59.6 at TIMEAMPM11. is 12:00:00 PM.
+XF_API xf_status zfmtimm(xf_frame *f) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 2, st)) return st;
+  double t = std::fmod(value_of(f), seconds_per_day);
+  if (t < 0) t += seconds_per_day;
+  if (t >= seconds_per_day) t = 0;
+  const int32_t w = f->width;
+  const bool suffix = w >= 5;
+  xf_frame inner = *f;
+  inner.width = suffix ? w - 3 : w;
+  // First pass: the hour TIME shows at this width (0..24 after rounding).
+  char probe[64];
+  xf_frame pf = inner;
+  pf.output = probe;
+  pf.output_capacity = sizeof probe;
+  if (with_value(&pf, zfmtime, t) != XF_OK) return xfmt::fail_stars(f, w, XF_OK);
+  int32_t i = 0;
+  while (i < pf.width && probe[i] == ' ') ++i;
+  int32_t hour = 0;
+  for (; i < pf.width && probe[i] >= '0' && probe[i] <= '9'; ++i) hour = hour * 10 + (probe[i] - '0');
+  const int32_t clock = hour == 24 ? 0 : hour;
+  const bool pm = clock >= 12;
+  const int32_t shown = clock % 12 == 0 ? 12 : clock % 12;
+  // Whole hours move the value without touching its rounding, so TIME now
+  // shows the 12-hour clock's hour.
+  st = with_value(&inner, zfmtime, t - static_cast<double>(hour - shown) * 3600.0);
+  if (st != XF_OK) return st;
+  if (suffix) std::memcpy(xfmt::frame_out(f) + w - 3, pm ? " PM" : " AM", 3);
+  f->output_length = static_cast<uint32_t>(w);
   return XF_OK;
 }
 

@@ -188,3 +188,27 @@ TEST(two_part_times, hhmm_and_mmss) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(clock_formats, timeampm) {
+  const row rows[] = {
+      {zfmtimm, "TIMEAMPM", 3600, 11, 0, " 1:00:00 AM", 0},
+      {zfmtimm, "TIMEAMPM", 0, 11, 0, "12:00:00 AM", 0},
+      {zfmtimm, "TIMEAMPM", 43200, 11, 0, "12:00:00 PM", 0},
+      {zfmtimm, "TIMEAMPM", 45296, 11, 0, "12:34:56 PM", 0},
+      {zfmtimm, "TIMEAMPM", 49696, 11, 0, " 1:48:16 PM", 0},
+      {zfmtimm, "TIMEAMPM", 86399, 11, 0, "11:59:59 PM", 0},
+      {zfmtimm, "TIMEAMPM", 43199.6, 11, 0, "12:00:00 PM", 0},
+      {zfmtimm, "TIMEAMPM", 86399.6, 11, 0, "12:00:00 AM", 0},
+      {zfmtimm, "TIMEAMPM", 86399.6, 8, 0, "12:00 AM", 0},  // the carry of TIME5. (like 3599.6 -> 1:00)
+      {zfmtimm, "TIMEAMPM", 49696, 14, 2, " 1:48:16.00 PM", 0},
+      {zfmtimm, "TIMEAMPM", 49696, 5, 0, " 1 PM", 0},
+      {zfmtimm, "TIMEAMPM", 49696, 4, 0, "1:48", 0},  // no room for the suffix
+      {zfmtimm, "TIMEAMPM", 86400 + 49696, 11, 0, " 1:48:16 PM", 0},
+      {zfmtimm, "TIMEAMPM", -1, 11, 0, "11:59:59 PM", 0},
+  };
+  for (const auto &r : rows) check(r);
+}
+
+}  // namespace
