@@ -53,9 +53,9 @@ bool split_plain(char *buf, int w, plain_parts &p) {
   while (i < w && buf[i] >= '0' && buf[i] <= '9') ++i;
   p.int_len = static_cast<int>(buf + i - p.int_digits);
   if (i < w && buf[i] == '.') {
-    p.frac = buf + i + 1;
-    p.frac_len = w - i - 1;
-    i = w;
+    p.frac = buf + ++i;
+    while (i < w && buf[i] >= '0' && buf[i] <= '9') ++i;
+    p.frac_len = static_cast<int>(buf + i - p.frac);
   }
   return i == w;  // anything else (E notation, stars) is not split
 }
