@@ -36,6 +36,12 @@ namespace {
 
 constexpr double two_pow_53 = 9007199254740992.0;
 
+// m == trunc(m) without a call into libm (the x86-64 baseline has no
+// rounding instruction): every double from 2^52 on is integral.
+inline bool is_integral(double m) {
+  return !(m < 4503599627370496.0) || static_cast<double>(static_cast<int64_t>(m)) == m;
+}
+
 xf_status stars(char *buf, int32_t w) {
   std::memset(buf, '*', static_cast<size_t>(w));
   return XF_E_OVERFLOW;
@@ -123,7 +129,7 @@ xf_status layout_number(double v, int32_t w, int32_t d, char *buf) {
   bool neg = v < 0;
   double m = neg ? -v : v;
   int a = neg ? w - 1 : w;
-  bool integral = m == std::trunc(m);
+  bool integral = is_integral(m);
 
   // Step 2: integers in at most 16 positions skip floating-point digits.
   if ((d == 0 || d == 99) && integral && m <= two_pow_53 && w <= 16 &&
@@ -216,7 +222,8 @@ xf_status layout_number(double v, int32_t w, int32_t d, char *buf) {
   if (neg) base[--start] = '-';
   if (dd > 0) {
     base[iw] = '.';
-    double ipd = n == 0 ? 0.0 : std::floor(r);
+    // floor(r) as a double is only needed below 15 digits, where ip is exact.
+    double ipd = n < 15 ? static_cast<double>(static_cast<uint64_t>(ip)) : 0.0;
     put_fraction(base + iw + 1, r, ipd, n, dd);
   }
   if (best && dd > 0) strip_best(buf, w, static_cast<int>(base - buf) + start);
