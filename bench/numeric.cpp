@@ -2,7 +2,8 @@
 // snprintf("%8.2f") and std::to_chars + right-justifying; BEST12. vs a
 // "%.*g" loop that keeps the most digits fitting 12 positions; COMMA12.2 and
 // DOLLAR12.2 vs snprintf followed by inserting the commas (and the "$").
-// Each iteration formats the same million mixed values.
+// Each iteration formats the same million mixed values, as a host does:
+// one xffmt call per value with a handle from xfname.
 #include <benchmark/benchmark.h>
 
 #include <charconv>
@@ -42,18 +43,16 @@ const std::vector<double> &mixed_values() {
   return values;
 }
 
-// The routine a host reaches for a catalog name: the row of JAZWFMSC.
-xf_routine routine_of(const char *name) {
-  const fmtinfo *t = jazwfmsc();
-  size_t n = std::strlen(name);
-  for (uint64_t i = 0; i < t->count; ++i)
-    if (t->rows[i].name_length == n && std::memcmp(t->rows[i].name, name, n) == 0) return t->rows[i].routine;
-  return nullptr;
-}
-
+// Through the host's path: xfname resolves the name once, xffmt converts
+// each value with the handle.
 void run_routine(benchmark::State &state, const char *name, int32_t w, int32_t d) {
   const auto &values = mixed_values();
-  xf_routine r = routine_of(name);
+  xfinit();
+  void *handle = nullptr;
+  if (xfname(name, static_cast<int32_t>(std::strlen(name)), 0, nullptr, &handle) != XF_OK) {
+    state.SkipWithError("name not resolved");
+    return;
+  }
   char out[32];
   xf_frame f{};
   f.width = w;
@@ -64,11 +63,12 @@ void run_routine(benchmark::State &state, const char *name, int32_t w, int32_t d
   for (auto _ : state) {
     for (double v : values) {
       f.input = &v;
-      benchmark::DoNotOptimize(r(&f));
+      benchmark::DoNotOptimize(xffmt(&f, handle));
       benchmark::DoNotOptimize(out);
     }
   }
   state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(values.size()));
+  xfdel(handle);
 }
 
 void BM_F8_2_xfmt(benchmark::State &s) { run_routine(s, "F", 8, 2); }

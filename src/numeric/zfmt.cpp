@@ -42,6 +42,18 @@ inline bool is_integral(double m) {
   return !(m < 4503599627370496.0) || static_cast<double>(static_cast<int64_t>(m)) == m;
 }
 
+// w blanks (1 <= w <= 32) in overlapping 8-byte stores rather than a call to
+// memset: F8.2 is one store.
+inline void fill_blanks(char *buf, int32_t w) {
+  const uint64_t blanks = 0x2020202020202020ull;
+  if (w >= 8) {
+    for (int32_t i = 0; i + 8 <= w; i += 8) std::memcpy(buf + i, &blanks, 8);
+    std::memcpy(buf + w - 8, &blanks, 8);
+  } else {
+    for (int32_t i = 0; i < w; ++i) buf[i] = ' ';
+  }
+}
+
 xf_status stars(char *buf, int32_t w) {
   std::memset(buf, '*', static_cast<size_t>(w));
   return XF_E_OVERFLOW;
@@ -62,7 +74,7 @@ bool layout_integer(uint64_t v, bool neg, int32_t w, char *buf) {
 // E notation of the magnitude in the last `room` positions, a minus sign
 // just before it; stars when even that does not fit.
 xf_status layout_e(double m, bool neg, int32_t w, int room, int code, char *buf) {
-  std::memset(buf, ' ', static_cast<size_t>(w));
+  fill_blanks(buf, w);
   if (room < 1) return stars(buf, w);
   int len = e_layout(m, room, code, buf + (w - room));
   if (len < 0) return stars(buf, w);
@@ -143,7 +155,7 @@ xf_status layout_number(double v, int32_t w, int32_t d, char *buf) {
   else if (d >= 80 && d <= 89) wd = significant_decimals(m, a, d - 80);
   if (wd == -999) wd = 7 - w < 0 ? 7 - w : -1;
 
-  std::memset(buf, ' ', static_cast<size_t>(w));
+  fill_blanks(buf, w);
   int e10 = decimal_estimate(m);
   if (wd < 0 && a > 4) return layout_e(m, neg, w, a, wd, buf);
 
@@ -253,6 +265,13 @@ extern "C" XF_API xf_status zfmt(xf_frame *f) {
   if (is_missing(v)) {
     int32_t d = f->decimals;
     return write_missing(f, w, d < 0 || d >= w ? 99 : d);
+  }
+  // Straight into the caller's buffer when the field fits it; a local field
+  // cut to the capacity otherwise.
+  if (f->output_capacity >= static_cast<uint32_t>(w)) {
+    xf_status status = numeric::layout_number(v, w, f->decimals, frame_out(f));
+    f->output_length = static_cast<uint32_t>(w);
+    return status;
   }
   char buf[numeric::max_field];
   xf_status status = numeric::layout_number(v, w, f->decimals, buf);
