@@ -72,6 +72,26 @@ void run_routine(benchmark::State &state, const char *name, int32_t w, int32_t d
 }
 
 void BM_F8_2_xfmt(benchmark::State &s) { run_routine(s, "F", 8, 2); }
+
+// zfmt called directly, without the dispatcher: the cost of xffmt itself.
+void BM_F8_2_zfmt_direct(benchmark::State &state) {
+  const auto &values = mixed_values();
+  char out[8];
+  xf_frame f{};
+  f.width = 8;
+  f.decimals = 2;
+  f.input_length = 8;
+  f.output = out;
+  f.output_capacity = 8;
+  for (auto _ : state) {
+    for (double v : values) {
+      f.input = &v;
+      benchmark::DoNotOptimize(zfmt(&f));
+      benchmark::DoNotOptimize(out);
+    }
+  }
+  state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(values.size()));
+}
 void BM_BEST12_xfmt(benchmark::State &s) { run_routine(s, "BEST", 12, 0); }
 void BM_COMMA12_2_xfmt(benchmark::State &s) { run_routine(s, "COMMA", 12, 2); }
 void BM_DOLLAR12_2_xfmt(benchmark::State &s) { run_routine(s, "DOLLAR", 12, 2); }
@@ -178,6 +198,7 @@ void BM_DOLLAR12_2_snprintf(benchmark::State &state) {
 }  // namespace
 
 BENCHMARK(BM_F8_2_xfmt)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_F8_2_zfmt_direct)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_F8_2_snprintf)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_F8_2_to_chars)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_BEST12_xfmt)->Unit(benchmark::kMillisecond);

@@ -36,23 +36,18 @@ namespace {
 
 constexpr double two_pow_53 = 9007199254740992.0;
 
-// m == trunc(m) without a call into libm (the x86-64 baseline has no
-// rounding instruction): every double from 2^52 on is integral.
+// m == trunc(m) from the bits alone (no libm call, no conversion round
+// trip): the mantissa bits below the binary point must be zero. Every double
+// from 2^52 on is integral; below 1 only zero is.
 inline bool is_integral(double m) {
-  return !(m < 4503599627370496.0) || static_cast<double>(static_cast<int64_t>(m)) == m;
+  uint64_t bits = double_bits(m);
+  int e = static_cast<int>((bits >> 52) & 0x7FF) - 1023;  // m in [2^e, 2^(e+1))
+  if (e >= 52) return true;
+  if (e < 0) return (bits << 1) == 0;
+  return (bits & ((uint64_t{1} << (52 - e)) - 1)) == 0;
 }
 
-// w blanks (1 <= w <= 32) in overlapping 8-byte stores rather than a call to
-// memset: F8.2 is one store.
-inline void fill_blanks(char *buf, int32_t w) {
-  const uint64_t blanks = 0x2020202020202020ull;
-  if (w >= 8) {
-    for (int32_t i = 0; i + 8 <= w; i += 8) std::memcpy(buf + i, &blanks, 8);
-    std::memcpy(buf + w - 8, &blanks, 8);
-  } else {
-    for (int32_t i = 0; i < w; ++i) buf[i] = ' ';
-  }
-}
+inline void fill_blanks(char *buf, int32_t w) { put_blanks(buf, w); }
 
 xf_status stars(char *buf, int32_t w) {
   std::memset(buf, '*', static_cast<size_t>(w));
@@ -197,15 +192,13 @@ xf_status layout_number(double v, int32_t w, int32_t d, char *buf) {
 
   // Step 7: round. The integral digits are those of floor(r): F4.1 of 3.5
   // is r = 3.55.., digits "3" and ".5"; F5.2 of 9.999 is r = 10.004.., "10.00".
-  double r;
-  if (!integral) {
-    r = round_for(m, dd, e10);
-  } else {
-    r = m;
-    if (best) {
-      dd = 0;
-      iw = a;
-    }
+  // Both candidates are computed and one is picked: integral and fractional
+  // values alternate unpredictably in a column.
+  double rounded = round_for(m, dd, e10);
+  double r = integral ? m : rounded;
+  if (integral && best) {
+    dd = 0;
+    iw = a;
   }
   u128 ip = 0;
   int n = 0;
@@ -231,7 +224,10 @@ xf_status layout_number(double v, int32_t w, int32_t d, char *buf) {
   } else {
     put_digits(base + iw, ip, n);
   }
-  if (neg) base[--start] = '-';
+  // The position before the text is a blank unless the sign goes there.
+  int before = static_cast<int>(base - buf) + start - 1;
+  if (before >= 0) buf[before] = neg ? '-' : ' ';
+  start -= neg ? 1 : 0;
   if (dd > 0) {
     base[iw] = '.';
     // floor(r) as a double is only needed below 15 digits, where ip is exact.
