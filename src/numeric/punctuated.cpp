@@ -10,6 +10,7 @@
 
 #include "catalog/field.hpp"
 #include "catalog/missing.hpp"
+#include "numeric/digits.hpp"
 #include "numeric/engine.hpp"
 
 namespace xfmt::numeric {
@@ -115,7 +116,7 @@ xf_status punctuate(xf_frame *f, const punct_style &s) {
   for (const marks &m : order) {
     int n = compose(p, s, m, text);
     if (n <= w) {
-      std::memset(buf, ' ', static_cast<size_t>(w - n));
+      put_blanks(buf, w - n);
       std::memcpy(buf + (w - n), text, static_cast<size_t>(n));
       return deliver_field(f, buf, w, status);
     }

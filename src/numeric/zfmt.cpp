@@ -60,7 +60,7 @@ bool layout_integer(uint64_t v, bool neg, int32_t w, char *buf) {
   int n = count_digits(v);
   int need = n + (neg ? 1 : 0);
   if (need > w) return false;
-  std::memset(buf, ' ', static_cast<size_t>(w - need));
+  put_blanks(buf, w - need);
   put_digits(buf + w, v, n);
   if (neg) buf[w - n - 1] = '-';
   return true;
@@ -124,7 +124,7 @@ void strip_best(char *buf, int32_t w, int start) {
   int shift = w - end;
   if (shift == 0) return;
   std::memmove(buf + start + shift, buf + start, static_cast<size_t>(end - start));
-  std::memset(buf + start, ' ', static_cast<size_t>(shift));
+  put_blanks(buf + start, shift);
 }
 
 }  // namespace
