@@ -342,8 +342,8 @@ XF_API int32_t zfmtd(double magnitude, int32_t width, int32_t digits);
 XF_API xf_status zfmcma(xf_frame *frame);
 /* The other punctuated formats lay the number out as F w.d, then add their
  * marks when they fit w, dropping the alignment blank, then the groups, then
- * the currency sign before keeping the plain text (stars only when that does
- * not fit). Statuses as zfmt (2 for reduced decimals, 0x8001D827 stars,
+ * the currency sign, then the parentheses (for a minus sign) before keeping
+ * the plain text (stars only when that does not fit). Statuses as zfmt (2 for reduced decimals, 0x8001D827 stars,
  * 0x8001D826 cut to the capacity); missing values: the standard display.
  *   COMMAX   1.234.567,89      period groups, comma decimal mark
  *   DOLLAR   $1,234.56  -$1,234.56

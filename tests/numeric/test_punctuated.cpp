@@ -129,7 +129,9 @@ TEST(percent_formats, times_one_hundred) {
       {-0.05, 4, 0, "(5%)", XF_OK},
       {0.05, 4, 0, " 5% ", XF_OK},
       {1.5, 4, 0, "150%", XF_OK},
-      {-1.5, 4, 0, "-150", XF_OK},
+      {-1.5, 4, 0, "-150", XF_OK},                       // "-150%" needs 5: plain
+      {-0.001, 6, 2, "-0.10%", XF_OK},                   // a minus sign for the parentheses
+      {12.3456, 6, 2, "1234.6", XF_REDUCED},             // reduced decimals: the plain text
       {xfmt::missing_ordinary(), 6, 0, "     .", XF_OK},
   };
   for (const row &r : rows) check(zfmpct, r);
