@@ -1,9 +1,9 @@
 // The punctuated formats beyond COMMA: COMMAX, DOLLAR, DOLLARX, EURO, EUROX,
 // PERCENT, PERCENTN, NEGPAREN and YEN. Each lays the plain number out as F
 // would, then adds its marks when they fit the width, dropping them in the
-// order users expect (groups first, then the currency sign or parentheses)
-// (then parentheses give way to a minus sign) before keeping the plain text,
-// and stars only when that does not fit.
+// order users expect (alignment blank, groups, currency sign, parentheses
+// for a minus sign) before keeping the plain text, and stars only when that
+// does not fit.
 #include "xfmt/xfmt.h"
 
 #include <cmath>
