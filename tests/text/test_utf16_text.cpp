@@ -138,8 +138,8 @@ TEST(unicode_utf8, random_text_matches_the_oracle) {
   auto g = xfmt::test::rng(71);
   const uint64_t cases = xfmt::test::scaled(3000);
   for (uint64_t c = 0; c < cases; ++c) {
-    std::vector<uint16_t> u = random_units(g, g() % 64);
-    uint32_t cap = static_cast<uint32_t>(g() % 200);
+    std::vector<uint16_t> u = random_units(g, g() % 200);
+    uint32_t cap = static_cast<uint32_t>(g() % 700);
     to8 fast = utf16_to_8(u, cap);
     auto slow = xfmt::oracle::unicode_to_utf8(u, cap);
     ASSERT_EQ(fast.bytes, slow.bytes) << "case " << c;
@@ -152,9 +152,22 @@ TEST(utf8_to_unicode, random_bytes_match_the_oracle) {
   auto g = xfmt::test::rng(72);
   const uint64_t cases = xfmt::test::scaled(3000);
   for (uint64_t c = 0; c < cases; ++c) {
-    std::string s(g() % 80, '\0');
-    for (auto &ch : s) ch = static_cast<char>(g() % 3 ? g() % 0x80 : g() % 256);
-    uint32_t cap = static_cast<uint32_t>(g() % 180);
+    std::string s(g() % 300, '\0');
+    if (c % 2) {
+      for (auto &ch : s) ch = static_cast<char>(g() % 3 ? g() % 0x80 : g() % 256);
+    } else {
+      // Well-formed text of one- to four-byte characters, a stray byte now and then.
+      s.clear();
+      while (s.size() < 300 && g() % 100) {
+        uint8_t buf[4];
+        uint32_t n = 0;
+        const uint32_t cp = static_cast<uint32_t>(g() % 4 == 0 ? g() % 0x110000 : g() % 4 == 0 ? g() % 0x800 : g() % 0x80);
+        UTF32_UTF8(cp, buf, 4, &n);
+        s.append(reinterpret_cast<const char *>(buf), n);
+        if (g() % 50 == 0) s += static_cast<char>(0x80 + g() % 0x80);
+      }
+    }
+    uint32_t cap = static_cast<uint32_t>(g() % 700);
     to16 fast = utf8_to_16(s, cap);
     auto slow = xfmt::oracle::utf8_to_unicode(s, cap / 2);
     ASSERT_EQ(fast.units, slow.units) << "case " << c;
