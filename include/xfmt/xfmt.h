@@ -226,6 +226,156 @@ XF_API xf_status getep(void *anchor, const char *module_name, uint32_t name_leng
 XF_API const fmtinfo *xfload(void *anchor, const char *module_name, uint32_t name_length,
                              xf_status *status);
 
+/* --- Missing values ---------------------------------------------------- */
+
+/* The 28 missing values as bit patterns: row i = 0xFFFFFF0000000000 - i x
+ * 0x10000000000 (0 "._", 1 ".", 2 "A" ... 27 "Z"). */
+XF_API extern const uint64_t missing_values[28];
+/* " _.ABCDEFGHIJKLMNOPQRSTUVWXYZ" (29 characters and a NUL): the symbol of a
+ * missing value is misscoll[-(byte 5 as a signed byte)]. */
+XF_API extern const char misscoll[30];
+/* The ordinary missing value (bits 0xFFFFFE0000000000). */
+XF_API extern const double std_miss_val;
+/* The host's global control block, set by the host (NULL until then). Word 9
+ * (the tenth pointer-sized word) points at the host's table of missing
+ * doubles, indexed like missing_values. */
+XF_API extern void *ej_global_gcb_anchor;
+
+/* 1 when the value is a missing value (bytes 0-4 zero, bytes 6-7 0xFF, any
+ * byte 5), else 0. Reads the 8 bytes at value_ptr when it is not NULL,
+ * otherwise value; the frame is not read. */
+XF_API int32_t zmiss(const xf_frame *frame, const void *value_ptr, double value);
+/* Standard display of the frame's missing value: the whole capacity blank,
+ * the symbol d places left of the right end of the w-wide field (d 98/99
+ * count as 0), output length min(w, capacity). Returns 0. */
+XF_API xf_status zfmmiss(xf_frame *frame);
+/* Row i of missing_values as a double; i outside 0-27 gives std_miss_val. */
+XF_API double ZMISSV(int32_t i);
+/* Entry i (0-27) of the host's missing-value table reached through
+ * ej_global_gcb_anchor; while the anchor or its word 9 is NULL, and for i
+ * outside 0-27, the library's own table (ZMISSV) answers. */
+XF_API double wzmisv(int32_t i);
+/* Prints "in wzmisc in mvsextra..." and a line feed to standard output and
+ * returns the low byte of the value's bit pattern (a leftover stub). */
+XF_API int32_t wzmisc(double value);
+
+/* --- ASCII/Latin-1 and EBCDIC ----------------------------------------- */
+
+/* IBM 1047 with line feed 0x0A <-> 0x15 and 0x85 <-> 0x25; inverse
+ * permutations of each other. */
+XF_API extern const uint8_t as2eb[256];
+XF_API extern const uint8_t eb2as[256];
+/* In place, length bytes (length < 1: nothing): each byte through as2eb
+ * (wztxatoe, zas2eb) or eb2as (wztxetoa, zeb2as). */
+XF_API void wztxatoe(uint8_t *text, int32_t length);
+XF_API void wztxetoa(uint8_t *text, int32_t length);
+XF_API void zas2eb(uint8_t *text, int32_t length);
+XF_API void zeb2as(uint8_t *text, int32_t length);
+
+/* --- Strings -----------------------------------------------------------
+ * Lengths are signed; positions count from 0; "not found" is -1. Upper-
+ * casing goes through the C library's toupper table of the current locale.
+ * A null text reads as empty. */
+
+/* Length less trailing blanks (length < 0: NUL-terminated, measured first). */
+XF_API int32_t wzstrip(const char *text, int32_t length);
+/* Upper-cases in place (length < 0: NUL-terminated). */
+XF_API void wzstrup(char *text, int32_t length);
+/* 1 when la == lb and the texts are equal ignoring case, else 0. */
+XF_API int32_t wzsteqn(const char *a, int32_t la, const char *b, int32_t lb);
+/* Position of byte (its low 8 bits) in set (set_length < 0: NUL-terminated);
+ * -1 when absent or set is NULL. */
+XF_API int32_t wzstpos(const char *set, int32_t set_length, int32_t byte);
+/* Position of the first byte of text not in set; -1 when all are or length < 1. */
+XF_API int32_t wzstver(const char *text, int32_t length, const char *set, int32_t set_length);
+/* Position of the first byte of text other than byte; -1 if none. */
+XF_API int32_t wzstnot(const char *text, int32_t length, int32_t byte);
+/* Position of the first byte of text in the NUL-terminated set; -1 if none. */
+XF_API int32_t STQX(const char *text, int32_t length, const char *set);
+/* Position of the first byte of text not in the NUL-terminated set; -1 if none. */
+XF_API int32_t STQXN(const char *text, int32_t length, const char *set);
+/* Position of the first occurrence of pattern in text (byte comparison); -1
+ * when none or the pattern is longer; an empty pattern is found at 0. */
+XF_API int32_t wzstndx(const char *text, int32_t length, const char *pattern,
+                       int32_t pattern_length);
+/* In place: each byte found at position k of from (its first occurrence)
+ * becomes to[k]; to holds at least from_length bytes. */
+XF_API void wzstrns(char *text, int32_t length, const char *to, const char *from,
+                    int32_t from_length);
+/* Removes in place every byte in set, keeping the order; returns the new
+ * length (bytes after it keep their old values). */
+XF_API int32_t wzstdel(char *text, int32_t length, const char *set, int32_t set_length);
+/* Returns its argument. */
+XF_API const char *wztxlit(const char *literal);
+
+/* --- Memory ------------------------------------------------------------
+ * Negative lengths count as 0. */
+
+/* Copies min(lengths) bytes, blank-fills the rest of target (areas must not
+ * overlap). */
+XF_API void wzstmov(const void *source, int32_t source_length, void *target, int32_t target_length);
+/* As wzstmov with overlapping areas allowed; source length 0 blank-fills the
+ * whole target. vzMP is the same routine. */
+XF_API void vzmp(const void *source, int32_t source_length, void *target, int32_t target_length);
+XF_API void vzMP(const void *source, int32_t source_length, void *target, int32_t target_length);
+/* Copies min(length, limit) bytes (no overlap). */
+XF_API void vzmi(const void *source, void *target, int32_t length, int32_t limit);
+/* Copies length bytes (no overlap). */
+XF_API void MBL_OPT(const void *source, void *target, int32_t length);
+/* Copies min(length, limit) bytes; overlapping areas are safe. Never
+ * allocates (a move, not a copy through a temporary). */
+XF_API void vzni(const void *source, void *target, int32_t length, int32_t limit);
+/* Copies length bytes; overlapping areas are safe. */
+XF_API void vznl(const void *source, void *target, int32_t length);
+/* Zero-fill min(length, limit) bytes. */
+XF_API void vzzl(void *target, int32_t length, int32_t limit);
+XF_API void vzzi(void *target, int32_t length, int32_t limit);
+/* Fill length bytes with byte (low 8 bits). */
+XF_API void vzfbl(int32_t byte, void *target, int32_t length);
+XF_API void vzftl(int32_t byte, void *target, int32_t length);
+XF_API void wzbfcl(int32_t byte, void *target, int32_t length);
+/* Fill length bytes with blanks. */
+XF_API void vzBL(void *target, int32_t length);
+XF_API void vzbtl(void *target, int32_t length);
+/* 1 when every byte of text equals byte (also for an empty text), else 0. */
+XF_API int32_t vzabl(int32_t byte, const void *text, int32_t length);
+XF_API int32_t ATL(int32_t byte, const void *text, int32_t length);
+/* Position of the first byte differing from byte; -1 if none. */
+XF_API int32_t vzsntl(const void *text, int32_t length, int32_t byte);
+/* Reverses length bytes in place (length < 2: nothing). */
+XF_API void vzbytrv(void *area, int32_t length);
+/* The first length (1-8) bytes of a big-endian double at area become a key
+ * that sorts as unsigned bytes: sign bit set when non-negative, every bit
+ * complemented when negative; then the bytes are reversed (vzbytrv). */
+XF_API void wzcsdbl(void *area, int32_t length);
+/* Stores value big-endian (two's complement, sign-extended) into length
+ * (1-8) bytes. For length 2 the value is first clamped to -32768..32767
+ * and 8193 is returned when it had to be; otherwise returns 0. */
+XF_API int32_t wzctint(int32_t value, void *area, int32_t length);
+/* Stores the first length (0-8) bytes of value's bit pattern, most
+ * significant byte first (the big-endian form wzcsdbl reads). */
+XF_API void wzctdbl(void *area, int32_t length, double value);
+/* The smaller and larger of two integers. Exported C names: C++ code of the
+ * library and its tests always writes std::min and std::max qualified. */
+XF_API int32_t min(int32_t a, int32_t b);
+XF_API int32_t max(int32_t a, int32_t b);
+
+/* --- Clock and process -------------------------------------------------- */
+
+/* Today's local date: month 1-12, day 1-31, four-digit year. */
+XF_API void wzdate(int32_t *month, int32_t *day, int32_t *year);
+/* The local time of day; seconds carry the fraction of the current second. */
+XF_API void wztime(int32_t *hour, int32_t *minute, double *seconds);
+/* Seconds since 1970-01-01 00:00:00 UTC with microseconds. */
+XF_API double vtutod(void);
+/* Stores the C library's time-zone offset (seconds west of UTC), less 3600
+ * when daylight saving time is in force now. */
+XF_API void hztz(int32_t *offset);
+/* Ends the process with status 0. */
+XF_API void vacrash(void);
+/* Does nothing. */
+XF_API void vaterm(void);
+
 /* ======================================================================
  * Numeric output formats
  * ====================================================================== */
@@ -306,6 +456,224 @@ XF_API void setfptr(void *header, xf_user_handle *handle);
 /* ======================================================================
  * Text and encodings
  * ====================================================================== */
+
+/* Result codes of the text routines. */
+#define XF_TX_OUTPUT_SMALL    0x803FE807u /* destination too small */
+#define XF_TX_BAD_LEAD        0x803FE808u /* invalid UTF-8 lead byte (or unpaired surrogate) */
+#define XF_TX_CUT_OFF         0x803FE814u /* sequence cut off by the end of the input */
+
+/* Encoding ids used by the text routines (the ids of EncnameToID). */
+#define XF_ENC_UTF8           20u
+#define XF_ENC_UTF32BE        26u
+#define XF_ENC_UTF32LE        27u
+#define XF_ENC_ASCII          28u
+#define XF_ENC_ISO_ARABIC     34u
+#define XF_ENC_ISO_HEBREW     36u
+#define XF_ENC_WIN_LATIN1     62u
+#define XF_ENC_WIN_HEBREW     65u
+#define XF_ENC_WIN_ARABIC     66u
+
+/* UTF-8 tables, indexed by a byte (utf8_mask by sequence length 1-6, entry 0
+ * unused). bytesFromUTF8: 1 for 0x00-0xBF, 2-6 by lead byte. valid_1st_utf8:
+ * 1 for 0x00-0x7F and 0xC2-0xF4. valid_2nd_utf8: 1 for 0x80-0xBF. */
+XF_API extern const uint8_t bytesFromUTF8[256];
+XF_API extern const uint8_t valid_1st_utf8[256];
+XF_API extern const uint8_t valid_2nd_utf8[256];
+XF_API extern const uint8_t utf8_mask[7];
+
+/* Single-byte code pages, byte -> UTF-16 code unit; unassigned bytes are
+ * U+FFFD, except the five holes of wlt1unic (0x81 0x8D 0x8F 0x90 0x9D), which
+ * are the C1 controls of the same value. */
+XF_API extern const uint16_t arabunic[256];  /* ISO Arabic, id 34 */
+XF_API extern const uint16_t waraunic[256];  /* Windows Arabic, id 66 */
+XF_API extern const uint16_t hebrunic[256];  /* ISO Hebrew, id 36 */
+XF_API extern const uint16_t whebunic[256];  /* Windows Hebrew, id 65 */
+XF_API extern const uint16_t ansiunic[256];  /* ASCII: 0x80-0xFF are U+FFFD */
+XF_API extern const uint16_t wlt1unic[256];  /* Windows Latin 1 */
+
+/* One-character decoder: reads at most avail bytes at src, stores the code
+ * point and the bytes used; returns 0 or an XF_TX_* code. */
+typedef uint32_t (*xf_tx_decoder)(const uint8_t *src, uint32_t avail, uint32_t *code_point,
+                                  uint32_t *used);
+/* One-character storer: writes code_point into at most space bytes at dst and
+ * stores the bytes written (0 on failure); returns 0 or an XF_TX_* code. */
+typedef uint32_t (*xf_tx_storer)(uint32_t code_point, uint8_t *dst, uint32_t space,
+                                 uint32_t *written);
+
+/* Decodes one UTF-8 character (an xf_tx_decoder). avail 0 gives U+FFFD, 0 bytes
+ * used and XF_TX_CUT_OFF. A valid lead with too few bytes: all bytes used,
+ * U+FFFD, XF_TX_CUT_OFF. An invalid lead: it and up to n-1 following
+ * continuation bytes used, U+FFFD, XF_TX_BAD_LEAD. Continuation bytes after a
+ * valid lead are not checked (see isLegalUTF8). */
+XF_API uint32_t UTF8_UTF32(const uint8_t *src, uint32_t avail, uint32_t *code_point,
+                           uint32_t *used);
+/* Encodes one code point as UTF-8 in 1-4 bytes (an xf_tx_storer); surrogates
+ * and values above U+10FFFF are encoded without objection. Too little space:
+ * nothing written, XF_TX_OUTPUT_SMALL. */
+XF_API uint32_t UTF32_UTF8(uint32_t code_point, uint8_t *dst, uint32_t space, uint32_t *written);
+/* Checks one UTF-8 sequence of length bytes: 1 legal, 0 not. *bad_pos is set
+ * to length, or to the index of the first byte after the lead that is not a
+ * continuation byte (a bad second byte for its lead leaves it at length).
+ * Lengths outside 1-4 are accepted unchecked; nothing limits the second byte
+ * after 0xF4, so sequences beyond U+10FFFF pass. */
+XF_API int32_t isLegalUTF8(const uint8_t *seq, int32_t length, int32_t *bad_pos);
+/* Stores one code point as four bytes, big-endian (COPY_UTF32) or
+ * little-endian (COPY_UTF32_SWAP) (xf_tx_storer). Less than four bytes of
+ * space: nothing stored, *written 0, XF_TX_OUTPUT_SMALL. */
+XF_API uint32_t COPY_UTF32(uint32_t code_point, uint8_t *dst, uint32_t space, uint32_t *written);
+XF_API uint32_t COPY_UTF32_SWAP(uint32_t code_point, uint8_t *dst, uint32_t space,
+                                uint32_t *written);
+
+/* Decodes one character of UTF-16 (big-endian; _SWAP: little-endian) into a
+ * code point (xf_tx_decoder). A surrogate pair gives one code point from four
+ * bytes. Fewer than 2 bytes, or a high surrogate whose partner is cut off: all
+ * bytes used, U+FFFD, XF_TX_CUT_OFF. An unpaired surrogate: 2 bytes used,
+ * U+FFFD, XF_TX_BAD_LEAD. */
+XF_API uint32_t UTF16_UTF32(const uint8_t *src, uint32_t avail, uint32_t *code_point,
+                            uint32_t *used);
+XF_API uint32_t UTF16_UTF32_SWAP(const uint8_t *src, uint32_t avail, uint32_t *code_point,
+                                 uint32_t *used);
+/* Encodes one code point as UTF-16 (big-endian; _SWAP: little-endian), 2 bytes
+ * or a 4-byte surrogate pair above U+FFFF (xf_tx_storer). A lone surrogate
+ * value is stored as one unit. Above U+10FFFF: nothing written,
+ * XF_TX_BAD_LEAD. Too little space: nothing written, XF_TX_OUTPUT_SMALL. */
+XF_API uint32_t UTF32_UTF16(uint32_t code_point, uint8_t *dst, uint32_t space, uint32_t *written);
+XF_API uint32_t UTF32_UTF16_SWAP(uint32_t code_point, uint8_t *dst, uint32_t space,
+                                 uint32_t *written);
+/* Whole text: UTF-32 (big-endian; _SWAP: little-endian) at src, src_len
+ * bytes, to UTF-16 of the same byte order at dst (capacity bytes); *out_len
+ * gets the bytes written. Same results as ConvertFromUTF32. */
+XF_API uint32_t UTF32_UTF16s(const uint8_t *src, uint32_t src_len, uint8_t *dst,
+                             uint32_t capacity, uint32_t *out_len);
+XF_API uint32_t UTF32_UTF16s_SWAP(const uint8_t *src, uint32_t src_len, uint8_t *dst,
+                                  uint32_t capacity, uint32_t *out_len);
+
+/* Driver: decodes characters of src (src_len bytes) and stores each code
+ * point through store, four bytes each, while fewer than capacity / 4 code
+ * points are stored and source remains; stops at the first non-zero decoder
+ * or storer result and returns it (0 when all went well). *out_len = 4 x the
+ * code points stored. Empty source: *out_len 0, result 0. */
+XF_API uint32_t ConvertToUTF32(const uint8_t *src, uint32_t src_len, uint8_t *dst,
+                               uint32_t capacity, uint32_t *out_len, xf_tx_decoder decode,
+                               xf_tx_storer store);
+/* Single-byte code page text (encoding id: 34 arabunic, 66 waraunic, 36
+ * hebrunic, 65 whebunic, any other ansiunic) to UTF-32 in the byte order of
+ * target_id (24 and 26 big-endian, any other little-endian), one code point
+ * per byte while capacity remains (the rest is dropped); *out_len = bytes
+ * written. Always returns 0. */
+XF_API uint32_t ConvertOSToUTF32(uint32_t encoding_id, uint32_t target_id, const uint8_t *src,
+                                 uint32_t src_len, uint8_t *dst, uint32_t capacity,
+                                 uint32_t *out_len);
+/* Reverse driver: reads UTF-32 code points from src (src_len bytes;
+ * big_endian nonzero: big-endian, else little-endian) and stores each through
+ * store into dst (capacity bytes). Stops at the first storer failure
+ * (XF_TX_OUTPUT_SMALL when the destination is full) and returns it; a
+ * trailing group of 1-3 bytes gives XF_TX_CUT_OFF. *out_len = bytes
+ * written. */
+XF_API uint32_t ConvertFromUTF32(const uint8_t *src, uint32_t src_len, int32_t big_endian,
+                                 uint8_t *dst, uint32_t capacity, uint32_t *out_len,
+                                 xf_tx_storer store);
+/* Reverse of ConvertOSToUTF32: UTF-32 in the byte order of source_id (24 and
+ * 26 big-endian, any other little-endian) to the single-byte code page of
+ * encoding_id (tables as ConvertOSToUTF32). A code point the page lacks
+ * becomes '?' (0x3F). Returns 0, XF_TX_OUTPUT_SMALL when the destination
+ * fills before the source ends, XF_TX_CUT_OFF for a trailing partial group;
+ * *out_len = bytes written. */
+XF_API uint32_t ConvertOSFromUTF32(uint32_t encoding_id, uint32_t source_id, const uint8_t *src,
+                                   uint32_t src_len, uint8_t *dst, uint32_t capacity,
+                                   uint32_t *out_len);
+
+/* UTF-16 code units (native byte order, src_len_bytes bytes; an odd last byte
+ * is ignored; surrogates are encoded as single units) to UTF-8: 1 byte below
+ * 0x80, 2 below 0x800, else 3. Returns 0, or 2 when the next character does
+ * not fit dst_capacity (what fits is written). *chars_done = units
+ * converted, *bytes_written = bytes written. */
+XF_API uint32_t UNICODEToUTF8(const uint16_t *src, uint32_t src_len_bytes, uint8_t *dst,
+                              uint32_t dst_capacity, uint32_t *chars_done,
+                              uint32_t *bytes_written);
+/* UTF-8 (src_len bytes) to UTF-16 code units, one unit per character (code
+ * points above U+FFFF are truncated to 16 bits; invalid bytes are decoded
+ * leniently, never rejected). Returns 0; 1 when a sequence runs past the end
+ * of the source; 2 when dst_capacity_bytes is full before the source ends.
+ * *chars = units stored, *bytes_written = 2 x *chars. */
+XF_API uint32_t UTF8ToUNICODE(const uint8_t *src, uint32_t src_len, uint16_t *dst,
+                              uint32_t dst_capacity_bytes,
+                              uint32_t *chars, uint32_t *bytes_written);
+/* Latin-1 bytes (src_len) to UTF-16 units, each byte its own code point.
+ * Returns 0, or 2 when dst_capacity_units is too small: the units that fit
+ * are written. *units_written = units written. */
+XF_API uint32_t LATIN1ToUNICODE(const uint8_t *src, uint32_t src_len, uint16_t *dst,
+                                uint32_t dst_capacity_units, uint32_t *units_written);
+
+/* How many characters of a text fit a field of width positions, by encoding:
+ * 24/25 (UTF-16): min(width / 2, characters); 26/27 (UTF-32): min(width / 4,
+ * characters); the double-byte East Asian ids (117-160, 165-169, 172, 205,
+ * 206): text holds characters 16-bit units, each 2 positions when its high
+ * byte is non-zero or its low byte is 0x80 or more, else 1; the result is
+ * the characters taken before the positions reach width (width < 1: 0).
+ * 20 (UTF-8): text holds characters bytes of UTF-8; the result counts
+ * characters (lead bytes), each one position: min(width, characters in the
+ * text), never a byte count. Any other id: min(characters, width). A null
+ * text counts as empty where the text is read. Negative results never. */
+XF_API int32_t getUnicodeWidthFromNarrow(uint32_t encoding_id, const void *text,
+                                         int32_t characters, int32_t width);
+/* Number of characters in length bytes of text in an encoding: 20 UTF-8
+ * (sequences, a cut-off one counting 1), 24/25 UTF-16 (units, a surrogate
+ * pair counting 1), 26/27 UTF-32 (length / 4), any other id one per byte.
+ * length < 1 or a null text: 0. */
+XF_API int32_t NLSNUMCHAR(uint32_t encoding_id, const uint8_t *text, int32_t length);
+/* Lower-case (LOWCASE) or upper-case (UPCASE) units UTF-16 code units in
+ * place with the simple one-to-one mappings of Basic Latin, Latin-1,
+ * Latin Extended-A, Greek, Cyrillic, Armenian and full-width Latin; other
+ * units are left alone. Returns 0. */
+XF_API uint32_t LOWCASE(uint16_t *text, uint32_t units);
+XF_API uint32_t UPCASE(uint16_t *text, uint32_t units);
+/* Transcodes src_len bytes from encoding from_id to encoding to_id into dst
+ * (capacity bytes). Unicode ids: 20 UTF-8, 24/25 UTF-16 BE/LE (surrogate
+ * pairs), 26/27 UTF-32 BE/LE; any other id is a single-byte code page chosen
+ * as in ConvertOSToUTF32, where a code point the page lacks becomes '?'.
+ * Whole characters only: returns 0; XF_TX_OUTPUT_SMALL when the next
+ * character does not fit (what fits is written); XF_TX_CUT_OFF or
+ * XF_TX_BAD_LEAD at the first bad input character (characters before it are
+ * written). *out_len = bytes written; *src_used = source bytes consumed. */
+XF_API uint32_t sanlsTranscodeUnicode(uint32_t from_id, const uint8_t *src, uint32_t src_len,
+                                      uint32_t to_id, uint8_t *dst, uint32_t capacity,
+                                      uint32_t *out_len, uint32_t *src_used);
+
+/* Base64 (RFC 4648 alphabet, "=" padding). base64tab: the 64 characters and
+ * a NUL. base64idx: byte -> 6-bit value, 255 for bytes outside the alphabet. */
+XF_API extern const char base64tab[65];
+XF_API extern const uint8_t base64idx[256];
+
+/* Encodes count bytes of in into out (capacity bytes). Needs
+ * ((count + 2) / 3) * 4 bytes, with line_breaks nonzero that plus that / 76
+ * plus 2: a line feed after every 76 characters, a final line feed (counted)
+ * and a NUL (not counted). Returns 0 with *out_len set, or -1 (nothing
+ * written) when a pointer is null, count or capacity is negative or the
+ * capacity is too small. */
+XF_API int32_t encode_base64(const uint8_t *in, int32_t count, char *out, int32_t capacity,
+                             uint32_t *out_len, int32_t line_breaks);
+/* Decodes length characters of Base64 text into out (capacity bytes).
+ * CR, LF, blank and tab are skipped; "=" ends the data (what follows it is
+ * not read); a final group of 2
+ * or 3 characters gives 1 or 2 bytes. Returns:
+ *    0  success, *out_len bytes decoded;
+ *   -1  a null pointer (*out_len untouched when out_len is null);
+ *   -2  a character outside the alphabet (and not skipped as above) was met:
+ *       it was skipped and decoding went on; *out_len bytes decoded;
+ *   -3  the output is too small: the bytes that fit are written, *out_len
+ *       says how many, decoding stopped (checked before -2);
+ *   -4  the data ended with a lone character (6 bits, no whole byte): the
+ *       bytes before it are decoded (checked before -2).
+ * length < 1 gives *out_len 0 and 0. Never writes past capacity. */
+XF_API int32_t decode_base64(const char *in, int32_t length, uint8_t *out, int32_t capacity,
+                             uint32_t *out_len);
+
+/* $BASE64X (module JAZWFMSC): the character value as Base64 without line
+ * breaks in the first min(w, capacity) positions, blank-filled after the
+ * encoding; an encoding longer than that leaves the field blank from the
+ * output length held on entry. Output length min(w, capacity). Returns 0. */
+XF_API xf_status zfmb64x(xf_frame *frame);
 
 #ifdef __cplusplus
 } /* extern "C" */
