@@ -46,6 +46,7 @@ typedef uint32_t xf_status;
 #define XF_NL_DECIMALS_LOW    41u         /* national formats: decimals below 0 */
 #define XF_NL_DECIMALS_HIGH   42u         /* national formats: decimals above the maximum */
 #define XF_E_NOT_BUILT        0x8001D801u /* the conversion has no routine in this library */
+#define XF_E_NULL_ARGUMENT    0x8001D802u /* xffmt: the frame or the handle is NULL */
 #define XF_E_DATE_RANGE       0x8001D815u /* date or time outside the valid range: field of '*' */
 #define XF_E_HOURS_RANGE      0x8001D81Au /* TIME: hours beyond 2^53: field of '*' */
 #define XF_E_CAPACITY         0x8001D826u /* width larger than the output capacity */
@@ -193,6 +194,42 @@ XF_API xf_status xfdel  (void *handle);
 XF_API void *xfmalloc(void **chain, uint64_t size);
 /* Does nothing: chains are freed as a whole by xfdel. */
 XF_API void xffree(void *block);
+
+/* Number of significant bytes of a text: length less its trailing blanks
+ * (0 for an all-blank text); a length of 0 or less is returned as given. */
+XF_API int32_t zstrip(const char *text, int32_t length);
+
+/* --- Intrinsic pseudo-formats ------------------------------------------ */
+
+/* The static resolved rows of the three intrinsic names, outside every
+ * module: kind byte blank, module name length 1. crashfmt is
+ * "_C_R_A_S_H_"; ver_num[0] is "INTRINSIC-CRDATE", ver_num[1] is
+ * "$IS-INTRINSIC". Resolution hands out their addresses: never xfdel them. */
+XF_API extern const fmtposs_row crashfmt;
+XF_API extern const fmtposs_row ver_num[2];
+
+/* "_C_R_A_S_H_": writes "X" (when the capacity allows), output length 1; 0. */
+XF_API xf_status zfmcrash(xf_frame *frame);
+/* "INTRINSIC-CRDATE": the build stamp "Apr 18 2019 13:09:42" cut to
+ * min(w, 20, capacity) bytes, which is the output length; returns 0. */
+XF_API xf_status zfmvernum(xf_frame *frame);
+/* Hands back the build date ("Apr 18 2019") and time ("13:09:42") as
+ * NUL-terminated static texts; either pointer may be NULL. */
+XF_API void get_date_time(const char **date, const char **time);
+/* "$IS-INTRINSIC": reads at most the first 32 bytes of the input (UTF-16
+ * input, encodings 24 and 25, is narrowed first), drops trailing blanks,
+ * upper-cases, and writes "YES" or "NO " (3 bytes, fewer only when the
+ * capacity is smaller; output encoding 0): YES for F, $, $F, every catalogued
+ * format name (not the separators, not the informats) and the texts
+ * $IS-INTRINSIC, $FMT-META, INTRINSIC-CRDATE, $UFMT-CRDATE. Returns 0. */
+XF_API xf_status zfmintrns(xf_frame *frame);
+
+/* --- Character output --------------------------------------------------- */
+
+/* $CHARw. (also "$", "$F"): the input bytes left-aligned in w positions,
+ * blank padded, cut at w. Writes min(w, capacity) bytes, which is the output
+ * length; returns XF_E_CAPACITY when w exceeds the capacity, else 0. */
+XF_API xf_status zfmchar(xf_frame *frame);
 
 /* --- Catalog tables (constant data) ----------------------------------- */
 
@@ -380,9 +417,251 @@ XF_API void vaterm(void);
  * Numeric output formats
  * ====================================================================== */
 
+/* Rounding addends: zpowten[d] = 0.5 * 10^-d for d = 0..31. */
+XF_API extern const double zpowten[32];
+
+/* F w.d, the plain-number printer every other conversion falls back on.
+ * Reads w, d (0-31 fixed decimals; 99 best; 98 three significant digits;
+ * 80-89 code-80 significant digits; -999 E notation; other negatives E with
+ * the decimals implied by w) and the double at input. Writes the number
+ * right-justified in w positions (the output length is w): fewer decimals
+ * when the integral digits need the room (status 2), E notation when even
+ * that fails, else w '*' and 0x8001D827. w < 1: 0x8001D827, nothing written.
+ * w > 32: frame->width becomes 32 and 32 '*' are written. Missing values:
+ * the standard display, status 0. w above the capacity: the field is cut to
+ * the capacity, status 0x8001D826. */
+XF_API xf_status zfmt(xf_frame *frame);
+/* The same routine under a second entry name. */
+XF_API xf_status zfmn(xf_frame *frame);
+/* BEST w.: zfmt with decimals code 99 (as many significant digits as fit). */
+XF_API xf_status zfmb(xf_frame *frame);
+/* BESTX w.: BEST; w above 32 prints 32 positions and blanks after them up to
+ * min(w, capacity) (the output length stays that of the 32-wide field). */
+XF_API xf_status zfmbx(xf_frame *frame);
+/* E w.: zfmt with decimals code -999 (E notation, w - 7 decimals). */
+XF_API xf_status zfmexp(xf_frame *frame);
+/* D w.d: d significant digits (code 80 + d; d above 9 counts as best);
+ * "." is placed in the last position before the inner call. */
+XF_API xf_status zfmd(xf_frame *frame);
+/* Z w.d: F w.d with leading zeros ("-01.50", "000042"); status 0 once padded. */
+XF_API xf_status zfmz(xf_frame *frame);
+
+/* E form of |magnitude| right-justified in width positions at out (width
+ * <= capacity, width <= 64): decimals 99 as many digits as fit with trailing
+ * zeros dropped, -k or k: k decimals (fewer when they do not fit). Returns
+ * the length of the text written after the blanks, or -1 (nothing written)
+ * when it does not fit or the magnitude is not finite. */
+XF_API int32_t fmte(double magnitude, int32_t width, int32_t decimals, char *out,
+                    uint32_t capacity);
+/* Decimals that show |magnitude| with digits significant digits in width
+ * positions of the fixed layout, or -999 when only E notation can. */
+XF_API int32_t zfmtd(double magnitude, int32_t width, int32_t digits);
+
+/* COMMA w.d: zfmt's text with "," between groups of three integral digits
+ * when the longer text fits w; otherwise zfmt's text unchanged (status 0).
+ * zfmt's nonzero statuses pass through; 0x8001D826 when the grouped text
+ * fits w but not the capacity. Missing values: the standard display. */
+XF_API xf_status zfmcma(xf_frame *frame);
+/* The other punctuated formats lay the number out as F w.d, then add their
+ * marks when they fit w, dropping the alignment blank, then the groups, then
+ * the currency sign before keeping the plain text (stars only when that does
+ * not fit). Statuses as zfmt (2 for reduced decimals, 0x8001D827 stars,
+ * 0x8001D826 cut to the capacity); missing values: the standard display.
+ *   COMMAX   1.234.567,89      period groups, comma decimal mark
+ *   DOLLAR   $1,234.56  -$1,234.56
+ *   DOLLARX  $1.234,56  -$1.234,56
+ *   EURO     0x80 then 1,234.56 (0x80 is the euro sign in Windows-1252)
+ *   EUROX    0x80 then 1.234,56
+ *   YEN      0xA5 then 1,234 (0xA5 is the yen sign in Windows-1252)
+ *   NEGPAREN (1,234.56) for a negative value, "1,234.56 " for a positive one
+ *   PERCENT  value x 100: "(12.5%)" negative, " 12.5% " positive
+ *   PERCENTN value x 100: "-12.5%" */
+XF_API xf_status zfmcmax(xf_frame *frame);
+XF_API xf_status zfmdlr(xf_frame *frame);
+XF_API xf_status zfmdlrx(xf_frame *frame);
+XF_API xf_status zfmeuro(xf_frame *frame);
+XF_API xf_status zfmerx(xf_frame *frame);
+XF_API xf_status zfmyen(xf_frame *frame);
+XF_API xf_status zfmnprn(xf_frame *frame);
+XF_API xf_status zfmpct(xf_frame *frame);
+XF_API xf_status pctn(xf_frame *frame);
+
 /* ======================================================================
  * Dates and times
  * ====================================================================== */
+
+/* Date values count days from 1960-01-01 (valid: -138061 = 1582-01-01 up to
+ * 6589335 = 20000-12-31); datetimes count seconds from 1960-01-01 00:00:00
+ * (valid: -11928470400 up to 569318630400 exclusive); times count seconds
+ * from midnight. A Julian value is year x 1000 + day of year. Years are
+ * leap by 4/100/400 except multiples of 4000, which are not; a year 0..99
+ * given to the Julian routines means 2000..2049 (0..49) or 1950..1999.
+ * The calendar routines are pure and thread-safe; where they cannot answer
+ * they return the ordinary missing value (bits 0xFFFFFE0000000000). */
+
+/* Month lengths, January first, February 0 (its length is 28 + leap). */
+XF_API extern const int32_t dpm[12];
+/* Month lengths indexed 1..12 (entry 0 is 0), February 28. */
+XF_API extern const int32_t daysinmonth[13];
+/* "January".."December", "JAN".."DEC", "Sunday".."Saturday" (31 strings). */
+XF_API extern const char *const datestgs[31];
+/* "January".."December" and "Sunday".."Saturday". */
+XF_API extern const char *const months[12];
+XF_API extern const char *const weekdays[7];
+/* Japanese eras: rows of {first day as a date value, Gregorian start year},
+ * Meiji, Taisho, Showa, Heisei, Reiwa, then a zero row. */
+XF_API extern const double reigns[6][2];
+/* " MTSHR ": letters[i] (1..5) is the letter of era row i - 1. */
+XF_API extern const char letters[8];
+
+/* Julian value of a year/month/day (truncated); missing when invalid. */
+XF_API double zjulymd(double year, double month, double day);
+/* Date value of a Julian value (day of year 0 = last day of the previous
+ * year); missing when invalid. */
+XF_API double zdatjul(double julian);
+/* Year (four digits), month, day of a Julian value; all three missing when
+ * invalid. Returns 0. */
+XF_API int32_t zymdjul(double *year, double *month, double *day, double julian);
+/* Julian value of a date (floored); a missing date is returned as it is, a
+ * date out of range gives missing. */
+XF_API double zjuldat(double date);
+/* Date value of month/day/year; missing when invalid. */
+XF_API double zmdy(double month, double day, double year);
+/* Year, month 1-12, day 1-31 and quarter 1-4 of a date; missing passes through. */
+XF_API double zyear(double date);
+XF_API double zmonth(double date);
+XF_API double zday(double date);
+XF_API double zqtr(double date);
+/* Weekday 1 = Sunday .. 7 = Saturday; before 1600-01-02 the result runs
+ * from -5 to 1 (kept so for compatibility). Missing when missing or out of range. */
+XF_API double zwekday(double date);
+/* Stores the month, day and year of a date and returns the month; a missing
+ * or out-of-range date stores 0 in all three and returns 0. */
+XF_API int32_t getMonthDayYear(int32_t *month, int32_t *day, int32_t *year, double date);
+/* Days in a month (months above 12 taken modulo 12, multiples of 12 give 31;
+ * below 1 gives 0). February: 29 when the year is divisible by 4 and lies in
+ * 1901..2099, otherwise only when divisible by 400 and not by 4000. */
+XF_API double get_lastday(int32_t month, int32_t year);
+/* second + (hour x 60 + minute) x 60; missing if any argument is missing. */
+XF_API double zhms(double hour, double minute, double second);
+/* Datetime of a date and a time of day; missing when the date is missing or
+ * out of range or the time is missing. */
+XF_API double zdhms(double date, double hour, double minute, double second);
+/* Date part (floor(dt / 86400)) and time of day (0 <= t < 86400, fraction
+ * kept) of a datetime; missing when missing or out of the datetime range. */
+XF_API double zdatprt(double dt);
+XF_API double ztimprt(double dt);
+/* Hour 0-23, minute 0-59 and second 0 <= s < 60 of a datetime or time value
+ * (negative values count back from midnight); missing when missing. */
+XF_API double zhour(double v);
+XF_API double zminute(double v);
+XF_API double zsecond(double v);
+/* Range guard of the date and time formats. kind 1 date, 2 and 3 datetime
+ * or time range, others no test. Returns 0 when the value may be formatted,
+ * 1 when out of range (width filled with '*', output length set), 2 when
+ * missing (the missing display written). */
+XF_API int32_t zdatrng(xf_frame *frame, int32_t kind);
+/* Week-based year, week and weekday of a date by rule *rule: 'U' (weeks
+ * from Sunday, week 0 before the first Sunday, weekday 1 = Sunday), 'W'
+ * (from Monday, weekday 1 = Monday), 'V' (ISO 8601 week date). Outputs start
+ * at -1 (all stay so for a missing or out-of-range date). Returns 0. */
+XF_API int32_t get_yywwdd(const char *rule, int32_t ignored, double *year, double *week,
+                          double *weekday, double date);
+/* Days from m1/d1/y1 to m2/d2/y2 and their actual/actual year fraction
+ * (days in leap years / 366 + days in other years / 365, leap by 4/100/400).
+ * A first date later than the second gives negative results. */
+XF_API void diff_actact(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2,
+                        int64_t *days, double *year_fraction);
+/* Writes the week text of a date by rule into out: *width 0-2 "ww", 3-4
+ * "Www", 5-6 "yyWww", 7-8 "yyWwwdd", 9-10 "yyyyWwwdd", 11 and more
+ * "yyyy-Www-dd"; blank-fills *width bytes first, writes from the left and
+ * stores the layout's width in *width. out must hold max(*width, 11) bytes.
+ * A missing or out-of-range date gives '*' in the layout's positions. */
+XF_API void zkfweek(char *out, int32_t *width, const char *rule, int32_t ignored, double date);
+/* Writes |value| right-aligned in exactly digits characters (higher digits
+ * dropped). fill '0' keeps leading zeros, another fill replaces them (the
+ * last digit stays), fill 0 first sets digits to the count the value needs.
+ * Returns the digit count (at most 20). */
+XF_API int32_t i2s(int64_t value, char *out, int32_t digits, char fill);
+
+/* Date layouts of the numeric families. zfmcymd stores year, month, day of
+ * a date (returns 1, or -1 when the date or a part is missing). zfmcprt
+ * writes three fields in width characters at output with the separator (0
+ * for none): fields above 99 in four digits, others in two. */
+XF_API int32_t zfmcymd(double *year, double *month, double *day, double date);
+XF_API void zfmcprt(int32_t width, char separator, char *output, int32_t left, int32_t middle,
+                    int32_t right);
+/* Common writers of the two-field families with their separator (0 none). */
+XF_API xf_status zfmdlmy(xf_frame *frame, char separator);
+XF_API xf_status zfmdlym(xf_frame *frame, char separator);
+XF_API xf_status zfmdlqy(xf_frame *frame, char separator);
+XF_API xf_status zfmdlyq(xf_frame *frame, char separator);
+
+/* Date formats (xf_routine): the value is a date; out-of-range dates give a
+ * field of '*' and XF_E_DATE_RANGE, missing values the missing display and
+ * XF_OK; a width above the output capacity gives XF_E_CAPACITY with nothing
+ * written. */
+XF_API xf_status zfmdmy(xf_frame *frame);
+XF_API xf_status zfmdmyb(xf_frame *frame);
+XF_API xf_status zfmdmyc(xf_frame *frame);
+XF_API xf_status zfmdmyd(xf_frame *frame);
+XF_API xf_status zfmdmyn(xf_frame *frame);
+XF_API xf_status zfmdmyp(xf_frame *frame);
+XF_API xf_status zfmmdy(xf_frame *frame);
+XF_API xf_status zfmmdyb(xf_frame *frame);
+XF_API xf_status zfmmdyc(xf_frame *frame);
+XF_API xf_status zfmmdyd(xf_frame *frame);
+XF_API xf_status zfmmdyn(xf_frame *frame);
+XF_API xf_status zfmmdyp(xf_frame *frame);
+XF_API xf_status zfmymd(xf_frame *frame);
+XF_API xf_status zfmymdb(xf_frame *frame);
+XF_API xf_status zfmymdc(xf_frame *frame);
+XF_API xf_status zfmymdn(xf_frame *frame);
+XF_API xf_status zfmymdp(xf_frame *frame);
+XF_API xf_status zfmymds(xf_frame *frame);
+XF_API xf_status zfmmmy(xf_frame *frame);
+XF_API xf_status zfmmmyc(xf_frame *frame);
+XF_API xf_status zfmmmyd(xf_frame *frame);
+XF_API xf_status zfmmmyn(xf_frame *frame);
+XF_API xf_status zfmmmyp(xf_frame *frame);
+XF_API xf_status zfmmmys(xf_frame *frame);
+XF_API xf_status zfmyym(xf_frame *frame);
+XF_API xf_status zfmyymc(xf_frame *frame);
+XF_API xf_status zfmyymd(xf_frame *frame);
+XF_API xf_status zfmyymn(xf_frame *frame);
+XF_API xf_status zfmyymp(xf_frame *frame);
+XF_API xf_status zfmyyms(xf_frame *frame);
+XF_API xf_status zfmyyq(xf_frame *frame);
+XF_API xf_status zfmyyqc(xf_frame *frame);
+XF_API xf_status zfmyyqd(xf_frame *frame);
+XF_API xf_status zfmyyqn(xf_frame *frame);
+XF_API xf_status zfmyyqp(xf_frame *frame);
+XF_API xf_status zfmyyqs(xf_frame *frame);
+XF_API xf_status zfmyyqr(xf_frame *frame);
+XF_API xf_status zfmyqrc(xf_frame *frame);
+XF_API xf_status zfmyqrd(xf_frame *frame);
+XF_API xf_status zfmyqrn(xf_frame *frame);
+XF_API xf_status zfmyqrp(xf_frame *frame);
+XF_API xf_status zfmyqrs(xf_frame *frame);
+/* DATE, MONYY, DAY, MONTH, YEAR (stars with XF_OK out of range), QTR, QTRR,
+ * WEEKDAY, JULIAN and JULDATE, JULDAY, NENGO (stars with XF_OK before
+ * 1868-04-06). */
+XF_API xf_status zfmdate(xf_frame *frame);
+XF_API xf_status zfmmony(xf_frame *frame);
+XF_API xf_status zfmday(xf_frame *frame);
+XF_API xf_status zfmmont(xf_frame *frame);
+XF_API xf_status zfmyear(xf_frame *frame);
+XF_API xf_status zfmqtr(xf_frame *frame);
+XF_API xf_status zfmqtrr(xf_frame *frame);
+XF_API xf_status zfmweek(xf_frame *frame);
+XF_API xf_status zfmjul(xf_frame *frame);
+XF_API xf_status zfmjuld(xf_frame *frame);
+XF_API xf_status zfmneng(xf_frame *frame);
+/* TIME w.d: elapsed hours (no wrap at 24), minutes and seconds with d
+ * decimals where they fit; parts that do not fit are dropped from the
+ * right. Out of the datetime range: '*' and XF_E_DATE_RANGE; hours beyond
+ * 2^53: '*' and XF_E_HOURS_RANGE; width below the hours: '*' and XF_OK. */
+XF_API xf_status zfmtime(xf_frame *frame);
 
 /* ======================================================================
  * Informats
@@ -452,6 +731,72 @@ XF_API void setfptr(void *header, xf_user_handle *handle);
 /* ======================================================================
  * National language
  * ====================================================================== */
+
+/* --- Locale database ---------------------------------------------------- */
+
+/* One text field of a locale record: length bytes at text (not terminated;
+ * length 0 and text NULL when absent). Characters outside ASCII are written
+ * as seven-character escapes "<U00A0>". */
+typedef struct zav_locale_field {
+    uint32_t    length;
+    const char *text;
+} zav_locale_field;
+
+/* The 136 locale records of 189 fields each; locale id k is row k-1.
+ * Constant, shared by all threads. */
+XF_API extern const zav_locale_field ZAVlocaleData[136][189];
+
+/* Zero-fills capacity bytes at dest, selects the record of locale_id (1-136)
+ * or, for any other id, the first record whose language and country codes
+ * match positions 0-1 and 3-4 of ZAV_LOCALE (case-insensitive; "en_US" when
+ * unset), and copies field (0-188, not range-checked) into dest. Returns the
+ * field's length (0 when empty), or -1 when no record matches or the field
+ * is longer than capacity (dest then stays all zero). Reads the environment
+ * on every call; never allocates. */
+XF_API int getZAVLocDB(char *dest, int capacity, int field, int locale_id);
+
+/* Locale-code table: 79 buckets of {key, id}; keys are five upper-case
+ * characters "LL_CC". Bucket b holds the keys whose hash
+ * (((c0 + 12573) * 33 + c1) * 33 + c3) * 33 + c4 (64-bit) mod 79 is b. */
+typedef struct zav_locname_entry {
+    const char *key;                 /* five characters, NUL-terminated */
+    uint32_t    id;                  /* locale id 1-136 */
+} zav_locname_entry;
+typedef struct zav_locname_bucket {
+    const zav_locname_entry *entries; /* NULL when count is 0 */
+    int32_t                  count;
+} zav_locname_bucket;
+
+/* Encoding-name table: 122 buckets of {name, id, length}; names upper case.
+ * Bucket b holds the names whose hash c[0] + 3c[1] + 5c[n-3] + 7c[n-2] +
+ * 9c[n-1] mod 122 is b. */
+typedef struct zav_encname_entry {
+    const char *name;                /* NUL-terminated, length bytes */
+    uint32_t    id;                  /* encoding id 20-248 */
+    int32_t     length;
+} zav_encname_entry;
+typedef struct zav_encname_bucket {
+    const zav_encname_entry *entries; /* NULL when count is 0 */
+    int32_t                  count;
+} zav_encname_bucket;
+
+/* The library exports the two tables as
+ *     const zav_locname_bucket table[79];
+ *     const zav_encname_bucket etable[122];
+ * They are not declared here: global names that short would shadow the
+ * host's own variables. A host that reads them declares them itself. */
+
+/* Upper-cases the length bytes of name in place (a-z only) and looks the
+ * five-character code "ll_cc" up in table. Returns 0 with *id the locale id,
+ * or 5 with *id 0 (length not 5, name NULL, or unknown code). One bucket
+ * probe, no allocation; writes the caller's buffer. */
+XF_API uint32_t LocnameToID(char *name, uint32_t length, uint32_t *id);
+
+/* Upper-cases the length bytes of name in place and looks the encoding name
+ * up in etable. Returns 0 with *id the encoding id, or 4 with *id 0 (length
+ * below 4, name NULL, or unknown name). One bucket probe, no allocation;
+ * writes the caller's buffer. */
+XF_API uint32_t EncnameToID(char *name, int32_t length, uint32_t *id);
 
 /* ======================================================================
  * Text and encodings
