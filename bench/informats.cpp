@@ -1,11 +1,13 @@
 // Numeric informats against the standard readers on the same texts: @F
-// (wzifmn) versus strtod and std::from_chars over a million realistic
+// (wzifmn, through xffmt and called directly) versus strtod and std::from_chars over a million realistic
 // fields, and @COMMA (zifmcma) on grouped numbers. The baselines get the
 // same blank trimming the informat does. Report: ns per field and ratios.
 #include <benchmark/benchmark.h>
 
 #include <charconv>
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <random>
 #include <string>
 #include <vector>
@@ -83,6 +85,35 @@ void run_informat(benchmark::State &state, xf_routine routine, const std::vector
 
 void BM_informat_F(benchmark::State &state) { run_informat(state, wzifmn, realistic_fields()); }
 
+// As hosts call it: a handle for the informat F from xfname, then xffmt.
+void run_resolved(benchmark::State &state, const char *name, const std::vector<std::string> &fields) {
+  void *handle = nullptr;
+  if (xfname(name, static_cast<int32_t>(std::strlen(name)), 73, nullptr, &handle) != 0) {
+    state.SkipWithError("informat not resolved");
+    return;
+  }
+  double out = 0;
+  xf_frame f{};
+  size_t i = 0;
+  for (auto _ : state) {
+    const std::string &s = fields[i];
+    if (++i == fields.size()) i = 0;
+    f.width = 32;
+    f.decimals = 0;
+    f.input = s.data();
+    f.input_length = static_cast<uint32_t>(s.size());
+    f.output = &out;
+    f.output_capacity = 8;
+    benchmark::DoNotOptimize(xffmt(&f, handle));
+    benchmark::DoNotOptimize(out);
+  }
+  state.SetItemsProcessed(state.iterations());
+  xfdel(handle);
+}
+
+void BM_informat_F_xffmt(benchmark::State &state) { run_resolved(state, "F", realistic_fields()); }
+void BM_informat_COMMA_xffmt(benchmark::State &state) { run_resolved(state, "COMMA", grouped_fields()); }
+
 void BM_strtod_F_fields(benchmark::State &state) {
   const auto &fields = realistic_fields();
   size_t i = 0;
@@ -135,9 +166,11 @@ void BM_strtod_COMMA_fields(benchmark::State &state) {
   state.SetItemsProcessed(state.iterations());
 }
 
+BENCHMARK(BM_informat_F_xffmt);
 BENCHMARK(BM_informat_F);
 BENCHMARK(BM_strtod_F_fields);
 BENCHMARK(BM_from_chars_F_fields);
+BENCHMARK(BM_informat_COMMA_xffmt);
 BENCHMARK(BM_informat_COMMA);
 BENCHMARK(BM_strtod_COMMA_fields);
 

@@ -9,7 +9,9 @@
 
 namespace xfmt::informats {
 
-double host_missing(int index) { return missing_value(index); }
+// wzmisv answers from the host's table when the host set ej_global_gcb_anchor
+// and from the library's own table otherwise.
+double host_missing(int index) { return wzmisv(index); }
 
 xf_status read_number(const char *text, size_t n, int implied_decimals, double &out,
                       int exp10_adjust) {
