@@ -19,9 +19,10 @@ struct decimal_number {
   int64_t head_exp10 = 0;       // saturated far beyond the double range
   int64_t dropped = 0;          // significant digits after the nineteenth
   bool inexact = false;         // a nonzero digit among the dropped ones
-  const char *digits = nullptr;      // the mantissa text: digits, leading zeros
-  const char *digits_end = nullptr;  // included, and at most one '.'
-
+  // The mantissa text, leading zeros included, with at most one '.'; the
+  // exact fallback rereads it.
+  const char *digits = nullptr;
+  const char *digits_end = nullptr;
 };
 
 enum class scan_kind : uint8_t {
@@ -38,13 +39,6 @@ struct scan_result {
   decimal_number num;
 };
 
-// Position of a missing-value letter in the table: '_' 0, '.' 1, 'A'/'a' 2 ..
-// 'Z'/'z' 27; -1 for any other byte.
-//
-// scan_number reads [first, last), which is non-empty and starts and ends
-// with neither a blank nor a tab. implied_decimals (0..31) applies only when
-// the mantissa has no point. Reads nothing outside the range. Both are
-// inline: the scan is the hot part of every numeric informat.
 namespace scan_detail {
 
 // Exponents beyond this are certain overflow or underflow whatever the
@@ -85,6 +79,8 @@ inline uint64_t significant_head(const char *p, const char *last, decimal_number
 
 }  // namespace scan_detail
 
+// Position of a missing-value letter in the table: '_' 0, '.' 1, 'A'/'a' 2 ..
+// 'Z'/'z' 27; -1 for any other byte.
 inline int missing_letter_index(char c) {
   if (c == '_') return 0;
   if (c == '.') return 1;
@@ -92,6 +88,9 @@ inline int missing_letter_index(char c) {
   return up < 26 ? static_cast<int>(up) + 2 : -1;
 }
 
+// Reads [p, last), which is non-empty and starts and ends with neither a
+// blank nor a tab. implied_decimals (0..31) applies only when the mantissa
+// has no point. Reads nothing outside the range.
 inline scan_result scan_number(const char *p, const char *last, int implied_decimals) {
   using namespace scan_detail;
   bool negative = false;
