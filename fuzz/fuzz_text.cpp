@@ -7,6 +7,7 @@
 #include <cstring>
 #include <vector>
 
+#include "text/utf16_kernels.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {
@@ -42,6 +43,13 @@ void utf8_routines(const uint8_t *data, uint32_t n, uint32_t room) {
   uint32_t chars = 0, bytes = 0;
   const uint32_t r = UTF8ToUNICODE(data, n, units.data(), room, &chars, &bytes);
   check(r <= 2 && chars <= room / 2 && bytes == 2 * chars);
+  // The SSSE3 block loops give what the portable ones give.
+  if (xfmt::text::have_ssse3()) {
+    auto other = room_for<uint16_t>(room / 2);
+    uint32_t c2 = 0, b2 = 0;
+    const uint32_t r2 = xfmt::text::utf8_to_units(data, n, other.data(), room, &c2, &b2, false);
+    check(r2 == r && c2 == chars && std::memcmp(other.data(), units.data(), 2 * chars) == 0);
+  }
   auto wide = room_for<uint8_t>(room);
   uint32_t len = 0;
   ConvertToUTF32(data, n, wide.data(), room, &len, UTF8_UTF32, COPY_UTF32);
@@ -55,6 +63,12 @@ void utf16_routines(const uint8_t *data, uint32_t n, uint32_t room) {
   uint32_t chars = 0, bytes = 0;
   const uint32_t r = UNICODEToUTF8(units.data(), n, out.data(), room, &chars, &bytes);
   check(r <= 2 && bytes <= room && chars <= n / 2);
+  if (xfmt::text::have_ssse3()) {
+    auto other = room_for<uint8_t>(room);
+    uint32_t c2 = 0, b2 = 0;
+    const uint32_t r2 = xfmt::text::units_to_utf8(units.data(), n, other.data(), room, &c2, &b2, false);
+    check(r2 == r && c2 == chars && b2 == bytes && std::memcmp(other.data(), out.data(), bytes) == 0);
+  }
   // Whatever UNICODEToUTF8 wrote reads back to the same units.
   auto back = room_for<uint16_t>(chars);
   uint32_t c2 = 0, b2 = 0;

@@ -960,7 +960,8 @@ XF_API uint32_t ConvertOSFromUTF32(uint32_t encoding_id, uint32_t source_id, con
  * is ignored; surrogates are encoded as single units) to UTF-8: 1 byte below
  * 0x80, 2 below 0x800, else 3. Returns 0, or 2 when the next character does
  * not fit dst_capacity (what fits is written). *chars_done = units
- * converted, *bytes_written = bytes written. */
+ * converted, *bytes_written = bytes delivered. Bytes of dst past
+ * *bytes_written, within dst_capacity, may have been overwritten. */
 XF_API uint32_t UNICODEToUTF8(const uint16_t *src, uint32_t src_len_bytes, uint8_t *dst,
                               uint32_t dst_capacity, uint32_t *chars_done,
                               uint32_t *bytes_written);
@@ -968,7 +969,8 @@ XF_API uint32_t UNICODEToUTF8(const uint16_t *src, uint32_t src_len_bytes, uint8
  * points above U+FFFF are truncated to 16 bits; invalid bytes are decoded
  * leniently, never rejected). Returns 0; 1 when a sequence runs past the end
  * of the source; 2 when dst_capacity_bytes is full before the source ends.
- * *chars = units stored, *bytes_written = 2 x *chars. */
+ * *chars = units stored, *bytes_written = 2 x *chars. Units of dst past
+ * *chars, within dst_capacity_bytes, may have been overwritten. */
 XF_API uint32_t UTF8ToUNICODE(const uint8_t *src, uint32_t src_len, uint16_t *dst,
                               uint32_t dst_capacity_bytes,
                               uint32_t *chars, uint32_t *bytes_written);

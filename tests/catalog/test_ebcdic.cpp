@@ -27,17 +27,17 @@ TEST(ebcdic, both_copies_are_equal) {
 }
 
 TEST(ebcdic, anchors) {
-  EXPECT_EQ(as2eb['['], 0xAD);
-  EXPECT_EQ(as2eb[']'], 0xBD);
-  EXPECT_EQ(as2eb['^'], 0x5F);
-  EXPECT_EQ(as2eb['\n'], 0x15);
+  EXPECT_EQ(as2eb[static_cast<uint8_t>('[')], 0xAD);
+  EXPECT_EQ(as2eb[static_cast<uint8_t>(']')], 0xBD);
+  EXPECT_EQ(as2eb[static_cast<uint8_t>('^')], 0x5F);
+  EXPECT_EQ(as2eb[static_cast<uint8_t>('\n')], 0x15);
   EXPECT_EQ(as2eb[0x85], 0x25);
   EXPECT_EQ(eb2as[0x15], '\n');
   EXPECT_EQ(eb2as[0x25], 0x85);
-  EXPECT_EQ(as2eb[' '], 0x40);
-  EXPECT_EQ(as2eb['A'], 0xC1);
-  EXPECT_EQ(as2eb['a'], 0x81);
-  EXPECT_EQ(as2eb['0'], 0xF0);
+  EXPECT_EQ(as2eb[static_cast<uint8_t>(' ')], 0x40);
+  EXPECT_EQ(as2eb[static_cast<uint8_t>('A')], 0xC1);
+  EXPECT_EQ(as2eb[static_cast<uint8_t>('a')], 0x81);
+  EXPECT_EQ(as2eb[static_cast<uint8_t>('0')], 0xF0);
 }
 
 TEST(ebcdic, translations_in_place) {
