@@ -60,6 +60,13 @@ XF_API xf_status zfmdate(xf_frame *f) {
   xf_status st = XF_OK;
   ymd c{};
   if (!guard_date(f, st, c)) return st;
+  char *const out = frame_out(f);
+  if (f->width == 9) {  // the layout hosts use most, straight into the field
+    put2(out, c.day);
+    std::memcpy(out + 2, month_abbr[c.month - 1], 3);
+    put4(out + 5, c.year);
+    return finish(f);
+  }
   if (f->width < 2) return too_narrow(f);
   if (f->width >= 11) {
     char *p = right_part(f, 11);
