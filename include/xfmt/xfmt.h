@@ -256,6 +256,17 @@ XF_API void setfptr(void *header, xf_user_handle *handle);
  * National language
  * ====================================================================== */
 
+/* National output encoder: text (*length bytes, non-ASCII characters as
+ * "<UXXXX>" escapes, U+00A4 becoming the marker U+0001) is converted to the
+ * process codeset (UTF-16LE when the frame asks for encoding 25) and cut,
+ * character by character, to width. On return text holds the converted bytes
+ * and *length their count; text must have room for max(*length, capacity)
+ * bytes. Returns the converted length minus width (<= 0) when the text fits
+ * whole, 1 when trailing characters were dropped, 2 when the result is longer
+ * than capacity (text unchanged), 4 when it cannot be converted. */
+XF_API int getExpResultFromNarrowCharBuf(const xf_frame *frame, char *text, int32_t *length,
+                                         int32_t width, uint32_t capacity);
+
 /* ======================================================================
  * Text and encodings
  * ====================================================================== */
