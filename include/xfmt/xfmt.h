@@ -267,6 +267,36 @@ XF_API void setfptr(void *header, xf_user_handle *handle);
 XF_API int getExpResultFromNarrowCharBuf(const xf_frame *frame, char *text, int32_t *length,
                                          int32_t width, uint32_t capacity);
 
+/* Monetary conventions of one currency, in the shape of the monetary part of
+ * the C library's locale conventions. Texts are NUL-terminated; non-ASCII
+ * characters are written as "<UXXXX>" escapes. */
+typedef struct xf_monetary {
+    const char *int_curr_symbol;     /* ISO 4217 code, "USD" */
+    const char *currency_symbol;     /* local symbol, "US$" */
+    const char *mon_decimal_point;
+    const char *mon_thousands_sep;
+    const char *mon_grouping;        /* digits per group as text, "3" */
+    const char *positive_sign;
+    const char *negative_sign;
+    char int_frac_digits, frac_digits;
+    char p_cs_precedes, p_sep_by_space, n_cs_precedes, n_sep_by_space;
+    char p_sign_posn, n_sign_posn;
+} xf_monetary;
+
+/* The 82 currencies, in alphabetical order of the code (AED ... ZWD). */
+XF_API extern const xf_monetary lconv_monetary[82];
+/* Placement of digits (V), symbol ($), sign (-) and parentheses, indexed by
+ * (symbol precedes + 2 * space between) * 5 + sign position. */
+XF_API extern const char *const CurrencyFormatPatterns[20];
+
+/* NLMNL and NLMNI: an amount in the currency of entry with the local symbol
+ * (nlmnyloc) or the international code (nlmnyint), punctuated and placed by
+ * the frame's locale, right-aligned in w; drops grouping, then the symbol,
+ * then switches to exponent form before giving a field of '*'. Validation
+ * (option XF_OPT_VALIDATE): w 8..32, d 0..28, else 39..42. */
+XF_API xf_status nlmnyloc(xf_frame *frame, const xf_monetary *entry);
+XF_API xf_status nlmnyint(xf_frame *frame, const xf_monetary *entry);
+
 /* ======================================================================
  * Text and encodings
  * ====================================================================== */
