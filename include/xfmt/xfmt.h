@@ -256,6 +256,72 @@ XF_API void setfptr(void *header, xf_user_handle *handle);
  * National language
  * ====================================================================== */
 
+/* --- Locale database ---------------------------------------------------- */
+
+/* One text field of a locale record: length bytes at text (not terminated;
+ * length 0 and text NULL when absent). Characters outside ASCII are written
+ * as seven-character escapes "<U00A0>". */
+typedef struct zav_locale_field {
+    uint32_t    length;
+    const char *text;
+} zav_locale_field;
+
+/* The 136 locale records of 189 fields each; locale id k is row k-1.
+ * Constant, shared by all threads. */
+XF_API extern const zav_locale_field ZAVlocaleData[136][189];
+
+/* Zero-fills capacity bytes at dest, selects the record of locale_id (1-136)
+ * or, for any other id, the first record whose language and country codes
+ * match positions 0-1 and 3-4 of ZAV_LOCALE (case-insensitive; "en_US" when
+ * unset), and copies field (0-188, not range-checked) into dest. Returns the
+ * field's length (0 when empty), or -1 when no record matches or the field
+ * is longer than capacity (dest then stays all zero). Reads the environment
+ * on every call; never allocates. */
+XF_API int getZAVLocDB(char *dest, int capacity, int field, int locale_id);
+
+/* Locale-code table: 79 buckets of {key, id}; keys are five upper-case
+ * characters "LL_CC". Bucket b holds the keys whose hash
+ * (((c0 + 12573) * 33 + c1) * 33 + c3) * 33 + c4 (64-bit) mod 79 is b. */
+typedef struct zav_locname_entry {
+    const char *key;                 /* five characters, NUL-terminated */
+    uint32_t    id;                  /* locale id 1-136 */
+} zav_locname_entry;
+typedef struct zav_locname_bucket {
+    const zav_locname_entry *entries; /* NULL when count is 0 */
+    int32_t                  count;
+} zav_locname_bucket;
+
+/* Encoding-name table: 122 buckets of {name, id, length}; names upper case.
+ * Bucket b holds the names whose hash c[0] + 3c[1] + 5c[n-3] + 7c[n-2] +
+ * 9c[n-1] mod 122 is b. */
+typedef struct zav_encname_entry {
+    const char *name;                /* NUL-terminated, length bytes */
+    uint32_t    id;                  /* encoding id 20-248 */
+    int32_t     length;
+} zav_encname_entry;
+typedef struct zav_encname_bucket {
+    const zav_encname_entry *entries; /* NULL when count is 0 */
+    int32_t                  count;
+} zav_encname_bucket;
+
+/* The library exports the two tables as
+ *     const zav_locname_bucket table[79];
+ *     const zav_encname_bucket etable[122];
+ * They are not declared here: global names that short would shadow the
+ * host's own variables. A host that reads them declares them itself. */
+
+/* Upper-cases the length bytes of name in place (a-z only) and looks the
+ * five-character code "ll_cc" up in table. Returns 0 with *id the locale id,
+ * or 5 with *id 0 (length not 5, name NULL, or unknown code). One bucket
+ * probe, no allocation; writes the caller's buffer. */
+XF_API uint32_t LocnameToID(char *name, uint32_t length, uint32_t *id);
+
+/* Upper-cases the length bytes of name in place and looks the encoding name
+ * up in etable. Returns 0 with *id the encoding id, or 4 with *id 0 (length
+ * below 4, name NULL, or unknown name). One bucket probe, no allocation;
+ * writes the caller's buffer. */
+XF_API uint32_t EncnameToID(char *name, int32_t length, uint32_t *id);
+
 /* National output encoder: text (*length bytes, non-ASCII characters as
  * "<UXXXX>" escapes, U+00A4 becoming the marker U+0001) is converted to the
  * process codeset (UTF-16LE when the frame asks for encoding 25) and cut,
