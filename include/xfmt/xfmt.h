@@ -535,6 +535,211 @@ XF_API extern const char *const CurrencyFormatPatterns[20];
  * (option XF_OPT_VALIDATE): w 8..32, d 0..28, else 39..42. */
 XF_API xf_status nlmnyloc(xf_frame *frame, const xf_monetary *entry);
 XF_API xf_status nlmnyint(xf_frame *frame, const xf_monetary *entry);
+/* One routine per NLMNI/NLMNL format: nlmnyint or nlmnyloc on the
+ * currency's row of lconv_monetary. */
+XF_API xf_status nlmniaed(xf_frame *frame);
+XF_API xf_status nlmniaud(xf_frame *frame);
+XF_API xf_status nlmnibgn(xf_frame *frame);
+XF_API xf_status nlmnibrl(xf_frame *frame);
+XF_API xf_status nlmnicad(xf_frame *frame);
+XF_API xf_status nlmnichf(xf_frame *frame);
+XF_API xf_status nlmnicny(xf_frame *frame);
+XF_API xf_status nlmniczk(xf_frame *frame);
+XF_API xf_status nlmnidkk(xf_frame *frame);
+XF_API xf_status nlmnieek(xf_frame *frame);
+XF_API xf_status nlmniegp(xf_frame *frame);
+XF_API xf_status nlmnieur(xf_frame *frame);
+XF_API xf_status nlmnigbp(xf_frame *frame);
+XF_API xf_status nlmnihkd(xf_frame *frame);
+XF_API xf_status nlmnihrk(xf_frame *frame);
+XF_API xf_status nlmnihuf(xf_frame *frame);
+XF_API xf_status nlmniidr(xf_frame *frame);
+XF_API xf_status nlmniils(xf_frame *frame);
+XF_API xf_status nlmniinr(xf_frame *frame);
+XF_API xf_status nlmnijpy(xf_frame *frame);
+XF_API xf_status nlmnikrw(xf_frame *frame);
+XF_API xf_status nlmniltl(xf_frame *frame);
+XF_API xf_status nlmnilvl(xf_frame *frame);
+XF_API xf_status nlmnimop(xf_frame *frame);
+XF_API xf_status nlmnimxn(xf_frame *frame);
+XF_API xf_status nlmnimyr(xf_frame *frame);
+XF_API xf_status nlmninok(xf_frame *frame);
+XF_API xf_status nlmninzd(xf_frame *frame);
+XF_API xf_status nlmnipln(xf_frame *frame);
+XF_API xf_status nlmnirol(xf_frame *frame);
+XF_API xf_status nlmnirub(xf_frame *frame);
+XF_API xf_status nlmnirur(xf_frame *frame);
+XF_API xf_status nlmnisek(xf_frame *frame);
+XF_API xf_status nlmnisgd(xf_frame *frame);
+XF_API xf_status nlmniskk(xf_frame *frame);
+XF_API xf_status nlmnithb(xf_frame *frame);
+XF_API xf_status nlmnitry(xf_frame *frame);
+XF_API xf_status nlmnitwd(xf_frame *frame);
+XF_API xf_status nlmniusd(xf_frame *frame);
+XF_API xf_status nlmnizar(xf_frame *frame);
+XF_API xf_status nlmnlaed(xf_frame *frame);
+XF_API xf_status nlmnlaud(xf_frame *frame);
+XF_API xf_status nlmnlbgn(xf_frame *frame);
+XF_API xf_status nlmnlbrl(xf_frame *frame);
+XF_API xf_status nlmnlcad(xf_frame *frame);
+XF_API xf_status nlmnlchf(xf_frame *frame);
+XF_API xf_status nlmnlcny(xf_frame *frame);
+XF_API xf_status nlmnlczk(xf_frame *frame);
+XF_API xf_status nlmnldkk(xf_frame *frame);
+XF_API xf_status nlmnleek(xf_frame *frame);
+XF_API xf_status nlmnlegp(xf_frame *frame);
+XF_API xf_status nlmnleur(xf_frame *frame);
+XF_API xf_status nlmnlgbp(xf_frame *frame);
+XF_API xf_status nlmnlhkd(xf_frame *frame);
+XF_API xf_status nlmnlhrk(xf_frame *frame);
+XF_API xf_status nlmnlhuf(xf_frame *frame);
+XF_API xf_status nlmnlidr(xf_frame *frame);
+XF_API xf_status nlmnlils(xf_frame *frame);
+XF_API xf_status nlmnlinr(xf_frame *frame);
+XF_API xf_status nlmnljpy(xf_frame *frame);
+XF_API xf_status nlmnlkrw(xf_frame *frame);
+XF_API xf_status nlmnlltl(xf_frame *frame);
+XF_API xf_status nlmnllvl(xf_frame *frame);
+XF_API xf_status nlmnlmop(xf_frame *frame);
+XF_API xf_status nlmnlmxn(xf_frame *frame);
+XF_API xf_status nlmnlmyr(xf_frame *frame);
+XF_API xf_status nlmnlnok(xf_frame *frame);
+XF_API xf_status nlmnlnzd(xf_frame *frame);
+XF_API xf_status nlmnlpln(xf_frame *frame);
+XF_API xf_status nlmnlrol(xf_frame *frame);
+XF_API xf_status nlmnlrub(xf_frame *frame);
+XF_API xf_status nlmnlrur(xf_frame *frame);
+XF_API xf_status nlmnlsek(xf_frame *frame);
+XF_API xf_status nlmnlsgd(xf_frame *frame);
+XF_API xf_status nlmnlskk(xf_frame *frame);
+XF_API xf_status nlmnlthb(xf_frame *frame);
+XF_API xf_status nlmnltry(xf_frame *frame);
+XF_API xf_status nlmnltwd(xf_frame *frame);
+XF_API xf_status nlmnlusd(xf_frame *frame);
+XF_API xf_status nlmnlzar(xf_frame *frame);
+
+/* --- National dates and times ------------------------------------------- */
+
+/* One row of a member's pattern table: a pattern, or NULL for the locale
+ * field numbered by code (4096 + field: a datetime field; 190: the member's
+ * short numeric form). */
+typedef struct xf_nl_pattern {
+    const char *pattern;
+    int32_t     code;
+} xf_nl_pattern;
+
+/* Expands a national date/time pattern (pattern_length bytes, "%d %B %Y"
+ * ...) for a date value and an hour, minute and second (each may be missing)
+ * with the names of locale_id (0 or outside 1-136: ZAV_LOCALE). Writes |*width|
+ * bytes at out: blank filled, the text left-aligned (right-aligned for a
+ * negative *width). Returns 0 with the text length in *width, 1 when the text
+ * is longer (out holds its first |*width| bytes), -2 for an unknown
+ * conversion letter. Non-ASCII characters stay "<UXXXX>" escapes. */
+XF_API int expand(double date, double hours, double minutes, double seconds, int32_t locale_id,
+                  const char *pattern, int32_t pattern_length, char *out, int32_t *width,
+                  int32_t decimals);
+/* Expands pattern (NUL-terminated) or, when it is NULL, the locale field
+ * numbered by code for a date value into text (room *length on entry, text
+ * length on return). Returns -3 for a date outside [-138061, 6589336), -1 for
+ * an unreadable field, else the expand result. */
+XF_API int zkfdate(double date, int32_t locale_id, char *text, int32_t *length,
+                   const char *pattern, int32_t code);
+/* As zkfdate for a datetime (seconds from 1960) rounded to decimals; the
+ * field is code & 0xFF and code bit 256 appends " %z". Range
+ * [-11928470400, 569318630400) seconds, else -3. */
+XF_API int zkfdttm(double datetime, int32_t locale_id, char *text, int32_t *length,
+                   const char *pattern, int32_t code, int32_t decimals);
+/* As zkfdttm for a time of day; the date part is missing. */
+XF_API int zkftime(double time, int32_t locale_id, char *text, int32_t *length,
+                   const char *pattern, int32_t code, int32_t decimals);
+
+/* Pattern tables of the one-pattern members (first row used). */
+XF_API extern const xf_nl_pattern nldatel_pat[3];
+XF_API extern const xf_nl_pattern nldatem_pat[2];
+XF_API extern const xf_nl_pattern nldateyml_pat[3];
+XF_API extern const xf_nl_pattern nldateymm_pat[2];
+XF_API extern const xf_nl_pattern nldateyql_pat[3];
+XF_API extern const xf_nl_pattern nldateyqm_pat[2];
+XF_API extern const xf_nl_pattern nldatemdl_pat[3];
+XF_API extern const xf_nl_pattern nldatemdm_pat[2];
+XF_API extern const xf_nl_pattern nldatew_pat[4];
+XF_API extern const xf_nl_pattern nldatemn_pat[3];
+XF_API extern const xf_nl_pattern nldatewn_pat[3];
+XF_API extern const xf_nl_pattern nldatmdt_pat[3];
+XF_API extern const xf_nl_pattern nldatmyml_pat[3];
+XF_API extern const xf_nl_pattern nldatmymm_pat[2];
+XF_API extern const xf_nl_pattern nldatmyql_pat[3];
+XF_API extern const xf_nl_pattern nldatmyqm_pat[2];
+XF_API extern const xf_nl_pattern nldatmmdl_pat[3];
+XF_API extern const xf_nl_pattern nldatmmdm_pat[2];
+XF_API extern const xf_nl_pattern nldatml_pat[4];
+XF_API extern const xf_nl_pattern nldatmm_pat[3];
+XF_API extern const xf_nl_pattern nldatms_pat[1];
+XF_API extern const xf_nl_pattern nldatmw_pat[6];
+XF_API extern const xf_nl_pattern nldatmmn_pat[3];
+XF_API extern const xf_nl_pattern nldatmwn_pat[3];
+
+/* The national date, datetime and time members. Each reads the frame's
+ * value (a date, datetime or time), locale id and validation bit, writes the
+ * locale's text left-aligned into the blank-filled capacity (output length:
+ * the text's bytes; UTF-16LE when the host asks for encoding 25) and returns
+ * 0, 39-42 (validation), XF_E_DATE_RANGE (two-pattern and S members: value
+ * out of range, field of '*'), XF_E_OVERFLOW (nothing fits, field of '*') or
+ * XF_E_CAPACITY. One-pattern members deliver nothing (output length 0) for a
+ * value out of range. */
+XF_API xf_status nldate(xf_frame *frame);
+XF_API xf_status nldatemd(xf_frame *frame);
+XF_API xf_status nldateym(xf_frame *frame);
+XF_API xf_status nldateyr(xf_frame *frame);
+XF_API xf_status nldateyq(xf_frame *frame);
+XF_API xf_status nldateyw(xf_frame *frame);
+XF_API xf_status nldatel(xf_frame *frame);
+XF_API xf_status nldatem(xf_frame *frame);
+XF_API xf_status nldateyml(xf_frame *frame);
+XF_API xf_status nldateymm(xf_frame *frame);
+XF_API xf_status nldateyql(xf_frame *frame);
+XF_API xf_status nldateyqm(xf_frame *frame);
+XF_API xf_status nldatemdl(xf_frame *frame);
+XF_API xf_status nldatemdm(xf_frame *frame);
+XF_API xf_status nldatew(xf_frame *frame);
+XF_API xf_status nldatemn(xf_frame *frame);
+XF_API xf_status nldatewn(xf_frame *frame);
+XF_API xf_status nldates(xf_frame *frame);
+XF_API xf_status nldateyms(xf_frame *frame);
+XF_API xf_status nldatemds(xf_frame *frame);
+XF_API xf_status nldateyqs(xf_frame *frame);
+XF_API xf_status nldatm(xf_frame *frame);
+XF_API xf_status nldatmap(xf_frame *frame);
+XF_API xf_status nldatmz(xf_frame *frame);
+XF_API xf_status nldatmwz(xf_frame *frame);
+XF_API xf_status nldatmtm(xf_frame *frame);
+XF_API xf_status nldatmtz(xf_frame *frame);
+XF_API xf_status nldatmmd(xf_frame *frame);
+XF_API xf_status nldatmym(xf_frame *frame);
+XF_API xf_status nldatmyr(xf_frame *frame);
+XF_API xf_status nldatmyq(xf_frame *frame);
+XF_API xf_status nldatmyw(xf_frame *frame);
+XF_API xf_status nldatml(xf_frame *frame);
+XF_API xf_status nldatmm(xf_frame *frame);
+XF_API xf_status nldatms(xf_frame *frame);
+XF_API xf_status nldatmw(xf_frame *frame);
+XF_API xf_status nldatmdt(xf_frame *frame);
+XF_API xf_status nldatmyml(xf_frame *frame);
+XF_API xf_status nldatmymm(xf_frame *frame);
+XF_API xf_status nldatmyql(xf_frame *frame);
+XF_API xf_status nldatmyqm(xf_frame *frame);
+XF_API xf_status nldatmmdl(xf_frame *frame);
+XF_API xf_status nldatmmdm(xf_frame *frame);
+XF_API xf_status nldatmmn(xf_frame *frame);
+XF_API xf_status nldatmwn(xf_frame *frame);
+XF_API xf_status nldatmyms(xf_frame *frame);
+XF_API xf_status nldatmmds(xf_frame *frame);
+XF_API xf_status nldatmyqs(xf_frame *frame);
+XF_API xf_status nltime(xf_frame *frame);
+XF_API xf_status nltimap(xf_frame *frame);
+XF_API xf_status nlstrmon(xf_frame *frame);
+XF_API xf_status nlstrqtr(xf_frame *frame);
+XF_API xf_status nlstrwk(xf_frame *frame);
 
 /* ======================================================================
  * Text and encodings
