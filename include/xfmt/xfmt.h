@@ -810,6 +810,88 @@ XF_API xf_status nlstrmon(xf_frame *frame);
 XF_API xf_status nlstrqtr(xf_frame *frame);
 XF_API xf_status nlstrwk(xf_frame *frame);
 
+/* --- Euro conversion ----------------------------------------------------- */
+
+/* The process-wide conversion state: the working copy of the 26 rates, the
+ * currency list and its length, the currency sign ('E' once set up). */
+typedef struct xf_euro_state {
+    double     *rates;
+    const char *currencies;
+    uint32_t    currencies_length;
+    char        currency_sign;
+} xf_euro_state;
+
+/* Units per euro, index 0 the euro itself, in the order of valid_curr. */
+XF_API extern const double conv_rate[26];
+/* "EUR ATS BEF ... SIT ": 26 codes of three letters and a blank (104 bytes). */
+XF_API extern const char valid_curr[105];
+XF_API extern xf_euro_state euro_reentstr;
+/* Both return &euro_reentstr. */
+XF_API xf_euro_state *estrent(void);
+XF_API xf_euro_state *getrent(void);
+/* Allocates a working copy of conv_rate into state->rates (once per call;
+ * a replaced copy is kept alive) and sets the currency list to valid_curr
+ * when none is set. Safe to call from several threads at once. */
+XF_API void eurconv(xf_euro_state *state);
+/* Sets the currency sign to 'E'. */
+XF_API void eurochr(xf_euro_state *state);
+/* EURFRxxx: an amount in the national currency xxx printed in euros (value /
+ * rate) exactly as EUROX w.d prints it; EURTOxxx: an amount in euros printed
+ * in xxx (value * rate) as w.d does. Missing values go to EUROX or w.d
+ * unchanged. The output length is the width (within the capacity); the
+ * status is the printing format's. First use sets up the rate copy; safe
+ * from any number of threads. */
+XF_API xf_status eurfrats(xf_frame *frame);
+XF_API xf_status eurfrbef(xf_frame *frame);
+XF_API xf_status eurfrfim(xf_frame *frame);
+XF_API xf_status eurfrfrf(xf_frame *frame);
+XF_API xf_status eurfrdem(xf_frame *frame);
+XF_API xf_status eurfriep(xf_frame *frame);
+XF_API xf_status eurfritl(xf_frame *frame);
+XF_API xf_status eurfrluf(xf_frame *frame);
+XF_API xf_status eurfrnlg(xf_frame *frame);
+XF_API xf_status eurfrpte(xf_frame *frame);
+XF_API xf_status eurfresp(xf_frame *frame);
+XF_API xf_status eurfrchf(xf_frame *frame);
+XF_API xf_status eurfrdkk(xf_frame *frame);
+XF_API xf_status eurfrgbp(xf_frame *frame);
+XF_API xf_status eurfrgrd(xf_frame *frame);
+XF_API xf_status eurfrsek(xf_frame *frame);
+XF_API xf_status eurfrczk(xf_frame *frame);
+XF_API xf_status eurfrhuf(xf_frame *frame);
+XF_API xf_status eurfrnok(xf_frame *frame);
+XF_API xf_status eurfrrur(xf_frame *frame);
+XF_API xf_status eurfrtrl(xf_frame *frame);
+XF_API xf_status eurfrplz(xf_frame *frame);
+XF_API xf_status eurfrrol(xf_frame *frame);
+XF_API xf_status eurfryud(xf_frame *frame);
+XF_API xf_status eurfrsit(xf_frame *frame);
+XF_API xf_status eurtoats(xf_frame *frame);
+XF_API xf_status eurtobef(xf_frame *frame);
+XF_API xf_status eurtofim(xf_frame *frame);
+XF_API xf_status eurtofrf(xf_frame *frame);
+XF_API xf_status eurtodem(xf_frame *frame);
+XF_API xf_status eurtoiep(xf_frame *frame);
+XF_API xf_status eurtoitl(xf_frame *frame);
+XF_API xf_status eurtoluf(xf_frame *frame);
+XF_API xf_status eurtonlg(xf_frame *frame);
+XF_API xf_status eurtopte(xf_frame *frame);
+XF_API xf_status eurtoesp(xf_frame *frame);
+XF_API xf_status eurtochf(xf_frame *frame);
+XF_API xf_status eurtodkk(xf_frame *frame);
+XF_API xf_status eurtogbp(xf_frame *frame);
+XF_API xf_status eurtogrd(xf_frame *frame);
+XF_API xf_status eurtosek(xf_frame *frame);
+XF_API xf_status eurtoczk(xf_frame *frame);
+XF_API xf_status eurtohuf(xf_frame *frame);
+XF_API xf_status eurtonok(xf_frame *frame);
+XF_API xf_status eurtorur(xf_frame *frame);
+XF_API xf_status eurtotrl(xf_frame *frame);
+XF_API xf_status eurtoplz(xf_frame *frame);
+XF_API xf_status eurtorol(xf_frame *frame);
+XF_API xf_status eurtoyud(xf_frame *frame);
+XF_API xf_status eurtosit(xf_frame *frame);
+
 /* ======================================================================
  * Text and encodings
  * ====================================================================== */
