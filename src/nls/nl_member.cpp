@@ -64,10 +64,12 @@ int format_one(xf_frame *f, const moment &m, const field_reader &loc, const char
                      f->output_capacity, &out.n);
 }
 
-// The date order of field 6 as three letters, "YMD" when unusable.
+// The date order of field 6 as three letters: "YMD" when the text is not an
+// order, empty when the locale cannot be read (no short form then).
 std::string_view date_order(const field_reader &loc) {
   std::string_view o;
-  if (!loc.get(field_date_order, &o) || o.size() != 3) return "YMD";
+  if (!loc.get(field_date_order, &o)) return {};
+  if (o.size() != 3) return "YMD";
   if (o.find('D') == o.npos || o.find('M') == o.npos || o.find('Y') == o.npos) return "YMD";
   return o;
 }
@@ -110,6 +112,7 @@ pattern_text short_pattern(short_form form, int w, int32_t d, const field_reader
                            const moment &m) {
   pattern_text t;
   const std::string_view order = date_order(loc);
+  if (order.empty()) return t;
   const std::string_view sep = date_separator(loc);
   const int s = static_cast<int>(sep.size());
   switch (form) {
