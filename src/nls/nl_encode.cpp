@@ -87,41 +87,33 @@ struct thread_converter {
 
 thread_local thread_converter converter;
 
-// Units to the process codeset (not UTF-8) through iconv, character by
-// character when the whole text does not convert: a character that cannot
-// be represented becomes "?". Returns the byte count or -1 (no converter).
-long to_codeset(const char *cs, const char16_t *u, size_t n, char *out, size_t room) {
-  char utf8[unit_room * 3];
-  size_t k = 0;
-  for (size_t i = 0; i < n; ++i) k += utf8_put(u[i], utf8 + k);
-  if (!converter.open_for(cs)) return -1;
-  long whole = converter.run(utf8, k, out, room);
-  if (whole >= 0) return whole;
+// Units to the process codeset, character by character, so that the text
+// can then be cut at any character: lens[i] gets the bytes of unit i. A
+// character the codeset cannot represent becomes "?"; a codeset without a
+// converter keeps ASCII and turns the rest into "?".
+size_t to_codeset(const char *cs, const char16_t *u, size_t n, char *out, size_t room,
+                  uint8_t *lens) {
+  const bool utf8 = cs == nullptr || is_utf8_name(cs);
+  const bool have = !utf8 && converter.open_for(cs);
   size_t o = 0;
-  for (size_t i = 0; i < n && o < room; ++i) {
+  for (size_t i = 0; i < n; ++i) {
     char one[3];
-    size_t ol = utf8_put(u[i], one);
-    long got = converter.run(one, ol, out + o, room - o);
-    if (got < 0) out[o++] = '?';
-    else o += static_cast<size_t>(got);
-  }
-  return static_cast<long>(o);
-}
-
-// Converts the first n units into out (room bytes); -1 when impossible.
-long convert_units(const char16_t *u, size_t n, char *out, size_t room, const char *cs) {
-  if (cs == nullptr || is_utf8_name(cs)) {
-    size_t o = 0;
-    char tmp[3];
-    for (size_t i = 0; i < n; ++i) {
-      size_t k = utf8_put(u[i], tmp);
-      if (o + k > room) return -1;
-      std::memcpy(out + o, tmp, k);
-      o += k;
+    const size_t ol = utf8_put(u[i], one);
+    long got = -1;
+    if (u[i] < 0x80 || utf8) {
+      if (o + ol <= room) std::memcpy(out + o, one, ol);
+      got = static_cast<long>(ol);
+    } else if (have && o < room) {
+      got = converter.run(one, ol, out + o, room - o);
     }
-    return static_cast<long>(o);
+    if (got < 0 || got > 16) {
+      if (o < room) out[o] = '?';
+      got = 1;
+    }
+    lens[i] = static_cast<uint8_t>(got);
+    o += static_cast<size_t>(got);
   }
-  return to_codeset(cs, u, n, out, room);
+  return o;
 }
 
 }  // namespace
@@ -165,29 +157,18 @@ int encode_text(bool utf16, const char *text, size_t length, int32_t width, char
   bool ascii = true;
   for (size_t i = 0; i < n; ++i) ascii = ascii && u[i] < 0x80;
   char bytes[unit_room * 4];
-  long got;
-  const char *cs = nullptr;
+  size_t len = n;
+  size_t keep = n;  // characters kept
   if (ascii) {
     for (size_t i = 0; i < n; ++i) bytes[i] = static_cast<char>(u[i]);
-    got = static_cast<long>(n);
+    if (len > w) keep = len = w;
   } else {
-    cs = nl_langinfo(CODESET);
-    got = convert_units(u, n, bytes, sizeof bytes, cs);
-    if (got < 0) {  // no converter for the codeset: ASCII survives, the rest is "?"
-      for (size_t i = 0; i < n; ++i) bytes[i] = u[i] < 0x80 ? static_cast<char>(u[i]) : '?';
-      got = static_cast<long>(n);
-      ascii = true;
-    }
+    uint8_t lens[unit_room];
+    len = to_codeset(nl_langinfo(CODESET), u, n, bytes, sizeof bytes, lens);
+    if (len > sizeof bytes) return encode_unconvertible;
+    while (len > w && keep > 0) len -= lens[--keep];
   }
-  bool cut = false;
-  while (static_cast<size_t>(got) > w && n > 0) {
-    cut = true;
-    --n;
-    if (ascii) got = static_cast<long>(n);
-    else got = convert_units(u, n, bytes, sizeof bytes, cs);
-    if (got < 0) return encode_unconvertible;
-  }
-  size_t len = static_cast<size_t>(got);
+  const bool cut = keep < n;
   if (len > capacity) return encode_no_room;
   std::memcpy(out, bytes, len);
   *out_length = static_cast<uint32_t>(len);
