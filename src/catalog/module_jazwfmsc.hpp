@@ -8,7 +8,7 @@
 namespace xfmt::catalog {
 
 inline constexpr fmtinfo_eachfmt jazwfmsc_rows[] = {
-    row("$BASE64X", 1, 32767, 8, 0, 0, 0, nullptr),  // zfmb64x
+    row("$BASE64X", 1, 32767, 8, 0, 0, 0, zfmb64x),  // zfmb64x
     row("$BIDI", 1, 32767, 1, 0, 0, 0, nullptr),
     row("$LOGVS", 1, 32767, 1, 0, 0, 0, nullptr),
     row("$LOGVSR", 1, 32767, 1, 0, 0, 0, nullptr),
@@ -87,7 +87,7 @@ inline constexpr fmtinfo_eachfmt jazwfmsc_rows[] = {
     row("Z", 1, 32, 1, 0, 32, 0, zfmz),  // zfmz
     row("BEST", 1, 32, 12, 0, 32, 0, zfmb),  // zfmb
     row("BESTX", 1, 64, 12, 0, 32, 0, zfmbx),  // zfmbx
-    row("$CHAR", 1, 32767, 8, 0, 0, 0, nullptr),  // zfmchar
+    row("$CHAR", 1, 32767, 8, 0, 0, 0, zfmchar),  // zfmchar
     row("F", 1, 32, 12, 0, 31, 0, zfmt),  // zfmt
     row("E", 1, 32, 12, 0, 31, 0, zfmexp),  // zfmexp
 };
