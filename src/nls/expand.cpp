@@ -361,13 +361,19 @@ int era_year(const moment &m, std::string_view country) {
   return m.year;
 }
 
-int expand(const moment &m, const field_reader &loc, const char *pattern, size_t pattern_length,
-           char *out, int32_t *width, int32_t decimals) {
-  char first[work_room];
-  size_t n = inline_patterns(pattern, pattern_length, loc, first, sizeof first);
-
-  char text[work_room];
-  sink s{text, sizeof text};
+int expand_text(const moment &m, const field_reader &loc, const char *pattern,
+                size_t pattern_length, char *text, size_t room, size_t *length, int32_t decimals) {
+  // Most patterns hold no "%x" or "%X": they are read in place.
+  char inlined[work_room];
+  const char *first = pattern;
+  size_t n = pattern_length;
+  if (std::memchr(pattern, 'x', n) != nullptr || std::memchr(pattern, 'X', n) != nullptr) {
+    n = inline_patterns(pattern, pattern_length, loc, inlined, sizeof inlined);
+    first = inlined;
+  } else {
+    while (n > 0 && pattern[n - 1] == ' ') --n;
+  }
+  sink s{text, room};
   for (size_t i = 0; i < n;) {
     if (first[i] != '%') {
       s.put(first[i++]);
@@ -383,12 +389,21 @@ int expand(const moment &m, const field_reader &loc, const char *pattern, size_t
     if (!parse(first, n, i, c)) return expand_bad_letter;
     if (!convert(s, c, m, loc, decimals)) return expand_bad_letter;
   }
+  *length = s.n;
+  return expand_fits;
+}
 
+int expand(const moment &m, const field_reader &loc, const char *pattern, size_t pattern_length,
+           char *out, int32_t *width, int32_t decimals) {
+  char text[work_room];
+  size_t total = 0;
+  int r = expand_text(m, loc, pattern, pattern_length, text, sizeof text, &total, decimals);
+  if (r != expand_fits) return r;
   bool right = *width < 0;
   size_t field = static_cast<size_t>(right ? -static_cast<int64_t>(*width) : *width);
-  size_t len = s.n < sizeof text ? s.n : sizeof text;
+  size_t len = total < sizeof text ? total : sizeof text;
   if (field) std::memset(out, ' ', field);
-  if (s.n > field) {
+  if (total > field) {
     std::memcpy(out, text, field < len ? field : len);
     return expand_too_long;
   }

@@ -55,6 +55,11 @@ inline constexpr int expand_bad_letter = -2;
 int expand(const moment &m, const field_reader &loc, const char *pattern, size_t pattern_length,
            char *out, int32_t *width, int32_t decimals);
 
+// The expansion alone: at most room bytes of text, its full length in
+// *length (more than room: the text was cut). expand_fits or expand_bad_letter.
+int expand_text(const moment &m, const field_reader &loc, const char *pattern,
+                size_t pattern_length, char *text, size_t room, size_t *length, int32_t decimals);
+
 // Era-adjusted year of "%+Y" for the locale's country code (field 5).
 int era_year(const moment &m, std::string_view country);
 

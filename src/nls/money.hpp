@@ -22,6 +22,10 @@ struct money_conventions {
 
 money_conventions read_money_conventions(const field_reader &loc);
 
+// The conventions of a database locale (1..136), read once for all; any
+// other id gives those of a locale that cannot be read.
+const money_conventions &locale_money_conventions(int id);
+
 // Index into CurrencyFormatPatterns for a positive or negative amount.
 int money_pattern_index(const money_conventions &c, bool negative);
 

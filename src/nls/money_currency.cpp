@@ -2,17 +2,17 @@
 // its row of lconv_monetary, and the two shared printers behind them.
 #include "xfmt/xfmt.h"
 
-#include "nls/locale_reader.hpp"
+#include "nls/locale.hpp"
 #include "nls/money.hpp"
 
 using namespace xfmt::nls;
 
 extern "C" xf_status nlmnyloc(xf_frame *f, const xf_monetary *entry) {
-  return money_format(f, read_money_conventions(locale_reader(frame_locale_id(f))), *entry, false);
+  return money_format(f, locale_money_conventions(frame_locale_id(f)), *entry, false);
 }
 
 extern "C" xf_status nlmnyint(xf_frame *f, const xf_monetary *entry) {
-  return money_format(f, read_money_conventions(locale_reader(frame_locale_id(f))), *entry, true);
+  return money_format(f, locale_money_conventions(frame_locale_id(f)), *entry, true);
 }
 
 namespace {

@@ -138,9 +138,22 @@ size_t decode_narrow(const char *t, size_t len, char16_t *units, size_t room) {
 int encode_text(bool utf16, const char *text, size_t length, int32_t width, char *out,
                 uint32_t capacity, uint32_t *out_length) {
   *out_length = 0;
+  size_t w = width > 0 ? static_cast<size_t>(width) : 0;
+  if (!utf16) {
+    // Plain ASCII without escapes reaches every ASCII-based codeset as it is.
+    bool plain = length <= unit_room;
+    for (size_t i = 0; plain && i < length; ++i)
+      plain = static_cast<unsigned char>(text[i]) < 0x80 && text[i] != '<';
+    if (plain) {
+      size_t len = length > w ? w : length;
+      if (len > capacity) return encode_no_room;
+      std::memcpy(out, text, len);
+      *out_length = static_cast<uint32_t>(len);
+      return length > w ? encode_shortened : static_cast<int>(len) - static_cast<int>(w);
+    }
+  }
   char16_t u[unit_room];
   size_t n = decode_narrow(text, length, u, unit_room);
-  size_t w = width > 0 ? static_cast<size_t>(width) : 0;
 
   if (utf16) {
     bool cut = n > w;

@@ -17,19 +17,21 @@ namespace {
 constexpr int field_date_default = 28;
 
 // True when the pattern may hold a week conversion ("%G", "%g", "%V", "%W"),
-// directly or through "%x": only then are the week rules worth running.
+// directly or through "%x": only then are the week rules worth running. A
+// letter outside a conversion only costs the week rules, never a wrong text.
 bool may_need_weeks(const char *p, size_t n, const field_reader &loc) {
-  for (size_t i = 0; i + 1 < n; ++i) {
-    if (p[i] != '%') continue;
-    for (size_t j = i + 1; j < n && j < i + 6; ++j) {
-      char c = p[j];
-      if (c == 'G' || c == 'g' || c == 'V' || c == 'W') return true;
-      if (c == 'x') {
+  for (size_t i = 0; i < n; ++i) {
+    switch (p[i]) {
+      case 'G': case 'g': case 'V': case 'W':
+        return true;
+      case 'x': {
         std::string_view t;
         if (loc.get(field_date_default, &t) && may_need_weeks(t.data(), t.size(), field_reader{}))
           return true;
+        break;
       }
-      if ((c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '%') break;
+      default:
+        break;
     }
   }
   return false;
@@ -107,12 +109,20 @@ int zkf_expand(const moment &m, const field_reader &loc, const char *pattern, si
     std::memcpy(joined + p.size(), " %z", 3);
     p = std::string_view(joined, p.size() + 3);
   }
+  const size_t room = *length > 0 ? static_cast<size_t>(*length) : 0;
+  size_t n = 0;
+  int r;
   if (m.has_date && may_need_weeks(p.data(), p.size(), loc)) {
     moment with_weeks = m;
     fill_weeks(with_weeks);
-    return expand(with_weeks, loc, p.data(), p.size(), text, length, decimals);
+    r = expand_text(with_weeks, loc, p.data(), p.size(), text, room, &n, decimals);
+  } else {
+    r = expand_text(m, loc, p.data(), p.size(), text, room, &n, decimals);
   }
-  return expand(m, loc, p.data(), p.size(), text, length, decimals);
+  if (r != expand_fits) return r;
+  if (n > room) return expand_too_long;  // text holds its first room bytes
+  *length = static_cast<int32_t>(n);
+  return expand_fits;
 }
 
 }  // namespace xfmt::nls
