@@ -30,15 +30,29 @@ xf_euro_state euro_reentstr = {nullptr, nullptr, 0, '\0'};
 extern "C" xf_euro_state *estrent(void) { return &euro_reentstr; }
 extern "C" xf_euro_state *getrent(void) { return &euro_reentstr; }
 
+namespace {
+
+// Every working copy ever made stays on this list: a copy that a later
+// set-up replaces may still be read by another thread, so none is freed,
+// and all stay reachable for the life of the process.
+struct rate_copy {
+  rate_copy *next;
+  double rates[26];
+};
+std::atomic<rate_copy *> all_copies{nullptr};
+
+}  // namespace
+
 extern "C" void eurconv(xf_euro_state *state) {
   if (state == nullptr) return;
-  // One allocation per family for the life of the process. A copy that
-  // another family's set-up replaces is not freed: a thread may still be
-  // reading it.
-  auto *copy = static_cast<double *>(std::malloc(sizeof conv_rate));
+  auto *copy = static_cast<rate_copy *>(std::malloc(sizeof(rate_copy)));
   if (copy != nullptr) {
-    std::memcpy(copy, conv_rate, sizeof conv_rate);
-    std::atomic_ref<double *>(state->rates).store(copy, std::memory_order_release);
+    std::memcpy(copy->rates, conv_rate, sizeof conv_rate);
+    copy->next = all_copies.load(std::memory_order_relaxed);
+    while (!all_copies.compare_exchange_weak(copy->next, copy, std::memory_order_release,
+                                             std::memory_order_relaxed)) {
+    }
+    std::atomic_ref<double *>(state->rates).store(copy->rates, std::memory_order_release);
   }
   const char *none = nullptr;
   std::atomic_ref<const char *> list(state->currencies);

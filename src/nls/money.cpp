@@ -140,6 +140,7 @@ struct out_text {
   size_t n = 0;
   bool over = false;
   void put(std::string_view s) {
+    if (s.empty()) return;  // an absent field has no text at all
     if (n + s.size() > room) {
       over = true;
       return;
