@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <string>
+#include <utility>
 
 #include "catalog/missing.hpp"
 #include "support/frame.hpp"
@@ -184,6 +185,28 @@ TEST(nldatm, zone_offset_five_hours_west) {
   tzset();
   EXPECT_EQ(text(nldatmtz, 0, 32, 0, english_us), "00:00:00 -0500");
   EXPECT_EQ(text(nldatmz, 0, 40, 0, english_us), "January 1, 1960 00:00:00 -0500");
+  if (old) setenv("TZ", saved.c_str(), 1);
+  else unsetenv("TZ");
+  tzset();
+}
+
+// During daylight-saving time the hour count of "%z" grows by one whatever
+// the sign: a zone ten hours east shows +1100, one five hours west -0600.
+TEST(nldatm, zone_offset_during_daylight_saving_time) {
+  const char *old = std::getenv("TZ");
+  std::string saved = old ? old : "";
+  // Daylight-saving all year round, so the test does not depend on the date.
+  for (const auto &[tz, expected] : {std::pair{"AAA-10BBB,0/0,J365/25", "+1100"},
+                                     std::pair{"CCC5DDD,0/0,J365/25", "-0600"}}) {
+    setenv("TZ", tz, 1);
+    tzset();
+    time_t now = time(nullptr);
+    struct tm tm {};
+    localtime_r(&now, &tm);
+    ASSERT_GT(tm.tm_isdst, 0) << tz;
+    std::string t = text(nldatmtz, 0, 32, 0, english_us);
+    EXPECT_EQ(t.substr(t.size() - 5), expected) << tz;
+  }
   if (old) setenv("TZ", saved.c_str(), 1);
   else unsetenv("TZ");
   tzset();

@@ -109,3 +109,33 @@ TEST(sweep, every_member_every_third_locale_utf8_codeset) {
 }
 
 }  // namespace
+
+namespace {
+
+xf_status validated(xf_routine r, int w, int d) {
+  frame_box b = frame_box::number(1, w, d, 512);
+  b.f.option_word = 53 | XF_OPT_VALIDATE;
+  return r(&b.f);
+}
+
+bool validation_status(xf_status s) { return s >= XF_NL_WIDTH_LOW && s <= XF_NL_DECIMALS_HIGH; }
+
+// Each routine checks the bounds of its own catalog row, and only when asked.
+TEST(sweep, validation_follows_each_catalog_row) {
+  const fmtinfo *m = jazwfnls();
+  for (uint64_t r = 0; r < m->count; ++r) {
+    const fmtinfo_eachfmt &row = m->rows[r];
+    if (row.routine == nullptr) continue;
+    const std::string name(row.name, row.name_length);
+    const int lo = row.min_width, hi = row.max_width, dmax = row.max_decimals;
+    EXPECT_EQ(validated(row.routine, lo - 1, 0), XF_NL_WIDTH_LOW) << name;
+    EXPECT_FALSE(validation_status(validated(row.routine, lo, 0))) << name;
+    EXPECT_FALSE(validation_status(validated(row.routine, hi, 0))) << name;
+    EXPECT_EQ(validated(row.routine, hi + 1, 0), XF_NL_WIDTH_HIGH) << name;
+    EXPECT_EQ(validated(row.routine, hi, -1), XF_NL_DECIMALS_LOW) << name;
+    EXPECT_FALSE(validation_status(validated(row.routine, hi, dmax))) << name;
+    EXPECT_EQ(validated(row.routine, hi, dmax + 1), XF_NL_DECIMALS_HIGH) << name;
+  }
+}
+
+}  // namespace
