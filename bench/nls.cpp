@@ -3,11 +3,11 @@
 // NLMNLUSD12.2 beside DOLLAR12.2 and strfmon. All through xffmt, English
 // (United States) locale, the same values in each pair.
 #include <benchmark/benchmark.h>
+#include <monetary.h>  // strfmon: the C library's money printer
 
 #include <clocale>
 #include <cstring>
 #include <ctime>
-#include <monetary.h>  // strfmon: the C library's money printer
 
 #include "xfmt/xfmt.h"
 

@@ -15,9 +15,9 @@
 // Units of each currency per euro, exactly as hosts have always had them:
 // results must not move, so no rate is "corrected" to more digits.
 extern "C" const double conv_rate[26] = {
-    1.0,      13.7603, 40.3399, 5.94573, 6.55957, 1.95583, 0.787564, 1936.27, 40.3399,
-    2.20371,  200.482, 166.386, 1.6043,  7.49009, 0.700132, 340.885, 9.36591, 34.8563,
-    260.325,  9.1977,  19.768,  336.912, 4.2,     13.71,   13.0644, 191.0};
+    1.0,     13.7603, 40.3399, 5.94573, 6.55957, 1.95583,  0.787564, 1936.27, 40.3399,
+    2.20371, 200.482, 166.386, 1.6043,  7.49009, 0.700132, 340.885,  9.36591, 34.8563,
+    260.325, 9.1977,  19.768,  336.912, 4.2,     13.71,    13.0644,  191.0};
 
 extern "C" const char valid_curr[105] =
     "EUR ATS BEF FIM FRF DEM IEP ITL LUF NLG PTE ESP CHF DKK GBP GRD SEK CZK HUF NOK RUR TRL "

@@ -78,8 +78,10 @@ struct conversion {
 // A two-digit number: zero padded by default, unpadded under "#"; a value
 // of 100 or more keeps only its last two digits when padded.
 void two(sink &s, const conversion &c, int64_t v) {
-  if (c.hash) s.plain(v);
-  else s.fixed(v < 0 ? 0 : v % 100, 2, '0');
+  if (c.hash)
+    s.plain(v);
+  else
+    s.fixed(v < 0 ? 0 : v % 100, 2, '0');
 }
 
 void name(sink &s, const field_reader &loc, int field, size_t pad_to = 0) {
@@ -143,8 +145,10 @@ void zone_offset(sink &s) {
 // 59.96 "59.9" (a 9 is never raised, so the seconds never become 60).
 void seconds(sink &s, const conversion &c, const moment &m, const field_reader &loc,
              int32_t decimals, bool with_fraction) {
-  if (!m.has_second) s.stars();
-  else two(s, c, static_cast<int64_t>(std::floor(m.second)));
+  if (!m.has_second)
+    s.stars();
+  else
+    two(s, c, static_cast<int64_t>(std::floor(m.second)));
   if (!with_fraction || decimals <= 0) return;
   std::string_view point;
   if (!loc.get(field_decimal_point, &point) || point.empty()) point = ".";
@@ -171,8 +175,20 @@ int sunday_week(const moment &m) { return (m.yday - 1 + 7 - m.wday) / 7; }
 
 bool needs_date(char letter) {
   switch (letter) {
-    case 'A': case 'F': case 'B': case 'C': case 'D': case 'E': case 'G': case 'O':
-    case 'J': case 'Q': case 'U': case 'V': case 'W': case 'Y':
+    case 'A':
+    case 'F':
+    case 'B':
+    case 'C':
+    case 'D':
+    case 'E':
+    case 'G':
+    case 'O':
+    case 'J':
+    case 'Q':
+    case 'U':
+    case 'V':
+    case 'W':
+    case 'Y':
       return true;
     default:
       return false;
@@ -191,80 +207,131 @@ bool convert(sink &s, const conversion &c, const moment &m, const field_reader &
     return true;
   }
   switch (c.letter) {
-    case '%': s.put('%'); return true;
-    case 'A': name(s, loc, (lower ? (c.hash ? 121 : 107) : (c.hash ? 128 : 114)) + m.wday); return true;
+    case '%':
+      s.put('%');
+      return true;
+    case 'A':
+      name(s, loc, (lower ? (c.hash ? 121 : 107) : (c.hash ? 128 : 114)) + m.wday);
+      return true;
     case 'F': {
       int first = lower ? (c.hash ? 121 : 107) : (c.hash ? 128 : 114);
       name(s, loc, first + m.wday, longest(loc, first, 7));
       return true;
     }
-    case 'B': name(s, loc, (lower ? (c.hash ? 83 : 59) : (c.hash ? 95 : 71)) + m.month - 1); return true;
+    case 'B':
+      name(s, loc, (lower ? (c.hash ? 83 : 59) : (c.hash ? 95 : 71)) + m.month - 1);
+      return true;
     case 'C': {
       int first = c.hash ? 95 : 71;
       name(s, loc, first + m.month - 1, longest(loc, first, 12));
       return true;
     }
-    case 'D': two(s, c, m.day); return true;
-    case 'E': s.fixed(m.day % 100, 2, ' '); return true;
+    case 'D':
+      two(s, c, m.day);
+      return true;
+    case 'E':
+      s.fixed(m.day % 100, 2, ' ');
+      return true;
     case 'G':
-      if (lower) two(s, c, m.iso_year % 100);
-      else s.fixed(m.iso_year % 10000, 4, '0');
+      if (lower)
+        two(s, c, m.iso_year % 100);
+      else
+        s.fixed(m.iso_year % 10000, 4, '0');
       return true;
     case 'H':
     case 'K': {
-      if (!m.has_hour) { s.stars(); return true; }
+      if (!m.has_hour) {
+        s.stars();
+        return true;
+      }
       int64_t h = (c.letter == 'K' && m.hour == 0) ? 24 : m.hour;
-      if (h > 99) s.plain(h);
-      else two(s, c, h);
+      if (h > 99)
+        s.plain(h);
+      else
+        two(s, c, h);
       return true;
     }
-    case 'I': case 'L': {
-      if (!m.has_hour) { s.stars(); return true; }
+    case 'I':
+    case 'L': {
+      if (!m.has_hour) {
+        s.stars();
+        return true;
+      }
       int h = twelve_hour(m.hour);
       if (c.letter == 'I' && h == 0) h = 12;
       two(s, c, h);
       return true;
     }
     case 'M':
-      if (!m.has_minute) s.stars();
-      else two(s, c, m.minute);
+      if (!m.has_minute)
+        s.stars();
+      else
+        two(s, c, m.minute);
       return true;
     case 'N':
       if (lower) {  // "%n": whole days in the hour count
-        if (!m.has_hour) s.stars();
-        else s.plain(m.hour / 24);
+        if (!m.has_hour)
+          s.stars();
+        else
+          s.plain(m.hour / 24);
       } else {
         two(s, c, m.month);
       }
       return true;
-    case 'O': s.fixed(m.month, 2, ' '); return true;
-    case 'J': if (c.hash) s.plain(m.yday); else s.fixed(m.yday, 3, '0'); return true;
+    case 'O':
+      s.fixed(m.month, 2, ' ');
+      return true;
+    case 'J':
+      if (c.hash)
+        s.plain(m.yday);
+      else
+        s.fixed(m.yday, 3, '0');
+      return true;
     case 'P': {
-      if (!m.has_hour) { s.stars(); return true; }
+      if (!m.has_hour) {
+        s.stars();
+        return true;
+      }
       bool am = m.hour % 24 <= 11;
       std::string_view t;
-      if (loc.get(am ? field_am : field_pm, &t)) s.put(t);
-      else s.put(am ? "AM" : "PM");
+      if (loc.get(am ? field_am : field_pm, &t))
+        s.put(t);
+      else
+        s.put(am ? "AM" : "PM");
       return true;
     }
-    case 'Q': name(s, loc, (lower ? (c.hash ? 143 : 135) : (c.hash ? 147 : 139)) + (m.month - 1) / 3); return true;
-    case 'S': seconds(s, c, m, loc, decimals, !lower); return true;
+    case 'Q':
+      name(s, loc, (lower ? (c.hash ? 143 : 135) : (c.hash ? 147 : 139)) + (m.month - 1) / 3);
+      return true;
+    case 'S':
+      seconds(s, c, m, loc, decimals, !lower);
+      return true;
     case 'T': {
-        conversion plain_two{};
-        if (m.has_hour) two(s, plain_two, m.hour); else s.stars();
-        s.put(':');
-        if (m.has_minute) two(s, plain_two, m.minute); else s.stars();
-        s.put(':');
-        seconds(s, plain_two, m, loc, 0, false);
+      conversion plain_two{};
+      if (m.has_hour)
+        two(s, plain_two, m.hour);
+      else
+        s.stars();
+      s.put(':');
+      if (m.has_minute)
+        two(s, plain_two, m.minute);
+      else
+        s.stars();
+      s.put(':');
+      seconds(s, plain_two, m, loc, 0, false);
       return true;
     }
     case 'U':
-      if (lower) s.put(static_cast<char>('0' + (m.wday == 0 ? 7 : m.wday)));
-      else two(s, c, sunday_week(m));
+      if (lower)
+        s.put(static_cast<char>('0' + (m.wday == 0 ? 7 : m.wday)));
+      else
+        two(s, c, sunday_week(m));
       return true;
     case 'W':
-      if (lower) s.put(static_cast<char>('0' + m.wday));
-      else two(s, c, m.monday_week);
+      if (lower)
+        s.put(static_cast<char>('0' + m.wday));
+      else
+        two(s, c, m.monday_week);
       return true;
     case 'V':
       two(s, c, m.iso_week);
@@ -276,13 +343,17 @@ bool convert(sink &s, const conversion &c, const moment &m, const field_reader &
         if (!loc.get(field_country, &country)) country = {};
         y = era_year(m, country);
       }
-      if (lower) two(s, c, y % 100);
-      else s.fixed(y % 10000, 4, '0');
+      if (lower)
+        two(s, c, y % 100);
+      else
+        s.fixed(y % 10000, 4, '0');
       return true;
     }
     case 'Z':
-      if (lower) zone_offset(s);
-      else s.put(read_zone().abbrev);
+      if (lower)
+        zone_offset(s);
+      else
+        s.put(read_zone().abbrev);
       return true;
     default:
       return false;
@@ -316,8 +387,14 @@ size_t inline_patterns(const char *p, size_t n, const field_reader &loc, char *o
 bool parse(const char *p, size_t n, size_t &i, conversion &c) {
   if (i < n && (p[i] == '#' || p[i] == '0')) c.hash = p[i++] == '#';
   if (i < n && p[i] >= '1' && p[i] <= '9') ++i;
-  if (i < n && p[i] == '+') { c.era = true; ++i; }
-  if (i < n && p[i] == '?') { c.lower = true; ++i; }
+  if (i < n && p[i] == '+') {
+    c.era = true;
+    ++i;
+  }
+  if (i < n && p[i] == '?') {
+    c.lower = true;
+    ++i;
+  }
   if (i >= n) return false;
   char l = p[i++];
   if (l == 'm') {
@@ -337,8 +414,8 @@ bool parse(const char *p, size_t n, size_t &i, conversion &c) {
 size_t escaped_length(std::string_view t) {
   size_t n = 0;
   for (size_t i = 0; i < t.size(); ++n) {
-    bool esc = t[i] == '<' && i + 7 <= t.size() && (t[i + 1] == 'U' || t[i + 1] == 'u') &&
-               t[i + 6] == '>';
+    bool esc =
+        t[i] == '<' && i + 7 <= t.size() && (t[i + 1] == 'U' || t[i + 1] == 'u') && t[i + 6] == '>';
     i += esc ? 7 : 1;
   }
   return n;
@@ -353,8 +430,10 @@ int era_year(const moment &m, std::string_view country) {
   }
   if (country == "TH") return m.year + 543;
   if (country == "JP") {
-    static constexpr struct { int64_t start; int year; } eras[] = {
-        {-33506, 1868}, {-17321, 1912}, {-12060, 1926}, {10600, 1989}};
+    static constexpr struct {
+      int64_t start;
+      int year;
+    } eras[] = {{-33506, 1868}, {-17321, 1912}, {-12060, 1926}, {10600, 1989}};
     for (int k = 3; k >= 0; --k)
       if (eras[k].start <= m.day_number) return m.year + 1 - eras[k].year;
   }

@@ -37,9 +37,9 @@ struct moment {
   int monday_week = 0;     // 0 .. 53, weeks beginning on Monday
 
   bool has_hour = false, has_minute = false, has_second = false;
-  int64_t hour = 0;        // 0 .. 23 for a time of day
-  int minute = 0;          // 0 .. 59
-  double second = 0;       // 0 <= s < 60, fraction kept
+  int64_t hour = 0;   // 0 .. 23 for a time of day
+  int minute = 0;     // 0 .. 59
+  double second = 0;  // 0 <= s < 60, fraction kept
 };
 
 // Outcome of expand.

@@ -103,10 +103,10 @@ extern "C" const xf_monetary lconv_monetary[82] = {
 };
 
 extern "C" const char *const CurrencyFormatPatterns[20] = {
-    "(V$)", "-V$", "V$-", "V-$", "V$-",      //  0-4   symbol after, no space
-    "($V)", "-$V", "$V-", "-$V", "$-V",      //  5-9   symbol before, no space
-    "(V $)", "-V $", "V $-", "V- $", "V $-", // 10-14  symbol after, space
-    "($ V)", "-$ V", "$ V-", "-$ V", "$ -V", // 15-19  symbol before, space
+    "(V$)",  "-V$",  "V$-",  "V-$",  "V$-",   //  0-4   symbol after, no space
+    "($V)",  "-$V",  "$V-",  "-$V",  "$-V",   //  5-9   symbol before, no space
+    "(V $)", "-V $", "V $-", "V- $", "V $-",  // 10-14  symbol after, space
+    "($ V)", "-$ V", "$ V-", "-$ V", "$ -V",  // 15-19  symbol before, space
 };
 
 namespace xfmt::nls {
@@ -154,7 +154,8 @@ struct out_text {
 void put_digits(out_text &o, const money_conventions &c, std::string_view digits, bool grouped) {
   size_t dot = digits.find('.');
   std::string_view whole = digits.substr(0, dot);
-  std::string_view frac = dot == std::string_view::npos ? std::string_view{} : digits.substr(dot + 1);
+  std::string_view frac =
+      dot == std::string_view::npos ? std::string_view{} : digits.substr(dot + 1);
   grouped = grouped && digits.find('E') == std::string_view::npos && c.group > 0;
   size_t g = static_cast<size_t>(c.group);
   if (grouped && whole.size() > g) {
@@ -240,7 +241,8 @@ const money_conventions &locale_money_conventions(int id) {
   // eleven fields would otherwise be a fifth of a money value's time.
   static const auto table = [] {
     std::array<money_conventions, locale_count + 1> t{};
-    for (int i = 0; i <= locale_count; ++i) t[static_cast<size_t>(i)] = read_money_conventions(locale_reader(i));
+    for (int i = 0; i <= locale_count; ++i)
+      t[static_cast<size_t>(i)] = read_money_conventions(locale_reader(i));
     return t;
   }();
   return table[static_cast<size_t>(id >= 1 && id <= locale_count ? id : 0)];
@@ -256,11 +258,22 @@ int money_candidate(const money_conventions &c, std::string_view digits, bool ne
   out_text o{out, room};
   for (const char *p = CurrencyFormatPatterns[money_pattern_index(c, negative)]; *p; ++p) {
     switch (*p) {
-      case '$': o.put(symbol); break;
-      case '(': case ')': if (negative) o.put(*p); break;
-      case '-': o.put(negative ? c.negative : c.positive); break;
-      case 'V': put_digits(o, c, digits, grouped); break;
-      default: o.put(*p); break;
+      case '$':
+        o.put(symbol);
+        break;
+      case '(':
+      case ')':
+        if (negative) o.put(*p);
+        break;
+      case '-':
+        o.put(negative ? c.negative : c.positive);
+        break;
+      case 'V':
+        put_digits(o, c, digits, grouped);
+        break;
+      default:
+        o.put(*p);
+        break;
     }
   }
   if (o.over) return -1;
@@ -310,10 +323,14 @@ xf_status money_format(xf_frame *f, const money_conventions &c, const xf_monetar
   char enc[candidate_room * 4];
   uint32_t enc_len = 0;
   // a-c use the fixed digits; d-e the exponent form once c did not fit.
-  struct attempt { bool exp, grouped, with_symbol; };
-  static constexpr attempt attempts[] = {
-      {false, true, true}, {false, false, true}, {false, false, false},
-      {true, false, true}, {true, false, false}};
+  struct attempt {
+    bool exp, grouped, with_symbol;
+  };
+  static constexpr attempt attempts[] = {{false, true, true},
+                                         {false, false, true},
+                                         {false, false, false},
+                                         {true, false, true},
+                                         {true, false, false}};
   for (const attempt &a : attempts) {
     if (a.exp && exponent.empty()) exponent = std::string_view(expo, exponent_digits(v, dd, expo));
     std::string_view digits = a.exp ? exponent : plain;

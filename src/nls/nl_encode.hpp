@@ -11,8 +11,8 @@ namespace xfmt::nls {
 
 // Results of encode_text, as getExpResultFromNarrowCharBuf returns them:
 // zero or negative: the text fits whole (its length minus the width);
-inline constexpr int encode_shortened = 1;    // trailing characters dropped to fit the width
-inline constexpr int encode_no_room = 2;      // longer than the output capacity, nothing written
+inline constexpr int encode_shortened = 1;  // trailing characters dropped to fit the width
+inline constexpr int encode_no_room = 2;    // longer than the output capacity, nothing written
 inline constexpr int encode_unconvertible = 4;
 
 // The marker the currency sign U+00A4 becomes on the way.

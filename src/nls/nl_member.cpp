@@ -31,10 +31,14 @@ bool value_in_range(value_kind k, double v) {
 
 moment moment_for(value_kind k, double v, int32_t d) {
   switch (k) {
-    case value_kind::date: return date_moment_of(v);
-    case value_kind::datetime: return datetime_moment_of(v, d, true);
-    case value_kind::date_of_datetime: return date_moment_of(zdatprt(v));
-    case value_kind::time: return datetime_moment_of(v, d, false);
+    case value_kind::date:
+      return date_moment_of(v);
+    case value_kind::datetime:
+      return datetime_moment_of(v, d, true);
+    case value_kind::date_of_datetime:
+      return date_moment_of(zdatprt(v));
+    case value_kind::time:
+      return datetime_moment_of(v, d, false);
   }
   return moment{};
 }
@@ -116,26 +120,38 @@ pattern_text short_pattern(short_form form, int w, int32_t d, const field_reader
   const std::string_view sep = date_separator(loc);
   const int s = static_cast<int>(sep.size());
   switch (form) {
-    case short_form::none: break;
+    case short_form::none:
+      break;
     case short_form::date:
-      if (w >= 8 + 2 * s) put_dmy(t, order, sep, true, 0);
-      else if (w >= 6 + 2 * s) put_dmy(t, order, sep, false, 0);
-      else if (w >= 6) put_dmy(t, order, "", false, 0);
+      if (w >= 8 + 2 * s)
+        put_dmy(t, order, sep, true, 0);
+      else if (w >= 6 + 2 * s)
+        put_dmy(t, order, sep, false, 0);
+      else if (w >= 6)
+        put_dmy(t, order, "", false, 0);
       break;
     case short_form::year_month:
-      if (w >= 6 + s) put_dmy(t, order, sep, true, 'D');
-      else if (w >= 4 + s) put_dmy(t, order, sep, false, 'D');
-      else if (w >= 4) put_dmy(t, order, "", false, 'D');
+      if (w >= 6 + s)
+        put_dmy(t, order, sep, true, 'D');
+      else if (w >= 4 + s)
+        put_dmy(t, order, sep, false, 'D');
+      else if (w >= 4)
+        put_dmy(t, order, "", false, 'D');
       break;
     case short_form::month_day:
-      if (w >= 4 + s) put_dmy(t, order, sep, false, 'Y');
-      else if (w >= 4) put_dmy(t, order, "", false, 'Y');
+      if (w >= 4 + s)
+        put_dmy(t, order, sep, false, 'Y');
+      else if (w >= 4)
+        put_dmy(t, order, "", false, 'Y');
       break;
     case short_form::year_quarter: {
       const char q[3] = {'Q', static_cast<char>('1' + (m.month - 1) / 3), '\0'};
-      if (w >= 6) t.put("%Y");
-      else if (w >= 4) t.put("%y");
-      else break;
+      if (w >= 6)
+        t.put("%Y");
+      else if (w >= 4)
+        t.put("%y");
+      else
+        break;
       t.put(q);
       break;
     }
@@ -183,8 +199,10 @@ bool prologue(xf_frame *f, const member_spec &spec, bool stars_out_of_range, xf_
   }
   if (!value_in_range(spec.kind, v)) {
     // The one-pattern members leave the field as it was: nothing delivered.
-    if (stars_out_of_range) *st = fail_stars(f, f->width, XF_E_DATE_RANGE);
-    else f->output_length = 0;
+    if (stars_out_of_range)
+      *st = fail_stars(f, f->width, XF_E_DATE_RANGE);
+    else
+      f->output_length = 0;
     return false;
   }
   return true;
@@ -254,8 +272,9 @@ xf_status run_one_pattern(xf_frame *f, const member_spec &spec, const xf_nl_patt
   const moment m = moment_for(spec.kind, frame_value(f), f->decimals);
   const char *p = table[0].pattern;
   encoded out;
-  int r = format_one(f, m, loc, p, p != nullptr ? std::strlen(p) : 0, p != nullptr ? 0 : table[0].code,
-                     pattern_decimals(spec.kind, f->decimals), false, out);
+  int r =
+      format_one(f, m, loc, p, p != nullptr ? std::strlen(p) : 0, p != nullptr ? 0 : table[0].code,
+                 pattern_decimals(spec.kind, f->decimals), false, out);
   if (r <= encode_shortened) {
     place_left(f, out.bytes, out.n, wants_utf16(f));
     return XF_OK;

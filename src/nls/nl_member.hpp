@@ -24,8 +24,8 @@ struct member_spec {
   int16_t min_width;
   int16_t max_decimals;
   value_kind kind;
-  int32_t first;      // locale field code of the first pattern
-  int32_t second;     // of the second; 0: none
+  int32_t first;   // locale field code of the first pattern
+  int32_t second;  // of the second; 0: none
   short_form fallback;
 };
 

@@ -17,8 +17,8 @@ extern "C" const xf_nl_pattern nldatml_pat[4] = {
     {nullptr, 4145}, {nullptr, 4144}, {nullptr, 4143}, {nullptr, 190}};
 extern "C" const xf_nl_pattern nldatmm_pat[3] = {{nullptr, 4144}, {nullptr, 4143}, {nullptr, 190}};
 extern "C" const xf_nl_pattern nldatms_pat[1] = {{nullptr, 190}};
-extern "C" const xf_nl_pattern nldatmw_pat[6] = {
-    {nullptr, 4146}, {nullptr, 4147}, {nullptr, 32}, {nullptr, 33}, {"%#A", 128}, {"%#a", 121}};
+extern "C" const xf_nl_pattern nldatmw_pat[6] = {{nullptr, 4146}, {nullptr, 4147}, {nullptr, 32},
+                                                 {nullptr, 33},   {"%#A", 128},    {"%#a", 121}};
 extern "C" const xf_nl_pattern nldatmmn_pat[3] = {{"%#B", 95}, {"%#b", 83}, {"%o", 2}};
 extern "C" const xf_nl_pattern nldatmwn_pat[3] = {{"%#A", 128}, {"%#a", 121}, {"uw", 42}};
 
@@ -37,14 +37,22 @@ extern "C" xf_status nldatmap(xf_frame *f) {
 }
 
 extern "C" xf_status nldatmz(xf_frame *f) {
-  static constexpr member_spec spec{
-      16, 3, value_kind::datetime, code_datetime + code_with_zone + 46, code_datetime + code_with_zone + 47, short_form::datetime};
+  static constexpr member_spec spec{16,
+                                    3,
+                                    value_kind::datetime,
+                                    code_datetime + code_with_zone + 46,
+                                    code_datetime + code_with_zone + 47,
+                                    short_form::datetime};
   return run_two_pattern(f, spec);
 }
 
 extern "C" xf_status nldatmwz(xf_frame *f) {
-  static constexpr member_spec spec{
-      16, 3, value_kind::datetime, code_datetime + code_with_zone + 50, code_datetime + code_with_zone + 51, short_form::none};
+  static constexpr member_spec spec{16,
+                                    3,
+                                    value_kind::datetime,
+                                    code_datetime + code_with_zone + 50,
+                                    code_datetime + code_with_zone + 51,
+                                    short_form::none};
   return run_two_pattern(f, spec);
 }
 
@@ -111,38 +119,38 @@ extern "C" xf_status nldatmdt(xf_frame *f) {
 }
 
 extern "C" xf_status nldatmyml(xf_frame *f) {
-  static constexpr member_spec spec{
-      5, 0, value_kind::date_of_datetime, 0, 0, short_form::year_month};
+  static constexpr member_spec spec{5, 0, value_kind::date_of_datetime,
+                                    0, 0, short_form::year_month};
   return run_one_pattern(f, spec, nldatmyml_pat);
 }
 
 extern "C" xf_status nldatmymm(xf_frame *f) {
-  static constexpr member_spec spec{
-      5, 0, value_kind::date_of_datetime, 0, 0, short_form::year_month};
+  static constexpr member_spec spec{5, 0, value_kind::date_of_datetime,
+                                    0, 0, short_form::year_month};
   return run_one_pattern(f, spec, nldatmymm_pat);
 }
 
 extern "C" xf_status nldatmyql(xf_frame *f) {
-  static constexpr member_spec spec{
-      4, 0, value_kind::date_of_datetime, 0, 0, short_form::year_quarter};
+  static constexpr member_spec spec{4, 0, value_kind::date_of_datetime,
+                                    0, 0, short_form::year_quarter};
   return run_one_pattern(f, spec, nldatmyql_pat);
 }
 
 extern "C" xf_status nldatmyqm(xf_frame *f) {
-  static constexpr member_spec spec{
-      4, 0, value_kind::date_of_datetime, 0, 0, short_form::year_quarter};
+  static constexpr member_spec spec{4, 0, value_kind::date_of_datetime,
+                                    0, 0, short_form::year_quarter};
   return run_one_pattern(f, spec, nldatmyqm_pat);
 }
 
 extern "C" xf_status nldatmmdl(xf_frame *f) {
-  static constexpr member_spec spec{
-      5, 0, value_kind::date_of_datetime, 0, 0, short_form::month_day};
+  static constexpr member_spec spec{5, 0, value_kind::date_of_datetime,
+                                    0, 0, short_form::month_day};
   return run_one_pattern(f, spec, nldatmmdl_pat);
 }
 
 extern "C" xf_status nldatmmdm(xf_frame *f) {
-  static constexpr member_spec spec{
-      5, 0, value_kind::date_of_datetime, 0, 0, short_form::month_day};
+  static constexpr member_spec spec{5, 0, value_kind::date_of_datetime,
+                                    0, 0, short_form::month_day};
   return run_one_pattern(f, spec, nldatmmdm_pat);
 }
 
@@ -157,19 +165,19 @@ extern "C" xf_status nldatmwn(xf_frame *f) {
 }
 
 extern "C" xf_status nldatmyms(xf_frame *f) {
-  static constexpr member_spec spec{
-      5, 0, value_kind::date_of_datetime, 0, 0, short_form::year_month};
+  static constexpr member_spec spec{5, 0, value_kind::date_of_datetime,
+                                    0, 0, short_form::year_month};
   return run_short(f, spec);
 }
 
 extern "C" xf_status nldatmmds(xf_frame *f) {
-  static constexpr member_spec spec{
-      5, 0, value_kind::date_of_datetime, 0, 0, short_form::month_day};
+  static constexpr member_spec spec{5, 0, value_kind::date_of_datetime,
+                                    0, 0, short_form::month_day};
   return run_short(f, spec);
 }
 
 extern "C" xf_status nldatmyqs(xf_frame *f) {
-  static constexpr member_spec spec{
-      4, 0, value_kind::date_of_datetime, 0, 0, short_form::year_quarter};
+  static constexpr member_spec spec{4, 0, value_kind::date_of_datetime,
+                                    0, 0, short_form::year_quarter};
   return run_short(f, spec);
 }

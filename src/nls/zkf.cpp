@@ -22,7 +22,10 @@ constexpr int field_date_default = 28;
 bool may_need_weeks(const char *p, size_t n, const field_reader &loc) {
   for (size_t i = 0; i < n; ++i) {
     switch (p[i]) {
-      case 'G': case 'g': case 'V': case 'W':
+      case 'G':
+      case 'g':
+      case 'V':
+      case 'W':
         return true;
       case 'x': {
         std::string_view t;
@@ -161,7 +164,8 @@ extern "C" int zkfdate(double date, int32_t locale_id, char *text, int32_t *leng
   using namespace xfmt::nls;
   if (!date_value_in_range(date)) return zkf_out_of_range;
   const field_reader loc = locale_reader(resolve_locale_id(locale_id));
-  return zkf_expand(date_moment_of(date), loc, pattern, pattern_size(pattern), code, text, length, 0);
+  return zkf_expand(date_moment_of(date), loc, pattern, pattern_size(pattern), code, text, length,
+                    0);
 }
 
 extern "C" int zkfdttm(double dt, int32_t locale_id, char *text, int32_t *length,

@@ -39,8 +39,10 @@ nls::moment date_moment(int y, int m, int d) {
   int iso_wd = t.wday == 0 ? 7 : t.wday;
   int64_t thursday = t.day_number + 4 - iso_wd;
   int ty = y;
-  if (thursday < days_before_year(y)) ty = y - 1;
-  else if (thursday >= days_before_year(y + 1)) ty = y + 1;
+  if (thursday < days_before_year(y))
+    ty = y - 1;
+  else if (thursday >= days_before_year(y + 1))
+    ty = y + 1;
   t.iso_year = ty;
   t.iso_week = static_cast<int>((thursday - days_before_year(ty)) / 7 + 1);
   int monday_wd = (t.wday + 6) % 7;  // 0 Monday
@@ -63,10 +65,12 @@ test_record english_like() {
   r.fields[28] = "%B %d, %Y";
   r.fields[29] = "%m/%d/%y";
   r.fields[53] = "%H:%M:%S";
-  r.set_range(59, {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"});
+  r.set_range(59,
+              {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"});
   r.set_range(71, {"January", "February", "March", "April", "May", "June", "July", "August",
                    "September", "October", "November", "December"});
-  r.set_range(83, {"jan", "feb", "mar", "apr", "may", "jun", "jul", "aug", "sep", "oct", "nov", "dec"});
+  r.set_range(83,
+              {"jan", "feb", "mar", "apr", "may", "jun", "jul", "aug", "sep", "oct", "nov", "dec"});
   r.set_range(95, {"january", "february", "march", "april", "may", "june", "july", "august",
                    "september", "october", "november", "december"});
   r.set_range(107, {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"});

@@ -56,8 +56,8 @@ TEST(encode, escapes_in_utf8) {
   EXPECT_EQ(run("<U20AC>", 2).bytes, "");
   EXPECT_EQ(run("a<U20AC>", 3).bytes, "a");
   EXPECT_EQ(run("<U00A4>", 4).bytes, std::string(1, '\x01'));  // the currency marker
-  EXPECT_EQ(run("<UZZZZ>", 7).bytes, "<UZZZZ>");                // not an escape
-  EXPECT_EQ(run("\xE9t\xE9", 8).bytes, "\xC3\xA9t\xC3\xA9");    // bytes read as Latin-1
+  EXPECT_EQ(run("<UZZZZ>", 7).bytes, "<UZZZZ>");               // not an escape
+  EXPECT_EQ(run("\xE9t\xE9", 8).bytes, "\xC3\xA9t\xC3\xA9");   // bytes read as Latin-1
 }
 
 TEST(encode, escapes_in_an_ascii_codeset) {
@@ -94,8 +94,9 @@ TEST(encode, exported_entry_converts_in_place) {
 }
 
 std::string random_text(std::mt19937_64 &g) {
-  static const char *pieces[] = {"a", "Z", " ", "1", ".", "<U00E4>", "<U20AC>", "<U65E5>",
-                                 "<u00e9>", "<U00A4>", "\xE9", "\xA0", "<", "<UXYZ1>", "%"};
+  static const char *pieces[] = {"a",       "Z",       " ",       "1",       ".",
+                                 "<U00E4>", "<U20AC>", "<U65E5>", "<u00e9>", "<U00A4>",
+                                 "\xE9",    "\xA0",    "<",       "<UXYZ1>", "%"};
   std::uniform_int_distribution<int> len(0, 12), pick(0, 14);
   std::string t;
   for (int i = len(g); i > 0; --i) t += pieces[pick(g)];

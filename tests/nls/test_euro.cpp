@@ -43,10 +43,10 @@ TEST(euro_tables, rates_and_currency_list) {
   EXPECT_EQ(std::strlen(valid_curr), 104u);
   EXPECT_EQ(std::string(valid_curr, 4), "EUR ");
   EXPECT_EQ(conv_rate[0], 1.0);
-  EXPECT_EQ(conv_rate[5], 1.95583);   // DEM
-  EXPECT_EQ(conv_rate[7], 1936.27);   // ITL
-  EXPECT_EQ(conv_rate[20], 19.768);   // RUR
-  EXPECT_EQ(conv_rate[25], 191.0);    // SIT
+  EXPECT_EQ(conv_rate[5], 1.95583);  // DEM
+  EXPECT_EQ(conv_rate[7], 1936.27);  // ITL
+  EXPECT_EQ(conv_rate[20], 19.768);  // RUR
+  EXPECT_EQ(conv_rate[25], 191.0);   // SIT
   for (int i = 0; i < 25; ++i) EXPECT_EQ(std::string(valid_curr + 4 * (i + 1), 3), codes[i]);
   EXPECT_EQ(estrent(), &euro_reentstr);
   EXPECT_EQ(getrent(), &euro_reentstr);
@@ -77,7 +77,8 @@ TEST(euro, missing_values_go_to_the_printing_format) {
   double miss = xfmt::missing_ordinary();
   EXPECT_EQ(run(eurtogbp, miss, 8, 2).text, run(zfmt, miss, 8, 2).text);
   EXPECT_EQ(run(eurfrgbp, miss, 8, 2).text, run(zfmerx, miss, 8, 2).text);
-  EXPECT_EQ(run(eurtogbp, xfmt::missing_value(5), 6, 0).text, run(zfmt, xfmt::missing_value(5), 6, 0).text);
+  EXPECT_EQ(run(eurtogbp, xfmt::missing_value(5), 6, 0).text,
+            run(zfmt, xfmt::missing_value(5), 6, 0).text);
 }
 
 TEST(euro, set_up_fills_the_state) {

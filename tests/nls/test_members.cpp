@@ -29,7 +29,8 @@ struct out {
 out nl(xf_routine r, double v, int w, int d, int locale, int64_t capacity = -1,
        bool validate = false) {
   frame_box b = frame_box::number(v, w, d, capacity);
-  b.f.option_word = static_cast<uint64_t>(locale) | static_cast<uint64_t>(validate ? XF_OPT_VALIDATE : 0ull);
+  b.f.option_word = static_cast<uint64_t>(locale);
+  if (validate) b.f.option_word |= XF_OPT_VALIDATE;
   xf_status st = r(&b.f);
   return {st, b.str(), b.buffer()};
 }
@@ -70,7 +71,8 @@ TEST(nldate, as_people_write_them) {
   EXPECT_EQ(text(nldate, 0, 20, 0, german), "1. Januar 1960");
   EXPECT_EQ(text(nldate, march_first, 20, 0, german), "1. M\xC3\xA4rz 1960");
   EXPECT_EQ(text(nldate, leap_day, 20, 0, french), "29 f\xC3\xA9vrier 2020");
-  EXPECT_EQ(text(nldate, leap_day, 20, 0, japanese), "2020\xE5\xB9\xB4" "2\xE6\x9C\x88" "29\xE6\x97\xA5");
+  EXPECT_EQ(text(nldate, leap_day, 20, 0, japanese),
+            "2020\xE5\xB9\xB4" "2\xE6\x9C\x88" "29\xE6\x97\xA5");  // 2020年2月29日
 }
 
 TEST(nldate, second_pattern_then_short_numeric_form) {
@@ -156,11 +158,13 @@ TEST(nldate, month_weekday_and_quarter_members) {
 
 TEST(nldatm, datetimes_midnight_and_noon) {
   EXPECT_EQ(text(nldatm, 0, 30, 0, english_us), "January 1, 1960 00:00:00");
-  EXPECT_EQ(text(nldatm, leap_day * day_seconds + 43200, 30, 0, german), "29. Februar 2020 12:00:00");
+  EXPECT_EQ(text(nldatm, leap_day * day_seconds + 43200, 30, 0, german),
+            "29. Februar 2020 12:00:00");
   EXPECT_EQ(text(nldatmap, 43200, 32, 0, english_us), "January 1, 1960 12:00:00 PM");
   EXPECT_EQ(text(nldatmap, 0, 32, 0, english_us), "January 1, 1960 12:00:00 AM");
   EXPECT_EQ(text(nldatmtm, 3723, 16, 0, english_us), "01:02:03");
-  EXPECT_EQ(text(nldatmdt, leap_day * day_seconds + 86399.9, 18, 0, english_us), "February 29, 2020");
+  EXPECT_EQ(text(nldatmdt, leap_day * day_seconds + 86399.9, 18, 0, english_us),
+            "February 29, 2020");
   EXPECT_EQ(text(nldatm, -1, 30, 0, english_us), "December 31, 1959 23:59:59");
 }
 

@@ -61,7 +61,8 @@ TEST(money_tables, currencies_sorted_unique_and_complete) {
     EXPECT_EQ(std::strlen(lconv_monetary[i].int_curr_symbol), 3u);
     EXPECT_GT(std::strlen(lconv_monetary[i].currency_symbol), 0u);
     if (i) {
-      EXPECT_LT(std::strcmp(lconv_monetary[i - 1].int_curr_symbol, lconv_monetary[i].int_curr_symbol), 0);
+      EXPECT_LT(std::strcmp(lconv_monetary[i - 1].int_curr_symbol,
+                            lconv_monetary[i].int_curr_symbol), 0);
     }
   }
   EXPECT_STREQ(currency("AED").currency_symbol, "<U062F>.<U0625>.");
@@ -71,8 +72,10 @@ TEST(money_tables, currencies_sorted_unique_and_complete) {
 }
 
 TEST(money_tables, placement_patterns) {
-  const char *expected[20] = {"(V$)", "-V$", "V$-", "V-$", "V$-", "($V)", "-$V", "$V-", "-$V", "$-V",
-                              "(V $)", "-V $", "V $-", "V- $", "V $-", "($ V)", "-$ V", "$ V-", "-$ V", "$ -V"};
+  const char *expected[20] = {"(V$)",  "-V$",  "V$-",  "V-$",  "V$-",    // after
+                              "($V)",  "-$V",  "$V-",  "-$V",  "$-V",    // before
+                              "(V $)", "-V $", "V $-", "V- $", "V $-",   // after, space
+                              "($ V)", "-$ V", "$ V-", "-$ V", "$ -V"};  // before, space
   for (int i = 0; i < 20; ++i) EXPECT_STREQ(CurrencyFormatPatterns[i], expected[i]) << i;
 }
 

@@ -31,13 +31,24 @@ std::vector<double> values_for(kind k) {
   const double miss = xfmt::missing_ordinary(), special = xfmt::missing_value(27);
   const double leap = 21974;  // 2020-02-29
   switch (k) {
-    case kind::date: return {miss, special, -138061, 6589335, -138062, 6589336, leap, 0, -1};
+    case kind::date:
+      return {miss, special, -138061, 6589335, -138062, 6589336, leap, 0, -1};
     case kind::datetime:
-      return {miss, -11928470400.0, 569318630399.999, -11928470401.0, 569318630400.0,
-              leap * 86400, leap * 86400 + 43200, 0, -0.5};
-    case kind::time: return {miss, 0, 43200, 86399.999, -1, 1e9, -1e12};
-    case kind::name: return {miss, 1, 4, 7, 12, 0, 13, -3.5};
-    case kind::money: return {miss, 1234.5, -1234.5, -1e-5, 1e300};
+      return {miss,
+              -11928470400.0,
+              569318630399.999,
+              -11928470401.0,
+              569318630400.0,
+              leap * 86400,
+              leap * 86400 + 43200,
+              0,
+              -0.5};
+    case kind::time:
+      return {miss, 0, 43200, 86399.999, -1, 1e9, -1e12};
+    case kind::name:
+      return {miss, 1, 4, 7, 12, 0, 13, -3.5};
+    case kind::money:
+      return {miss, 1234.5, -1234.5, -1e-5, 1e300};
   }
   return {};
 }

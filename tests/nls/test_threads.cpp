@@ -30,9 +30,9 @@ TEST(threads, national_formats_from_many_threads) {
     uint64_t locale;
   };
   const job jobs[] = {
-      {nldate, 60, 20, 0, 64},        {nlmnleur, -1234.5, 14, 2, 64}, {nlmnlaed, 99.5, 16, 2, 19},
-      {nldatm, 1e9, 30, 3, 79},       {nltimap, 45000, 20, 0, 131},   {eurfrdem, 195.583, 10, 2, 0},
-      {eurtoitl, 1, 12, 0, 0},        {nlstrmon, 3, 20, 0, 97},
+      {nldate, 60, 20, 0, 64},  {nlmnleur, -1234.5, 14, 2, 64}, {nlmnlaed, 99.5, 16, 2, 19},
+      {nldatm, 1e9, 30, 3, 79}, {nltimap, 45000, 20, 0, 131},   {eurfrdem, 195.583, 10, 2, 0},
+      {eurtoitl, 1, 12, 0, 0},  {nlstrmon, 3, 20, 0, 97},
   };
   std::vector<std::string> want;
   for (const job &j : jobs) want.push_back(call(j.r, j.v, j.w, j.d, j.locale));

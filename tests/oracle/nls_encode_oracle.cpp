@@ -19,8 +19,9 @@ std::vector<char16_t> to_units(const std::string &t) {
       if (c >= 'A' && c <= 'F') return c - 'A' + 10;
       return -1;
     };
-    if (i + 7 <= t.size() && t[i] == '<' && (t[i + 1] == 'U' || t[i + 1] == 'u') && t[i + 6] == '>' &&
-        hex(t[i + 2]) >= 0 && hex(t[i + 3]) >= 0 && hex(t[i + 4]) >= 0 && hex(t[i + 5]) >= 0) {
+    if (i + 7 <= t.size() && t[i] == '<' && (t[i + 1] == 'U' || t[i + 1] == 'u') &&
+        t[i + 6] == '>' && hex(t[i + 2]) >= 0 && hex(t[i + 3]) >= 0 && hex(t[i + 4]) >= 0 &&
+        hex(t[i + 5]) >= 0) {
       int v = ((hex(t[i + 2]) * 16 + hex(t[i + 3])) * 16 + hex(t[i + 4])) * 16 + hex(t[i + 5]);
       u.push_back(v == 0xA4 ? char16_t{1} : static_cast<char16_t>(v));
       i += 7;
@@ -54,8 +55,10 @@ std::string convert(const std::vector<char16_t> &u, size_t n) {
     le[0] = static_cast<char>(u[i] & 0xFF);
     le[1] = static_cast<char>(u[i] >> 8);
     run("UTF-8", "UTF-16LE", le, utf8);
-    if (strcasecmp(cs, "UTF-8") == 0 || strcasecmp(cs, "UTF8") == 0) target = utf8;
-    else if (!run(cs, "UTF-8", utf8, target)) target = "?";
+    if (strcasecmp(cs, "UTF-8") == 0 || strcasecmp(cs, "UTF8") == 0)
+      target = utf8;
+    else if (!run(cs, "UTF-8", utf8, target))
+      target = "?";
     all += target;
   }
   return all;

@@ -24,7 +24,8 @@ std::string group_digits(const nls::money_conventions &c, const std::string &dig
     size_t g = static_cast<size_t>(c.group);
     size_t first = whole.size() % g ? whole.size() % g : g;
     out = whole.substr(0, first);
-    for (size_t i = first; i < whole.size(); i += g) out += std::string(c.separator) + whole.substr(i, g);
+    for (size_t i = first; i < whole.size(); i += g)
+      out += std::string(c.separator) + whole.substr(i, g);
   } else {
     out = whole;
   }
@@ -37,11 +38,16 @@ std::string candidate(const nls::money_conventions &c, const std::string &digits
   const char *pat = CurrencyFormatPatterns[nls::money_pattern_index(c, neg)];
   std::string s;
   for (const char *p = pat; *p; ++p) {
-    if (*p == '$') s += symbol;
-    else if (*p == '(' || *p == ')') { if (neg) s += *p; }
-    else if (*p == '-') s += std::string(neg ? c.negative : c.positive);
-    else if (*p == 'V') s += group_digits(c, digits, grouped);
-    else s += *p;
+    if (*p == '$')
+      s += symbol;
+    else if (*p == '(' || *p == ')') {
+      if (neg) s += *p;
+    } else if (*p == '-')
+      s += std::string(neg ? c.negative : c.positive);
+    else if (*p == 'V')
+      s += group_digits(c, digits, grouped);
+    else
+      s += *p;
   }
   size_t b = s.find_first_not_of(' ');
   s = b == std::string::npos ? "" : s.substr(b);
@@ -61,16 +67,21 @@ bool fits(const std::string &text, int w, std::string &encoded) {
 
 }  // namespace
 
-std::string money_field(const nls::money_conventions &c, const std::string &symbol, double v,
-                        int w, int d) {
+std::string money_field(const nls::money_conventions &c, const std::string &symbol, double v, int w,
+                        int d) {
   char buf[1024];
   std::snprintf(buf, sizeof buf, "%.*f", d, v);
   std::string digits = buf[0] == '-' ? buf + 1 : buf;
   std::snprintf(buf, sizeof buf, "%-.*G", d, v);
   std::string expo = buf[0] == '-' ? buf + 1 : buf;
   bool neg = v < 0;
-  const struct { bool e, g, s; } tries[] = {
-      {false, true, true}, {false, false, true}, {false, false, false}, {true, false, true}, {true, false, false}};
+  const struct {
+    bool e, g, s;
+  } tries[] = {{false, true, true},
+               {false, false, true},
+               {false, false, false},
+               {true, false, true},
+               {true, false, false}};
   for (const auto &t : tries) {
     const std::string &dg = t.e ? expo : digits;
     if (t.e && dg.size() > static_cast<size_t>(w)) return "";

@@ -11,7 +11,7 @@ namespace xfmt::oracle {
 
 // The field the money formats print for v (single-byte output), or "" when
 // they print stars.
-std::string money_field(const nls::money_conventions &c, const std::string &symbol, double v,
-                        int w, int d);
+std::string money_field(const nls::money_conventions &c, const std::string &symbol, double v, int w,
+                        int d);
 
 }  // namespace xfmt::oracle
