@@ -171,26 +171,54 @@ typedef struct xf_user_handle {
 /* Initialise the library; nothing needs doing; both return 0. */
 XF_API xf_status xfinit(void);
 XF_API xf_status xfinit2(void);
-/* Resolve a conversion name (length significant bytes, no terminator needed)
- * to a handle. kind 73 ('I') asks for an informat. On success returns 0,
- * stores the handle and, when width_block is not NULL, writes 16 bytes:
+/* Resolve a conversion name (length significant bytes, no terminator needed,
+ * case sensitive; "$", "$F" and "$f" stand for "$CHAR") to a handle. kind 73
+ * ('I') asks for an informat: "@" is put before the name. On success returns
+ * 0, stores the handle and, when width_block is not NULL, writes 16 bytes:
  * min w, max w, default w, national flag, min d, max d, default d, 0 (u16
- * each). Unknown names return 1 and leave *handle NULL. xfname2 also reads
- * user-defined formats through the context (a xf_ufmt_context). */
+ * each; a user-defined format gives its three widths, then zeros). Unknown
+ * names (and a NULL name, a length below 1 or above 63) return 1 and leave
+ * *handle NULL. The handle is a new 80-byte record (release it with xfdel)
+ * or, for "_C_R_A_S_H_", "INTRINSIC-CRDATE" and "$IS-INTRINSIC", a static
+ * row (never release it).
+ * xfname and xfname2 set *handle to NULL first; xfname2 also reads
+ * user-defined formats through the context (a xf_ufmt_context). xfname3,
+ * their worker, refreshes the record *handle points at when it is not NULL
+ * (an 80-byte fmtposs_row, or a 104-byte xf_user_handle for a user-defined
+ * format): the copy's link then points at itself, xffmt converts on the
+ * caller's own frame with it and xfdel leaves it alone. A NULL handle asks
+ * for the width block only. Allocates only the handle (and the records of a
+ * user-defined format); thread safe. */
 XF_API xf_status xfname (const char *name, int32_t length, int32_t kind,
                          void *width_block, void **handle);
 XF_API xf_status xfname2(const char *name, int32_t length, int32_t kind,
                          void *width_block, void **handle, void *context);
 XF_API xf_status xfname3(const char *name, int32_t length, int32_t kind,
                          void *width_block, void **handle, void *context);
-/* Convert one value with a handle; returns the conversion's status. */
+/* Convert one value with a handle; returns the conversion's status, or
+ * XF_E_NOT_BUILT (nothing written) when the handle has no routine, or
+ * XF_E_NULL_ARGUMENT. A handle from xfname converts on a copy of the frame
+ * whose three encoding fields are zero; only the output length comes back.
+ * A refreshed handle converts on the frame itself: after status 0 or 2 a
+ * request for encoding 25 widens single-byte output to UTF-16LE through the
+ * Windows-1252 table when the result fits 512 bytes and the capacity
+ * (output length doubled, output encoding 25). A user-defined character
+ * format reads single-byte input as UTF-16 (widened into a local buffer, at
+ * most 512 units; the routine sees the length in units); its UTF-16 output
+ * reaches a host that asked for no UTF-16 as UTF-8 (at most 256 bytes and
+ * the capacity, whole characters). Never allocates. */
 XF_API xf_status xffmt  (xf_frame *frame, void *handle);
-/* Release a handle from xfname/xfname2 (never an intrinsic one); returns 0. */
+/* Release a handle; returns 0. A "-" user-defined handle frees its whole
+ * allocation chain; a handle with link 0 (from xfname) is freed as one
+ * block; a handle with a nonzero link (a refreshed record, a "+"
+ * user-defined handle) and the static intrinsic rows are left alone. */
 XF_API xf_status xfdel  (void *handle);
 
-/* Allocation chain: a zeroed block of size bytes behind a header, linked
+/* Allocation chain: a zeroed block of size bytes behind a two-word header
+ * (link to the next block, size; one spare word after the bytes), linked
  * after the block *chain points at; *chain then points at the new block.
- * Returns the address past the header, or NULL when memory is exhausted. */
+ * Returns the address past the header, or NULL when memory is exhausted or
+ * chain is NULL. */
 XF_API void *xfmalloc(void **chain, uint64_t size);
 /* Does nothing: chains are freed as a whole by xfdel. */
 XF_API void xffree(void *block);
