@@ -34,6 +34,11 @@ struct sink {
     ++n;
   }
   void put(std::string_view s) {
+    if (n + s.size() <= room) {
+      if (!s.empty()) std::memcpy(p + n, s.data(), s.size());
+      n += s.size();
+      return;
+    }
     for (char c : s) put(c);
   }
   void blanks(size_t k) {
@@ -91,6 +96,7 @@ void name(sink &s, const field_reader &loc, int field, size_t pad_to = 0) {
     return;
   }
   s.put(t);
+  if (pad_to == 0) return;
   size_t len = escaped_length(t);
   if (pad_to > len) s.blanks(pad_to - len);
 }
@@ -170,6 +176,16 @@ void seconds(sink &s, const conversion &c, const moment &m, const field_reader &
 
 int twelve_hour(int64_t h) { return static_cast<int>(h <= 12 ? h : h % 12); }
 
+struct week_values {
+  int iso_year, iso_week, monday_week;
+};
+
+week_values week_fields(const moment &m) {
+  week_values w{m.iso_year, m.iso_week, m.monday_week};
+  if (m.weeks != nullptr) m.weeks(m, &w.iso_year, &w.iso_week, &w.monday_week);
+  return w;
+}
+
 // Weeks beginning on Sunday: 0 before the year's first Sunday.
 int sunday_week(const moment &m) { return (m.yday - 1 + 7 - m.wday) / 7; }
 
@@ -234,9 +250,9 @@ bool convert(sink &s, const conversion &c, const moment &m, const field_reader &
       return true;
     case 'G':
       if (lower)
-        two(s, c, m.iso_year % 100);
+        two(s, c, week_fields(m).iso_year % 100);
       else
-        s.fixed(m.iso_year % 10000, 4, '0');
+        s.fixed(week_fields(m).iso_year % 10000, 4, '0');
       return true;
     case 'H':
     case 'K': {
@@ -331,10 +347,10 @@ bool convert(sink &s, const conversion &c, const moment &m, const field_reader &
       if (lower)
         s.put(static_cast<char>('0' + m.wday));
       else
-        two(s, c, m.monday_week);
+        two(s, c, week_fields(m).monday_week);
       return true;
     case 'V':
-      two(s, c, m.iso_week);
+      two(s, c, week_fields(m).iso_week);
       return true;
     case 'Y': {
       std::string_view country;
@@ -446,7 +462,10 @@ int expand_text(const moment &m, const field_reader &loc, const char *pattern,
   char inlined[work_room];
   const char *first = pattern;
   size_t n = pattern_length;
-  if (std::memchr(pattern, 'x', n) != nullptr || std::memchr(pattern, 'X', n) != nullptr) {
+  bool inline_needed = false;
+  for (size_t i = 0; i + 1 < n && !inline_needed; ++i)
+    inline_needed = pattern[i] == '%' && (pattern[i + 1] == 'x' || pattern[i + 1] == 'X');
+  if (inline_needed) {
     n = inline_patterns(pattern, pattern_length, loc, inlined, sizeof inlined);
     first = inlined;
   } else {
@@ -454,8 +473,11 @@ int expand_text(const moment &m, const field_reader &loc, const char *pattern,
   }
   sink s{text, room};
   for (size_t i = 0; i < n;) {
-    if (first[i] != '%') {
-      s.put(first[i++]);
+    if (first[i] != '%') {  // literal text up to the next conversion (a few bytes)
+      size_t run = 1;
+      while (i + run < n && first[i + run] != '%') ++run;
+      s.put(std::string_view(first + i, run));
+      i += run;
       continue;
     }
     ++i;

@@ -35,6 +35,9 @@ struct moment {
   int iso_year = 0;        // ISO 8601 week-numbering year
   int iso_week = 0;        // 1 .. 53
   int monday_week = 0;     // 0 .. 53, weeks beginning on Monday
+  // When set, the three week fields are not filled in: the expander asks for
+  // them only for "%G", "%g", "%V" and "%W", which few patterns hold.
+  void (*weeks)(const moment &m, int *iso_year, int *iso_week, int *monday_week) = nullptr;
 
   bool has_hour = false, has_minute = false, has_second = false;
   int64_t hour = 0;   // 0 .. 23 for a time of day

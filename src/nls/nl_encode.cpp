@@ -147,7 +147,7 @@ int encode_text(bool utf16, const char *text, size_t length, int32_t width, char
     if (plain) {
       size_t len = length > w ? w : length;
       if (len > capacity) return encode_no_room;
-      std::memcpy(out, text, len);
+      if (len > 0) std::memcpy(out, text, len);
       *out_length = static_cast<uint32_t>(len);
       return length > w ? encode_shortened : static_cast<int>(len) - static_cast<int>(w);
     }
@@ -183,7 +183,7 @@ int encode_text(bool utf16, const char *text, size_t length, int32_t width, char
   }
   const bool cut = keep < n;
   if (len > capacity) return encode_no_room;
-  std::memcpy(out, bytes, len);
+  if (len > 0) std::memcpy(out, bytes, len);
   *out_length = static_cast<uint32_t>(len);
   return cut ? encode_shortened : static_cast<int>(len) - static_cast<int>(w);
 }

@@ -47,8 +47,9 @@ int32_t pattern_decimals(value_kind k, int32_t d) {
   return (k == value_kind::datetime || k == value_kind::time) && d > 0 ? d : 0;
 }
 
+// The encoded text goes straight to the output field: the encoder writes
+// nothing when it fails, so a field that must stay as it was does.
 struct encoded {
-  char bytes[text_room * 4];
   uint32_t n = 0;
 };
 
@@ -64,7 +65,7 @@ int format_one(xf_frame *f, const moment &m, const field_reader &loc, const char
     while (len > 0 && *t == ' ') ++t, --len;
     while (len > 0 && t[len - 1] == ' ') --len;
   }
-  return encode_text(wants_utf16(f), t, static_cast<size_t>(len), f->width, out.bytes,
+  return encode_text(wants_utf16(f), t, static_cast<size_t>(len), f->width, frame_out(f),
                      f->output_capacity, &out.n);
 }
 
@@ -219,19 +220,18 @@ xf_status validate(const xf_frame *f, int min_width, int max_decimals) {
   return XF_OK;
 }
 
-void place_left(xf_frame *f, const char *bytes, uint32_t n, bool utf16) {
+void place_left(xf_frame *f, uint32_t n, bool utf16) {
   char *out = frame_out(f);
   const uint32_t cap = f->output_capacity;
   if (utf16) {
-    for (uint32_t i = 0; i + 1 < cap; i += 2) {
+    for (uint32_t i = n; i + 1 < cap; i += 2) {
       out[i] = ' ';
       out[i + 1] = '\0';
     }
-    if (cap % 2) out[cap - 1] = ' ';
-  } else {
-    fill_bytes(out, cap, ' ');
+    if (cap > n && (cap - n) % 2) out[cap - 1] = ' ';
+  } else if (cap > n) {
+    fill_bytes(out + n, cap - n, ' ');
   }
-  std::memcpy(out, bytes, n);
   f->output_length = n;
   f->output_encoding = utf16 ? XF_ENC_UTF16LE : XF_ENC_SINGLE_BYTE;
 }
@@ -248,7 +248,7 @@ xf_status run_two_pattern(xf_frame *f, const member_spec &spec) {
     if (code == 0) continue;
     int r = format_one(f, m, loc, nullptr, 0, code, d, false, out);
     if (r <= 0) {
-      place_left(f, out.bytes, out.n, wants_utf16(f));
+      place_left(f, out.n, wants_utf16(f));
       return XF_OK;
     }
     no_room = no_room || r == encode_no_room;
@@ -256,7 +256,7 @@ xf_status run_two_pattern(xf_frame *f, const member_spec &spec) {
   if (spec.fallback != short_form::none) {
     int r = format_short(f, spec, spec.fallback, m, loc, out);
     if (r <= 0) {
-      place_left(f, out.bytes, out.n, wants_utf16(f));
+      place_left(f, out.n, wants_utf16(f));
       return XF_OK;
     }
     no_room = no_room || r == encode_no_room;
@@ -276,7 +276,7 @@ xf_status run_one_pattern(xf_frame *f, const member_spec &spec, const xf_nl_patt
       format_one(f, m, loc, p, p != nullptr ? std::strlen(p) : 0, p != nullptr ? 0 : table[0].code,
                  pattern_decimals(spec.kind, f->decimals), false, out);
   if (r <= encode_shortened) {
-    place_left(f, out.bytes, out.n, wants_utf16(f));
+    place_left(f, out.n, wants_utf16(f));
     return XF_OK;
   }
   // Too long for the buffer, or unconvertible: the field stays as it was.
@@ -292,7 +292,7 @@ xf_status run_short(xf_frame *f, const member_spec &spec) {
   encoded out;
   int r = format_short(f, spec, spec.fallback, m, loc, out);
   if (r <= 0) {
-    place_left(f, out.bytes, out.n, wants_utf16(f));
+    place_left(f, out.n, wants_utf16(f));
     return XF_OK;
   }
   return overflow(f, r == encode_no_room);
@@ -314,10 +314,10 @@ xf_status run_name(xf_frame *f, int full_first, int abbrev_first, int count) {
   for (int first : {full_first, abbrev_first}) {
     std::string_view name;
     if (!loc.get(first + k, &name) || name.empty()) continue;
-    int r = encode_text(wants_utf16(f), name.data(), name.size(), f->width, out.bytes,
+    int r = encode_text(wants_utf16(f), name.data(), name.size(), f->width, frame_out(f),
                         f->output_capacity, &out.n);
     if (r <= 0 || (r == encode_shortened && first == abbrev_first)) {
-      place_left(f, out.bytes, out.n, wants_utf16(f));
+      place_left(f, out.n, wants_utf16(f));
       return XF_OK;
     }
     no_room = no_room || r == encode_no_room;

@@ -48,7 +48,8 @@ xf_status run_name(xf_frame *f, int full_first, int abbrev_first, int count);
 // 39-42, or 0 to go on.
 xf_status validate(const xf_frame *f, int min_width, int max_decimals);
 
-// Puts encoded bytes at the start of the capacity, the rest blank.
-void place_left(xf_frame *f, const char *bytes, uint32_t n, bool utf16);
+// The encoded text stands in the first n bytes of the output: the rest of
+// the capacity becomes blank, and n the output length.
+void place_left(xf_frame *f, uint32_t n, bool utf16);
 
 }  // namespace xfmt::nls

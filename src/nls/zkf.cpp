@@ -14,40 +14,15 @@
 namespace xfmt::nls {
 namespace {
 
-constexpr int field_date_default = 28;
-
-// True when the pattern may hold a week conversion ("%G", "%g", "%V", "%W"),
-// directly or through "%x": only then are the week rules worth running. A
-// letter outside a conversion only costs the week rules, never a wrong text.
-bool may_need_weeks(const char *p, size_t n, const field_reader &loc) {
-  for (size_t i = 0; i < n; ++i) {
-    switch (p[i]) {
-      case 'G':
-      case 'g':
-      case 'V':
-      case 'W':
-        return true;
-      case 'x': {
-        std::string_view t;
-        if (loc.get(field_date_default, &t) && may_need_weeks(t.data(), t.size(), field_reader{}))
-          return true;
-        break;
-      }
-      default:
-        break;
-    }
-  }
-  return false;
-}
-
-void fill_weeks(moment &m) {
+// The week rules of the calendar, run only when a pattern asks for a week.
+void week_rules(const moment &m, int *iso_year, int *iso_week, int *monday_week) {
   double y = -1, w = -1, d = -1;
   const double day = static_cast<double>(m.day_number);
   get_yywwdd("V", 0, &y, &w, &d, day);
-  m.iso_year = static_cast<int>(y);
-  m.iso_week = static_cast<int>(w);
+  *iso_year = static_cast<int>(y);
+  *iso_week = static_cast<int>(w);
   get_yywwdd("W", 0, &y, &w, &d, day);
-  m.monday_week = static_cast<int>(w);
+  *monday_week = static_cast<int>(w);
 }
 
 // Rounds |v| to decimals the way the plain number printer does: add half a
@@ -67,7 +42,8 @@ bool date_value_in_range(double v) { return datetime::date_in_range(v); }
 bool datetime_value_in_range(double v) { return datetime::datetime_in_range(v); }
 
 moment date_moment_of(double date) {
-  moment m;
+  static constexpr moment no_date{};
+  moment m = no_date;
   if (is_missing(date) || !date_value_in_range(date)) return m;
   const int64_t n = static_cast<int64_t>(std::floor(date));
   const datetime::ymd c = datetime::ymd_from_days(n);
@@ -80,6 +56,7 @@ moment date_moment_of(double date) {
   // The true weekday (1960-01-01 was a Friday), also before 1600.
   int64_t w = (n + 5) % 7;
   m.wday = static_cast<int>(w < 0 ? w + 7 : w);
+  m.weeks = &week_rules;
   return m;
 }
 
@@ -114,14 +91,7 @@ int zkf_expand(const moment &m, const field_reader &loc, const char *pattern, si
   }
   const size_t room = *length > 0 ? static_cast<size_t>(*length) : 0;
   size_t n = 0;
-  int r;
-  if (m.has_date && may_need_weeks(p.data(), p.size(), loc)) {
-    moment with_weeks = m;
-    fill_weeks(with_weeks);
-    r = expand_text(with_weeks, loc, p.data(), p.size(), text, room, &n, decimals);
-  } else {
-    r = expand_text(m, loc, p.data(), p.size(), text, room, &n, decimals);
-  }
+  const int r = expand_text(m, loc, p.data(), p.size(), text, room, &n, decimals);
   if (r != expand_fits) return r;
   if (n > room) return expand_too_long;  // text holds its first room bytes
   *length = static_cast<int32_t>(n);
