@@ -291,6 +291,156 @@ XF_API xf_status getep(void *anchor, const char *module_name, uint32_t name_leng
 XF_API const fmtinfo *xfload(void *anchor, const char *module_name, uint32_t name_length,
                              xf_status *status);
 
+/* --- Missing values ---------------------------------------------------- */
+
+/* The 28 missing values as bit patterns: row i = 0xFFFFFF0000000000 - i x
+ * 0x10000000000 (0 "._", 1 ".", 2 "A" ... 27 "Z"). */
+XF_API extern const uint64_t missing_values[28];
+/* " _.ABCDEFGHIJKLMNOPQRSTUVWXYZ" (29 characters and a NUL): the symbol of a
+ * missing value is misscoll[-(byte 5 as a signed byte)]. */
+XF_API extern const char misscoll[30];
+/* The ordinary missing value (bits 0xFFFFFE0000000000). */
+XF_API extern const double std_miss_val;
+/* The host's global control block, set by the host (NULL until then). Word 9
+ * (the tenth pointer-sized word) points at the host's table of missing
+ * doubles, indexed like missing_values. */
+XF_API extern void *ej_global_gcb_anchor;
+
+/* 1 when the value is a missing value (bytes 0-4 zero, bytes 6-7 0xFF, any
+ * byte 5), else 0. Reads the 8 bytes at value_ptr when it is not NULL,
+ * otherwise value; the frame is not read. */
+XF_API int32_t zmiss(const xf_frame *frame, const void *value_ptr, double value);
+/* Standard display of the frame's missing value: the whole capacity blank,
+ * the symbol d places left of the right end of the w-wide field (d 98/99
+ * count as 0), output length min(w, capacity). Returns 0. */
+XF_API xf_status zfmmiss(xf_frame *frame);
+/* Row i of missing_values as a double; i outside 0-27 gives std_miss_val. */
+XF_API double ZMISSV(int32_t i);
+/* Entry i (0-27) of the host's missing-value table reached through
+ * ej_global_gcb_anchor; while the anchor or its word 9 is NULL, and for i
+ * outside 0-27, the library's own table (ZMISSV) answers. */
+XF_API double wzmisv(int32_t i);
+/* Prints "in wzmisc in mvsextra..." and a line feed to standard output and
+ * returns the low byte of the value's bit pattern (a leftover stub). */
+XF_API int32_t wzmisc(double value);
+
+/* --- ASCII/Latin-1 and EBCDIC ----------------------------------------- */
+
+/* IBM 1047 with line feed 0x0A <-> 0x15 and 0x85 <-> 0x25; inverse
+ * permutations of each other. */
+XF_API extern const uint8_t as2eb[256];
+XF_API extern const uint8_t eb2as[256];
+/* In place, length bytes (length < 1: nothing): each byte through as2eb
+ * (wztxatoe, zas2eb) or eb2as (wztxetoa, zeb2as). */
+XF_API void wztxatoe(uint8_t *text, int32_t length);
+XF_API void wztxetoa(uint8_t *text, int32_t length);
+XF_API void zas2eb(uint8_t *text, int32_t length);
+XF_API void zeb2as(uint8_t *text, int32_t length);
+
+/* --- Strings -----------------------------------------------------------
+ * Lengths are signed; positions count from 0; "not found" is -1. Upper-
+ * casing goes through the C library's toupper table of the current locale.
+ * A null text reads as empty. */
+
+/* Length less trailing blanks (length < 0: NUL-terminated, measured first). */
+XF_API int32_t wzstrip(const char *text, int32_t length);
+/* Upper-cases in place (length < 0: NUL-terminated). */
+XF_API void wzstrup(char *text, int32_t length);
+/* 1 when la == lb and the texts are equal ignoring case, else 0. */
+XF_API int32_t wzsteqn(const char *a, int32_t la, const char *b, int32_t lb);
+/* Position of byte (its low 8 bits) in set (set_length < 0: NUL-terminated);
+ * -1 when absent or set is NULL. */
+XF_API int32_t wzstpos(const char *set, int32_t set_length, int32_t byte);
+/* Position of the first byte of text not in set; -1 when all are or length < 1. */
+XF_API int32_t wzstver(const char *text, int32_t length, const char *set, int32_t set_length);
+/* Position of the first byte of text other than byte; -1 if none. */
+XF_API int32_t wzstnot(const char *text, int32_t length, int32_t byte);
+/* Position of the first byte of text in the NUL-terminated set; -1 if none. */
+XF_API int32_t STQX(const char *text, int32_t length, const char *set);
+/* Position of the first byte of text not in the NUL-terminated set; -1 if none. */
+XF_API int32_t STQXN(const char *text, int32_t length, const char *set);
+/* Position of the first occurrence of pattern in text (byte comparison); -1
+ * when none or the pattern is longer; an empty pattern is found at 0. */
+XF_API int32_t wzstndx(const char *text, int32_t length, const char *pattern,
+                       int32_t pattern_length);
+/* In place: each byte found at position k of from (its first occurrence)
+ * becomes to[k]; to holds at least from_length bytes. */
+XF_API void wzstrns(char *text, int32_t length, const char *to, const char *from,
+                    int32_t from_length);
+/* Removes in place every byte in set, keeping the order; returns the new
+ * length (bytes after it keep their old values). */
+XF_API int32_t wzstdel(char *text, int32_t length, const char *set, int32_t set_length);
+/* Returns its argument. */
+XF_API const char *wztxlit(const char *literal);
+
+/* --- Memory ------------------------------------------------------------
+ * Negative lengths count as 0. */
+
+/* Copies min(lengths) bytes, blank-fills the rest of target (areas must not
+ * overlap). */
+XF_API void wzstmov(const void *source, int32_t source_length, void *target, int32_t target_length);
+/* As wzstmov with overlapping areas allowed; source length 0 blank-fills the
+ * whole target. vzMP is the same routine. */
+XF_API void vzmp(const void *source, int32_t source_length, void *target, int32_t target_length);
+XF_API void vzMP(const void *source, int32_t source_length, void *target, int32_t target_length);
+/* Copies min(length, limit) bytes (no overlap). */
+XF_API void vzmi(const void *source, void *target, int32_t length, int32_t limit);
+/* Copies length bytes (no overlap). */
+XF_API void MBL_OPT(const void *source, void *target, int32_t length);
+/* Copies min(length, limit) bytes; overlapping areas are safe. Never
+ * allocates (a move, not a copy through a temporary). */
+XF_API void vzni(const void *source, void *target, int32_t length, int32_t limit);
+/* Copies length bytes; overlapping areas are safe. */
+XF_API void vznl(const void *source, void *target, int32_t length);
+/* Zero-fill min(length, limit) bytes. */
+XF_API void vzzl(void *target, int32_t length, int32_t limit);
+XF_API void vzzi(void *target, int32_t length, int32_t limit);
+/* Fill length bytes with byte (low 8 bits). */
+XF_API void vzfbl(int32_t byte, void *target, int32_t length);
+XF_API void vzftl(int32_t byte, void *target, int32_t length);
+XF_API void wzbfcl(int32_t byte, void *target, int32_t length);
+/* Fill length bytes with blanks. */
+XF_API void vzBL(void *target, int32_t length);
+XF_API void vzbtl(void *target, int32_t length);
+/* 1 when every byte of text equals byte (also for an empty text), else 0. */
+XF_API int32_t vzabl(int32_t byte, const void *text, int32_t length);
+XF_API int32_t ATL(int32_t byte, const void *text, int32_t length);
+/* Position of the first byte differing from byte; -1 if none. */
+XF_API int32_t vzsntl(const void *text, int32_t length, int32_t byte);
+/* Reverses length bytes in place (length < 2: nothing). */
+XF_API void vzbytrv(void *area, int32_t length);
+/* The first length (1-8) bytes of a big-endian double at area become a key
+ * that sorts as unsigned bytes: sign bit set when non-negative, every bit
+ * complemented when negative; then the bytes are reversed (vzbytrv). */
+XF_API void wzcsdbl(void *area, int32_t length);
+/* Stores value big-endian (two's complement, sign-extended) into length
+ * (1-8) bytes. For length 2 the value is first clamped to -32768..32767
+ * and 8193 is returned when it had to be; otherwise returns 0. */
+XF_API int32_t wzctint(int32_t value, void *area, int32_t length);
+/* Stores the first length (0-8) bytes of value's bit pattern, most
+ * significant byte first (the big-endian form wzcsdbl reads). */
+XF_API void wzctdbl(void *area, int32_t length, double value);
+/* The smaller and larger of two integers. Exported C names: C++ code of the
+ * library and its tests always writes std::min and std::max qualified. */
+XF_API int32_t min(int32_t a, int32_t b);
+XF_API int32_t max(int32_t a, int32_t b);
+
+/* --- Clock and process -------------------------------------------------- */
+
+/* Today's local date: month 1-12, day 1-31, four-digit year. */
+XF_API void wzdate(int32_t *month, int32_t *day, int32_t *year);
+/* The local time of day; seconds carry the fraction of the current second. */
+XF_API void wztime(int32_t *hour, int32_t *minute, double *seconds);
+/* Seconds since 1970-01-01 00:00:00 UTC with microseconds. */
+XF_API double vtutod(void);
+/* Stores the C library's time-zone offset (seconds west of UTC), less 3600
+ * when daylight saving time is in force now. */
+XF_API void hztz(int32_t *offset);
+/* Ends the process with status 0. */
+XF_API void vacrash(void);
+/* Does nothing. */
+XF_API void vaterm(void);
+
 /* ======================================================================
  * Numeric output formats
  * ====================================================================== */
@@ -342,8 +492,8 @@ XF_API int32_t zfmtd(double magnitude, int32_t width, int32_t digits);
 XF_API xf_status zfmcma(xf_frame *frame);
 /* The other punctuated formats lay the number out as F w.d, then add their
  * marks when they fit w, dropping the alignment blank, then the groups, then
- * the currency sign before keeping the plain text (stars only when that does
- * not fit). Statuses as zfmt (2 for reduced decimals, 0x8001D827 stars,
+ * the currency sign, then the parentheses (for a minus sign) before keeping
+ * the plain text (stars only when that does not fit). Statuses as zfmt (2 for reduced decimals, 0x8001D827 stars,
  * 0x8001D826 cut to the capacity); missing values: the standard display.
  *   COMMAX   1.234.567,89      period groups, comma decimal mark
  *   DOLLAR   $1,234.56  -$1,234.56
@@ -1138,7 +1288,8 @@ XF_API uint32_t ConvertOSFromUTF32(uint32_t encoding_id, uint32_t source_id, con
  * is ignored; surrogates are encoded as single units) to UTF-8: 1 byte below
  * 0x80, 2 below 0x800, else 3. Returns 0, or 2 when the next character does
  * not fit dst_capacity (what fits is written). *chars_done = units
- * converted, *bytes_written = bytes written. */
+ * converted, *bytes_written = bytes delivered. Bytes of dst past
+ * *bytes_written, within dst_capacity, may have been overwritten. */
 XF_API uint32_t UNICODEToUTF8(const uint16_t *src, uint32_t src_len_bytes, uint8_t *dst,
                               uint32_t dst_capacity, uint32_t *chars_done,
                               uint32_t *bytes_written);
@@ -1146,7 +1297,8 @@ XF_API uint32_t UNICODEToUTF8(const uint16_t *src, uint32_t src_len_bytes, uint8
  * points above U+FFFF are truncated to 16 bits; invalid bytes are decoded
  * leniently, never rejected). Returns 0; 1 when a sequence runs past the end
  * of the source; 2 when dst_capacity_bytes is full before the source ends.
- * *chars = units stored, *bytes_written = 2 x *chars. */
+ * *chars = units stored, *bytes_written = 2 x *chars. Units of dst past
+ * *chars, within dst_capacity_bytes, may have been overwritten. */
 XF_API uint32_t UTF8ToUNICODE(const uint8_t *src, uint32_t src_len, uint16_t *dst,
                               uint32_t dst_capacity_bytes,
                               uint32_t *chars, uint32_t *bytes_written);

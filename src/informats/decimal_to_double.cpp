@@ -11,57 +11,7 @@ namespace {
 
 __extension__ using u128 = unsigned __int128;
 
-// Every power of ten up to 1e22 is a double exactly (5^22 < 2^53).
-constexpr double exact_pow10[23] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                    1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                    1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr uint64_t pow10_u64[20] = {1ull,
-                                    10ull,
-                                    100ull,
-                                    1000ull,
-                                    10000ull,
-                                    100000ull,
-                                    1000000ull,
-                                    10000000ull,
-                                    100000000ull,
-                                    1000000000ull,
-                                    10000000000ull,
-                                    100000000000ull,
-                                    1000000000000ull,
-                                    10000000000000ull,
-                                    100000000000000ull,
-                                    1000000000000000ull,
-                                    10000000000000000ull,
-                                    100000000000000000ull,
-                                    1000000000000000000ull,
-                                    10000000000000000000ull};
 constexpr uint64_t two53 = uint64_t{1} << 53;
-
-inline uint64_t bits_of(double v) { return std::bit_cast<uint64_t>(v); }
-
-// The exact case: an integer mantissa of at most 53 bits and a power of ten
-// that is itself a double; one IEEE multiplication or division then rounds
-// the exact quotient or product once, correctly. A larger positive exponent
-// is usable when the surplus can move into the mantissa without passing
-// 2^53 ("15E30" is 15e8 * 1e22).
-bool exact_small_bits(uint64_t w, int64_t q, uint64_t &bits) {
-  if (w > two53) return false;
-  if (q >= 0 && q <= 22) {
-    bits = bits_of(static_cast<double>(w) * exact_pow10[q]);
-    return true;
-  }
-  if (q < 0 && q >= -22) {
-    bits = bits_of(static_cast<double>(w) / exact_pow10[-q]);
-    return true;
-  }
-  if (q > 22 && q <= 22 + 16) {
-    uint64_t p = pow10_u64[q - 22];
-    if (w > two53 / p) return false;
-    bits = bits_of(static_cast<double>(w * p) * exact_pow10[22]);
-    return true;
-  }
-  return false;
-}
 
 // Assembles a double from a significand sig (below 2^53) whose unit is
 // 2^ulp_exp; ulp_exp is -1074 for subnormals. Overflow gives infinity.

@@ -25,7 +25,7 @@ digit_string collect_digits(const decimal_number &num) {
   s.exp10 = num.head_exp10 - num.dropped;
   bool sticky = false;
   for (const char *p = num.digits; p != num.digits_end; ++p) {
-    if (*p == '.') continue;
+    if (*p == '.' || (*p == '0' && s.count == 0)) continue;  // the point, leading zeros
     if (s.count < kept_digits) {
       s.d[s.count++] = *p;
     } else {

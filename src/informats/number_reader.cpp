@@ -9,7 +9,9 @@
 
 namespace xfmt::informats {
 
-double host_missing(int index) { return missing_value(index); }
+// wzmisv answers from the host's table when the host set ej_global_gcb_anchor
+// and from the library's own table otherwise.
+double host_missing(int index) { return wzmisv(index); }
 
 xf_status read_number(const char *text, size_t n, int implied_decimals, double &out,
                       int exp10_adjust) {
@@ -37,7 +39,8 @@ xf_status read_number(const char *text, size_t n, int implied_decimals, double &
       break;
   }
   r.num.head_exp10 += exp10_adjust;
-  uint64_t bits = decimal_to_bits(r.num);
+  uint64_t bits;  // the common short number takes the inline exact case
+  if (r.num.inexact || !exact_small_bits(r.num.head, r.num.head_exp10, bits)) bits = decimal_to_bits(r.num);
   if (bits == 0 || bits == double_infinity_bits) {
     out = missing_ordinary();
     return XF_IN_RANGE_WARNING;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cfloat>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -161,6 +162,9 @@ TEST(number_informat, correct_rounding_of_hard_cases) {
       {"9007199254740993",   16, 0, ok, num(9007199254740992.0)},
       {"9007199254740995",   16, 0, ok, num(9007199254740996.0)},
       {"9007199254740993.0000000000001", 30, 0, ok, num(9007199254740994.0)},
+      // The same tie behind leading zeros that push the mantissa past 19 digits.
+      {"0000000000000000009007199254740993", 34, 0, ok, num(9007199254740992.0)},
+      {"000000000.0000009007199254740993E22", 35, 0, ok, num(9007199254740992.0)},
       {"0.1",                 3, 0, ok, num(0.1)},
       {"0.3",                 3, 0, ok, num(0.3)},
       {"123456789012345678",  18, 0, ok, num(123456789012345678.0)},
@@ -199,6 +203,64 @@ TEST(bz_informat, blanks_after_the_first_digit_are_zeros) {
       {"1",       1, 32, width, miss('.')},
       {"12345",   3, 0, ok,    num(123)},
   });
+}
+
+}  // namespace
+
+namespace {
+
+// A host that set its control block reads ".A" and "Z" through its own
+// table of missing values (word 9 of the block); without it the library's
+// table answers.
+TEST(number_informat, missing_letters_come_from_the_host_table) {
+  double table[28];
+  for (int i = 0; i < 28; ++i) table[i] = 1000.0 + i;  // recognisable stand-ins
+  void *block[10] = {};
+  block[9] = table;
+  ej_global_gcb_anchor = block;
+  auto a = run_informat(wzifmn, ".A", 2);
+  auto z = run_informat(wzifmn, "z", 1);
+  auto under = run_informat(wzifmn, "._", 2);
+  auto dot = run_informat(wzifmn, " . ", 3);
+  ej_global_gcb_anchor = nullptr;
+  EXPECT_EQ(hex(a.bits), hex(num(1002)));
+  EXPECT_EQ(hex(z.bits), hex(num(1027)));
+  EXPECT_EQ(hex(under.bits), hex(num(1000)));
+  EXPECT_EQ(hex(dot.bits), hex(num(1001)));  // "." is row 1 of the host's table
+  EXPECT_EQ(hex(run_informat(wzifmn, ".A", 2).bits), hex(miss('A')));
+}
+
+// Every row of the module resolves by name (kind 73 puts "@" in front) and
+// reads through xffmt.
+TEST(number_informat, every_row_resolves_and_reads_through_xffmt) {
+  struct named {
+    const char *name;
+    const char *text;
+    double value;
+  };
+  const named rows[] = {{"F", "1.5E3", 1500},      {"E", "-2.5", -2.5},
+                        {"BZ", " 1 2 ", 1020},      {"COMMA", "1,234.5", 1234.5},
+                        {"DOLLAR", "$7", 7},        {"NEGPAREN", "(3)", -3},
+                        {"COMMAX", "1.234,5", 1234.5}, {"DOLLARX", "$1,5", 1.5},
+                        {"PERCENT", "12%", 0.12}};
+  for (const named &r : rows) {
+    void *handle = nullptr;
+    uint16_t block[8] = {};
+    ASSERT_EQ(xfname(r.name, static_cast<int32_t>(std::strlen(r.name)), 73, block, &handle), 0u) << r.name;
+    xfmt::test::frame_box b = xfmt::test::frame_box::chars(r.text, static_cast<int32_t>(std::strlen(r.text)), 0, 8);
+    EXPECT_EQ(xffmt(&b.f, handle), XF_OK) << r.name;
+    EXPECT_EQ(b.result(), r.value) << r.name;
+    EXPECT_EQ(block[1], 32u) << r.name;  // max w
+    xfdel(handle);
+  }
+  for (const char *name : {"$CHAR", "$F", "$CHARZB", "$QUOTE"}) {
+    void *handle = nullptr;
+    ASSERT_EQ(xfname(name, static_cast<int32_t>(std::strlen(name)), 73, nullptr, &handle), 0u) << name;
+    xfmt::test::frame_box b = xfmt::test::frame_box::chars("'ab'", 5);
+    EXPECT_EQ(xffmt(&b.f, handle), XF_OK) << name;
+    EXPECT_EQ(b.str(), std::string(name) == "$QUOTE" ? "ab   " : "'ab' ") << name;
+    xfdel(handle);
+  }
 }
 
 }  // namespace
