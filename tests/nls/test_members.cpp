@@ -75,6 +75,26 @@ TEST(nldate, as_people_write_them) {
             "2020\xE5\xB9\xB4" "2\xE6\x9C\x88" "29\xE6\x97\xA5");  // 2020年2月29日
 }
 
+TEST(nlmnl, as_people_write_them) {
+  utf8_scope u;
+  EXPECT_EQ(nl(nlmnleur, -1234.5, 14, 2, english_us).buffer, "  -\xE2\x82\xAC" "1,234.50");
+  EXPECT_EQ(nl(nlmnleur, -1234.5, 14, 2, german).buffer, " -1.234,50 \xE2\x82\xAC");
+  EXPECT_EQ(nl(nlmnleur, -1234.5, 14, 2, french).buffer, "-1\xC2\xA0" "234,50 \xE2\x82\xAC");
+  EXPECT_EQ(nl(nlmnljpy, 1234567, 12, 0, japanese).buffer, " \xC2\xA5" "1,234,567");
+  EXPECT_EQ(nl(nlmniusd, 1234.5, 12, 2, german).buffer, "1.234,50 USD");
+  EXPECT_EQ(nl(nlmnlusd, 1234.5, 12, 2, english_us).buffer, " US$1,234.50");
+}
+
+TEST(nldatm, as_people_write_them) {
+  utf8_scope u;
+  const double v = 1956000000;  // 2021-12-24 21:20:00
+  EXPECT_EQ(text(nldatmw, v, 41, 0, english_us), "Friday, December 24, 2021 9:20:00 PM");
+  EXPECT_EQ(text(nldatmw, v, 41, 0, german), "Freitag, 24. Dezember 2021 21:20:00");
+  EXPECT_EQ(text(nldatmw, v, 41, 0, french), "vendredi 24 d\xC3\xA9" "cembre 2021 21:20:00");
+  EXPECT_EQ(text(nltime, 49509, 20, 0, japanese),
+            "13\xE6\x99\x82" "45\xE5\x88\x86" "09\xE7\xA7\x92");  // 13時45分09秒
+}
+
 TEST(nldate, second_pattern_then_short_numeric_form) {
   EXPECT_EQ(text(nldate, 0, 10, 0, english_us), "01/01/1960");
   EXPECT_EQ(text(nldate, 0, 10, 0, german), "01.01.1960");
