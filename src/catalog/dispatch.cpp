@@ -62,12 +62,17 @@ using namespace xfmt::catalog;
 
 extern "C" xf_status xffmt(xf_frame *frame, void *handle) {
   if (frame == nullptr || handle == nullptr) return XF_E_NULL_ARGUMENT;
-  xf_status st;
-  bool user = is_user_handle(handle);
+  if (is_user_handle(handle)) {
+    xf_status st = call_user(frame, static_cast<const xf_user_handle *>(handle));
+    if (st == XF_OK || st == XF_REDUCED) encode_output(frame, true);
+    return st;
+  }
   xf_frame copy;
   xf_frame *seen = frame;
-  if (user) st = call_user(frame, static_cast<const xf_user_handle *>(handle));
-  else st = call_catalog(frame, static_cast<const fmtposs_row *>(handle), copy, seen);
-  if (st == XF_OK || st == XF_REDUCED) encode_output(seen, user);
+  xf_status st = call_catalog(frame, static_cast<const fmtposs_row *>(handle), copy, seen);
+  // On the copy the requested encoding is 0, so the encoding step has
+  // nothing to do: only a refreshed handle (which converts on the caller's
+  // frame) can be widened. Skipping the call is the common, hot case.
+  if (seen == frame && (st == XF_OK || st == XF_REDUCED)) encode_output(frame, false);
   return st;
 }
