@@ -46,6 +46,7 @@ typedef uint32_t xf_status;
 #define XF_NL_DECIMALS_LOW    41u         /* national formats: decimals below 0 */
 #define XF_NL_DECIMALS_HIGH   42u         /* national formats: decimals above the maximum */
 #define XF_E_NOT_BUILT        0x8001D801u /* the conversion has no routine in this library */
+#define XF_E_NULL_ARGUMENT    0x8001D802u /* xffmt: the frame or the handle is NULL */
 #define XF_E_DATE_RANGE       0x8001D815u /* date or time outside the valid range: field of '*' */
 #define XF_E_HOURS_RANGE      0x8001D81Au /* TIME: hours beyond 2^53: field of '*' */
 #define XF_E_CAPACITY         0x8001D826u /* width larger than the output capacity */
@@ -197,6 +198,42 @@ XF_API xf_status xfdel  (void *handle);
 XF_API void *xfmalloc(void **chain, uint64_t size);
 /* Does nothing: chains are freed as a whole by xfdel. */
 XF_API void xffree(void *block);
+
+/* Number of significant bytes of a text: length less its trailing blanks
+ * (0 for an all-blank text); a length of 0 or less is returned as given. */
+XF_API int32_t zstrip(const char *text, int32_t length);
+
+/* --- Intrinsic pseudo-formats ------------------------------------------ */
+
+/* The static resolved rows of the three intrinsic names, outside every
+ * module: kind byte blank, module name length 1. crashfmt is
+ * "_C_R_A_S_H_"; ver_num[0] is "INTRINSIC-CRDATE", ver_num[1] is
+ * "$IS-INTRINSIC". Resolution hands out their addresses: never xfdel them. */
+XF_API extern const fmtposs_row crashfmt;
+XF_API extern const fmtposs_row ver_num[2];
+
+/* "_C_R_A_S_H_": writes "X" (when the capacity allows), output length 1; 0. */
+XF_API xf_status zfmcrash(xf_frame *frame);
+/* "INTRINSIC-CRDATE": the build stamp "Apr 18 2019 13:09:42" cut to
+ * min(w, 20, capacity) bytes, which is the output length; returns 0. */
+XF_API xf_status zfmvernum(xf_frame *frame);
+/* Hands back the build date ("Apr 18 2019") and time ("13:09:42") as
+ * NUL-terminated static texts; either pointer may be NULL. */
+XF_API void get_date_time(const char **date, const char **time);
+/* "$IS-INTRINSIC": reads at most the first 32 bytes of the input (UTF-16
+ * input, encodings 24 and 25, is narrowed first), drops trailing blanks,
+ * upper-cases, and writes "YES" or "NO " (3 bytes, fewer only when the
+ * capacity is smaller; output encoding 0): YES for F, $, $F, every catalogued
+ * format name (not the separators, not the informats) and the texts
+ * $IS-INTRINSIC, $FMT-META, INTRINSIC-CRDATE, $UFMT-CRDATE. Returns 0. */
+XF_API xf_status zfmintrns(xf_frame *frame);
+
+/* --- Character output --------------------------------------------------- */
+
+/* $CHARw. (also "$", "$F"): the input bytes left-aligned in w positions,
+ * blank padded, cut at w. Writes min(w, capacity) bytes, which is the output
+ * length; returns XF_E_CAPACITY when w exceeds the capacity, else 0. */
+XF_API xf_status zfmchar(xf_frame *frame);
 
 /* --- Catalog tables (constant data) ----------------------------------- */
 
@@ -504,9 +541,292 @@ XF_API int32_t xfrdexp(int32_t request_kind, const char *name, xf_ufmt_context *
  * National language
  * ====================================================================== */
 
+/* --- Locale database ---------------------------------------------------- */
+
+/* One text field of a locale record: length bytes at text (not terminated;
+ * length 0 and text NULL when absent). Characters outside ASCII are written
+ * as seven-character escapes "<U00A0>". */
+typedef struct zav_locale_field {
+    uint32_t    length;
+    const char *text;
+} zav_locale_field;
+
+/* The 136 locale records of 189 fields each; locale id k is row k-1.
+ * Constant, shared by all threads. */
+XF_API extern const zav_locale_field ZAVlocaleData[136][189];
+
+/* Zero-fills capacity bytes at dest, selects the record of locale_id (1-136)
+ * or, for any other id, the first record whose language and country codes
+ * match positions 0-1 and 3-4 of ZAV_LOCALE (case-insensitive; "en_US" when
+ * unset), and copies field (0-188, not range-checked) into dest. Returns the
+ * field's length (0 when empty), or -1 when no record matches or the field
+ * is longer than capacity (dest then stays all zero). Reads the environment
+ * on every call; never allocates. */
+XF_API int getZAVLocDB(char *dest, int capacity, int field, int locale_id);
+
+/* Locale-code table: 79 buckets of {key, id}; keys are five upper-case
+ * characters "LL_CC". Bucket b holds the keys whose hash
+ * (((c0 + 12573) * 33 + c1) * 33 + c3) * 33 + c4 (64-bit) mod 79 is b. */
+typedef struct zav_locname_entry {
+    const char *key;                 /* five characters, NUL-terminated */
+    uint32_t    id;                  /* locale id 1-136 */
+} zav_locname_entry;
+typedef struct zav_locname_bucket {
+    const zav_locname_entry *entries; /* NULL when count is 0 */
+    int32_t                  count;
+} zav_locname_bucket;
+
+/* Encoding-name table: 122 buckets of {name, id, length}; names upper case.
+ * Bucket b holds the names whose hash c[0] + 3c[1] + 5c[n-3] + 7c[n-2] +
+ * 9c[n-1] mod 122 is b. */
+typedef struct zav_encname_entry {
+    const char *name;                /* NUL-terminated, length bytes */
+    uint32_t    id;                  /* encoding id 20-248 */
+    int32_t     length;
+} zav_encname_entry;
+typedef struct zav_encname_bucket {
+    const zav_encname_entry *entries; /* NULL when count is 0 */
+    int32_t                  count;
+} zav_encname_bucket;
+
+/* The library exports the two tables as
+ *     const zav_locname_bucket table[79];
+ *     const zav_encname_bucket etable[122];
+ * They are not declared here: global names that short would shadow the
+ * host's own variables. A host that reads them declares them itself. */
+
+/* Upper-cases the length bytes of name in place (a-z only) and looks the
+ * five-character code "ll_cc" up in table. Returns 0 with *id the locale id,
+ * or 5 with *id 0 (length not 5, name NULL, or unknown code). One bucket
+ * probe, no allocation; writes the caller's buffer. */
+XF_API uint32_t LocnameToID(char *name, uint32_t length, uint32_t *id);
+
+/* Upper-cases the length bytes of name in place and looks the encoding name
+ * up in etable. Returns 0 with *id the encoding id, or 4 with *id 0 (length
+ * below 4, name NULL, or unknown name). One bucket probe, no allocation;
+ * writes the caller's buffer. */
+XF_API uint32_t EncnameToID(char *name, int32_t length, uint32_t *id);
+
 /* ======================================================================
  * Text and encodings
  * ====================================================================== */
+
+/* Result codes of the text routines. */
+#define XF_TX_OUTPUT_SMALL    0x803FE807u /* destination too small */
+#define XF_TX_BAD_LEAD        0x803FE808u /* invalid UTF-8 lead byte (or unpaired surrogate) */
+#define XF_TX_CUT_OFF         0x803FE814u /* sequence cut off by the end of the input */
+
+/* Encoding ids used by the text routines (the ids of EncnameToID). */
+#define XF_ENC_UTF8           20u
+#define XF_ENC_UTF32BE        26u
+#define XF_ENC_UTF32LE        27u
+#define XF_ENC_ASCII          28u
+#define XF_ENC_ISO_ARABIC     34u
+#define XF_ENC_ISO_HEBREW     36u
+#define XF_ENC_WIN_LATIN1     62u
+#define XF_ENC_WIN_HEBREW     65u
+#define XF_ENC_WIN_ARABIC     66u
+
+/* UTF-8 tables, indexed by a byte (utf8_mask by sequence length 1-6, entry 0
+ * unused). bytesFromUTF8: 1 for 0x00-0xBF, 2-6 by lead byte. valid_1st_utf8:
+ * 1 for 0x00-0x7F and 0xC2-0xF4. valid_2nd_utf8: 1 for 0x80-0xBF. */
+XF_API extern const uint8_t bytesFromUTF8[256];
+XF_API extern const uint8_t valid_1st_utf8[256];
+XF_API extern const uint8_t valid_2nd_utf8[256];
+XF_API extern const uint8_t utf8_mask[7];
+
+/* Single-byte code pages, byte -> UTF-16 code unit; unassigned bytes are
+ * U+FFFD, except the five holes of wlt1unic (0x81 0x8D 0x8F 0x90 0x9D), which
+ * are the C1 controls of the same value. */
+XF_API extern const uint16_t arabunic[256];  /* ISO Arabic, id 34 */
+XF_API extern const uint16_t waraunic[256];  /* Windows Arabic, id 66 */
+XF_API extern const uint16_t hebrunic[256];  /* ISO Hebrew, id 36 */
+XF_API extern const uint16_t whebunic[256];  /* Windows Hebrew, id 65 */
+XF_API extern const uint16_t ansiunic[256];  /* ASCII: 0x80-0xFF are U+FFFD */
+XF_API extern const uint16_t wlt1unic[256];  /* Windows Latin 1 */
+
+/* One-character decoder: reads at most avail bytes at src, stores the code
+ * point and the bytes used; returns 0 or an XF_TX_* code. */
+typedef uint32_t (*xf_tx_decoder)(const uint8_t *src, uint32_t avail, uint32_t *code_point,
+                                  uint32_t *used);
+/* One-character storer: writes code_point into at most space bytes at dst and
+ * stores the bytes written (0 on failure); returns 0 or an XF_TX_* code. */
+typedef uint32_t (*xf_tx_storer)(uint32_t code_point, uint8_t *dst, uint32_t space,
+                                 uint32_t *written);
+
+/* Decodes one UTF-8 character (an xf_tx_decoder). avail 0 gives U+FFFD, 0 bytes
+ * used and XF_TX_CUT_OFF. A valid lead with too few bytes: all bytes used,
+ * U+FFFD, XF_TX_CUT_OFF. An invalid lead: it and up to n-1 following
+ * continuation bytes used, U+FFFD, XF_TX_BAD_LEAD. Continuation bytes after a
+ * valid lead are not checked (see isLegalUTF8). */
+XF_API uint32_t UTF8_UTF32(const uint8_t *src, uint32_t avail, uint32_t *code_point,
+                           uint32_t *used);
+/* Encodes one code point as UTF-8 in 1-4 bytes (an xf_tx_storer); surrogates
+ * and values above U+10FFFF are encoded without objection. Too little space:
+ * nothing written, XF_TX_OUTPUT_SMALL. */
+XF_API uint32_t UTF32_UTF8(uint32_t code_point, uint8_t *dst, uint32_t space, uint32_t *written);
+/* Checks one UTF-8 sequence of length bytes: 1 legal, 0 not. *bad_pos is set
+ * to length, or to the index of the first byte after the lead that is not a
+ * continuation byte (a bad second byte for its lead leaves it at length).
+ * Lengths outside 1-4 are accepted unchecked; nothing limits the second byte
+ * after 0xF4, so sequences beyond U+10FFFF pass. */
+XF_API int32_t isLegalUTF8(const uint8_t *seq, int32_t length, int32_t *bad_pos);
+/* Stores one code point as four bytes, big-endian (COPY_UTF32) or
+ * little-endian (COPY_UTF32_SWAP) (xf_tx_storer). Less than four bytes of
+ * space: nothing stored, *written 0, XF_TX_OUTPUT_SMALL. */
+XF_API uint32_t COPY_UTF32(uint32_t code_point, uint8_t *dst, uint32_t space, uint32_t *written);
+XF_API uint32_t COPY_UTF32_SWAP(uint32_t code_point, uint8_t *dst, uint32_t space,
+                                uint32_t *written);
+
+/* Decodes one character of UTF-16 (big-endian; _SWAP: little-endian) into a
+ * code point (xf_tx_decoder). A surrogate pair gives one code point from four
+ * bytes. Fewer than 2 bytes, or a high surrogate whose partner is cut off: all
+ * bytes used, U+FFFD, XF_TX_CUT_OFF. An unpaired surrogate: 2 bytes used,
+ * U+FFFD, XF_TX_BAD_LEAD. */
+XF_API uint32_t UTF16_UTF32(const uint8_t *src, uint32_t avail, uint32_t *code_point,
+                            uint32_t *used);
+XF_API uint32_t UTF16_UTF32_SWAP(const uint8_t *src, uint32_t avail, uint32_t *code_point,
+                                 uint32_t *used);
+/* Encodes one code point as UTF-16 (big-endian; _SWAP: little-endian), 2 bytes
+ * or a 4-byte surrogate pair above U+FFFF (xf_tx_storer). A lone surrogate
+ * value is stored as one unit. Above U+10FFFF: nothing written,
+ * XF_TX_BAD_LEAD. Too little space: nothing written, XF_TX_OUTPUT_SMALL. */
+XF_API uint32_t UTF32_UTF16(uint32_t code_point, uint8_t *dst, uint32_t space, uint32_t *written);
+XF_API uint32_t UTF32_UTF16_SWAP(uint32_t code_point, uint8_t *dst, uint32_t space,
+                                 uint32_t *written);
+/* Whole text: UTF-32 (big-endian; _SWAP: little-endian) at src, src_len
+ * bytes, to UTF-16 of the same byte order at dst (capacity bytes); *out_len
+ * gets the bytes written. Same results as ConvertFromUTF32. */
+XF_API uint32_t UTF32_UTF16s(const uint8_t *src, uint32_t src_len, uint8_t *dst,
+                             uint32_t capacity, uint32_t *out_len);
+XF_API uint32_t UTF32_UTF16s_SWAP(const uint8_t *src, uint32_t src_len, uint8_t *dst,
+                                  uint32_t capacity, uint32_t *out_len);
+
+/* Driver: decodes characters of src (src_len bytes) and stores each code
+ * point through store, four bytes each, while fewer than capacity / 4 code
+ * points are stored and source remains; stops at the first non-zero decoder
+ * or storer result and returns it (0 when all went well). *out_len = 4 x the
+ * code points stored. Empty source: *out_len 0, result 0. */
+XF_API uint32_t ConvertToUTF32(const uint8_t *src, uint32_t src_len, uint8_t *dst,
+                               uint32_t capacity, uint32_t *out_len, xf_tx_decoder decode,
+                               xf_tx_storer store);
+/* Single-byte code page text (encoding id: 34 arabunic, 66 waraunic, 36
+ * hebrunic, 65 whebunic, any other ansiunic) to UTF-32 in the byte order of
+ * target_id (24 and 26 big-endian, any other little-endian), one code point
+ * per byte while capacity remains (the rest is dropped); *out_len = bytes
+ * written. Always returns 0. */
+XF_API uint32_t ConvertOSToUTF32(uint32_t encoding_id, uint32_t target_id, const uint8_t *src,
+                                 uint32_t src_len, uint8_t *dst, uint32_t capacity,
+                                 uint32_t *out_len);
+/* Reverse driver: reads UTF-32 code points from src (src_len bytes;
+ * big_endian nonzero: big-endian, else little-endian) and stores each through
+ * store into dst (capacity bytes). Stops at the first storer failure
+ * (XF_TX_OUTPUT_SMALL when the destination is full) and returns it; a
+ * trailing group of 1-3 bytes gives XF_TX_CUT_OFF. *out_len = bytes
+ * written. */
+XF_API uint32_t ConvertFromUTF32(const uint8_t *src, uint32_t src_len, int32_t big_endian,
+                                 uint8_t *dst, uint32_t capacity, uint32_t *out_len,
+                                 xf_tx_storer store);
+/* Reverse of ConvertOSToUTF32: UTF-32 in the byte order of source_id (24 and
+ * 26 big-endian, any other little-endian) to the single-byte code page of
+ * encoding_id (tables as ConvertOSToUTF32). A code point the page lacks
+ * becomes '?' (0x3F). Returns 0, XF_TX_OUTPUT_SMALL when the destination
+ * fills before the source ends, XF_TX_CUT_OFF for a trailing partial group;
+ * *out_len = bytes written. */
+XF_API uint32_t ConvertOSFromUTF32(uint32_t encoding_id, uint32_t source_id, const uint8_t *src,
+                                   uint32_t src_len, uint8_t *dst, uint32_t capacity,
+                                   uint32_t *out_len);
+
+/* UTF-16 code units (native byte order, src_len_bytes bytes; an odd last byte
+ * is ignored; surrogates are encoded as single units) to UTF-8: 1 byte below
+ * 0x80, 2 below 0x800, else 3. Returns 0, or 2 when the next character does
+ * not fit dst_capacity (what fits is written). *chars_done = units
+ * converted, *bytes_written = bytes written. */
+XF_API uint32_t UNICODEToUTF8(const uint16_t *src, uint32_t src_len_bytes, uint8_t *dst,
+                              uint32_t dst_capacity, uint32_t *chars_done,
+                              uint32_t *bytes_written);
+/* UTF-8 (src_len bytes) to UTF-16 code units, one unit per character (code
+ * points above U+FFFF are truncated to 16 bits; invalid bytes are decoded
+ * leniently, never rejected). Returns 0; 1 when a sequence runs past the end
+ * of the source; 2 when dst_capacity_bytes is full before the source ends.
+ * *chars = units stored, *bytes_written = 2 x *chars. */
+XF_API uint32_t UTF8ToUNICODE(const uint8_t *src, uint32_t src_len, uint16_t *dst,
+                              uint32_t dst_capacity_bytes,
+                              uint32_t *chars, uint32_t *bytes_written);
+/* Latin-1 bytes (src_len) to UTF-16 units, each byte its own code point.
+ * Returns 0, or 2 when dst_capacity_units is too small: the units that fit
+ * are written. *units_written = units written. */
+XF_API uint32_t LATIN1ToUNICODE(const uint8_t *src, uint32_t src_len, uint16_t *dst,
+                                uint32_t dst_capacity_units, uint32_t *units_written);
+
+/* How many characters of a text fit a field of width positions, by encoding:
+ * 24/25 (UTF-16): min(width / 2, characters); 26/27 (UTF-32): min(width / 4,
+ * characters); the double-byte East Asian ids (117-160, 165-169, 172, 205,
+ * 206): text holds characters 16-bit units, each 2 positions when its high
+ * byte is non-zero or its low byte is 0x80 or more, else 1; the result is
+ * the characters taken before the positions reach width (width < 1: 0).
+ * 20 (UTF-8): text holds characters bytes of UTF-8; the result counts
+ * characters (lead bytes), each one position: min(width, characters in the
+ * text), never a byte count. Any other id: min(characters, width). A null
+ * text counts as empty where the text is read. Negative results never. */
+XF_API int32_t getUnicodeWidthFromNarrow(uint32_t encoding_id, const void *text,
+                                         int32_t characters, int32_t width);
+/* Number of characters in length bytes of text in an encoding: 20 UTF-8
+ * (sequences, a cut-off one counting 1), 24/25 UTF-16 (units, a surrogate
+ * pair counting 1), 26/27 UTF-32 (length / 4), any other id one per byte.
+ * length < 1 or a null text: 0. */
+XF_API int32_t NLSNUMCHAR(uint32_t encoding_id, const uint8_t *text, int32_t length);
+/* Lower-case (LOWCASE) or upper-case (UPCASE) units UTF-16 code units in
+ * place with the simple one-to-one mappings of Basic Latin, Latin-1,
+ * Latin Extended-A, Greek, Cyrillic, Armenian and full-width Latin; other
+ * units are left alone. Returns 0. */
+XF_API uint32_t LOWCASE(uint16_t *text, uint32_t units);
+XF_API uint32_t UPCASE(uint16_t *text, uint32_t units);
+/* Transcodes src_len bytes from encoding from_id to encoding to_id into dst
+ * (capacity bytes). Unicode ids: 20 UTF-8, 24/25 UTF-16 BE/LE (surrogate
+ * pairs), 26/27 UTF-32 BE/LE; any other id is a single-byte code page chosen
+ * as in ConvertOSToUTF32, where a code point the page lacks becomes '?'.
+ * Whole characters only: returns 0; XF_TX_OUTPUT_SMALL when the next
+ * character does not fit (what fits is written); XF_TX_CUT_OFF or
+ * XF_TX_BAD_LEAD at the first bad input character (characters before it are
+ * written). *out_len = bytes written; *src_used = source bytes consumed. */
+XF_API uint32_t sanlsTranscodeUnicode(uint32_t from_id, const uint8_t *src, uint32_t src_len,
+                                      uint32_t to_id, uint8_t *dst, uint32_t capacity,
+                                      uint32_t *out_len, uint32_t *src_used);
+
+/* Base64 (RFC 4648 alphabet, "=" padding). base64tab: the 64 characters and
+ * a NUL. base64idx: byte -> 6-bit value, 255 for bytes outside the alphabet. */
+XF_API extern const char base64tab[65];
+XF_API extern const uint8_t base64idx[256];
+
+/* Encodes count bytes of in into out (capacity bytes). Needs
+ * ((count + 2) / 3) * 4 bytes, with line_breaks nonzero that plus that / 76
+ * plus 2: a line feed after every 76 characters, a final line feed (counted)
+ * and a NUL (not counted). Returns 0 with *out_len set, or -1 (nothing
+ * written) when a pointer is null, count or capacity is negative or the
+ * capacity is too small. */
+XF_API int32_t encode_base64(const uint8_t *in, int32_t count, char *out, int32_t capacity,
+                             uint32_t *out_len, int32_t line_breaks);
+/* Decodes length characters of Base64 text into out (capacity bytes).
+ * CR, LF, blank and tab are skipped; "=" ends the data; a final group of 2
+ * or 3 characters gives 1 or 2 bytes. Returns:
+ *    0  success, *out_len bytes decoded;
+ *   -1  a null pointer (*out_len untouched when out_len is null);
+ *   -2  a character outside the alphabet (and not skipped as above) was met:
+ *       it was skipped and decoding went on; *out_len bytes decoded;
+ *   -3  the output is too small: the bytes that fit are written, *out_len
+ *       says how many, decoding stopped (checked before -2);
+ *   -4  the data ended with a lone character (6 bits, no whole byte): the
+ *       bytes before it are decoded.
+ * length < 1 gives *out_len 0 and 0. Never writes past capacity. */
+XF_API int32_t decode_base64(const char *in, int32_t length, uint8_t *out, int32_t capacity,
+                             uint32_t *out_len);
+
+/* $BASE64X (module JAZWFMSC): the character value as Base64 without line
+ * breaks in the first min(w, capacity) positions, blank-filled after the
+ * encoding; an encoding longer than that leaves the field blank from the
+ * output length held on entry. Output length min(w, capacity). Returns 0. */
+XF_API xf_status zfmb64x(xf_frame *frame);
 
 #ifdef __cplusplus
 } /* extern "C" */

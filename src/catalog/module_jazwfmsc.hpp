@@ -87,7 +87,7 @@ inline constexpr fmtinfo_eachfmt jazwfmsc_rows[] = {
     row("Z", 1, 32, 1, 0, 32, 0, nullptr),  // zfmz
     row("BEST", 1, 32, 12, 0, 32, 0, nullptr),  // zfmb
     row("BESTX", 1, 64, 12, 0, 32, 0, nullptr),  // zfmbx
-    row("$CHAR", 1, 32767, 8, 0, 0, 0, nullptr),  // zfmchar
+    row("$CHAR", 1, 32767, 8, 0, 0, 0, zfmchar),  // zfmchar
     row("F", 1, 32, 12, 0, 31, 0, nullptr),  // zfmt
     row("E", 1, 32, 12, 0, 31, 0, nullptr),  // zfmexp
 };

@@ -15,6 +15,7 @@ const char *status_name(xf_status status) {
     case XF_NL_DECIMALS_LOW: return "decimals below the minimum";
     case XF_NL_DECIMALS_HIGH: return "decimals above the maximum";
     case XF_E_NOT_BUILT: return "conversion not available in this library";
+    case XF_E_NULL_ARGUMENT: return "frame or handle is NULL";
     case XF_E_DATE_RANGE: return "date or time out of range";
     case XF_E_HOURS_RANGE: return "hours out of range";
     case XF_E_CAPACITY: return "width larger than the output capacity";

@@ -1,0 +1,90 @@
+// $CHAR: the value's bytes left-aligned in the field.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "oracle/char_oracle.hpp"
+#include "support/frame.hpp"
+#include "support/random.hpp"
+#include "xfmt/xfmt.h"
+
+namespace {
+
+using xfmt::test::frame_box;
+
+struct char_case {
+  const char *text;
+  int32_t w;
+  int64_t capacity;  // -1: w
+  const char *field;
+  xf_status status;
+};
+
+TEST(char_format, table) {
+  const char_case cases[] = {
+      // text        w   cap   field              status
+      {"abc",        5,  -1,   "abc  ",           XF_OK},
+      {"abc",        3,  -1,   "abc",             XF_OK},
+      {"abcdef",     3,  -1,   "abc",             XF_OK},
+      {"",           4,  -1,   "    ",            XF_OK},
+      {"  x",        4,  -1,   "  x ",            XF_OK},
+      {"x",          1,  -1,   "x",               XF_OK},
+      {"abc",        0,  -1,   "",                XF_OK},
+      {"abc",       -2,   4,   "",                XF_OK},
+      {"abcdef",     8,   4,   "abcd",            XF_E_CAPACITY},
+      {"ab",         8,   4,   "ab  ",            XF_E_CAPACITY},
+      {"ab",         8,   0,   "",                XF_E_CAPACITY},
+      {"caf\xE9",    6,  -1,   "caf\xE9  ",       XF_OK},
+  };
+  for (const char_case &c : cases) {
+    frame_box b = frame_box::chars(c.text, c.w, 0, c.capacity);
+    EXPECT_EQ(zfmchar(&b.f), c.status) << c.text << " w=" << c.w;
+    EXPECT_EQ(b.str(), c.field) << c.text << " w=" << c.w;
+    EXPECT_EQ(b.str(), b.buffer().substr(0, b.str().size()));
+  }
+}
+
+TEST(char_format, reads_no_more_than_the_input_length) {
+  // The input pointer names 3 bytes of a longer string.
+  std::string s = "abcXYZ";
+  frame_box b = frame_box::chars("", 6);
+  b.f.input = s.data();
+  b.f.input_length = 3;
+  EXPECT_EQ(zfmchar(&b.f), XF_OK);
+  EXPECT_EQ(b.str(), "abc   ");
+  b.f.input = nullptr;
+  b.f.input_length = 0;
+  EXPECT_EQ(zfmchar(&b.f), XF_OK);
+  EXPECT_EQ(b.str(), "      ");
+}
+
+TEST(char_format, shorthands_flow_end_to_end) {
+  for (const char *name : {"$", "$F", "$f", "$CHAR"}) {
+    void *h = nullptr;
+    uint16_t block[8];
+    ASSERT_EQ(xfname(name, static_cast<int32_t>(std::char_traits<char>::length(name)), 0, block, &h), XF_OK);
+    frame_box b = frame_box::chars("hello", 10);
+    EXPECT_EQ(xffmt(&b.f, h), XF_OK) << name;
+    EXPECT_EQ(b.str(), "hello     ") << name;
+    xfdel(h);
+  }
+}
+
+TEST(char_format, random_against_the_oracle) {
+  auto gen = xfmt::test::rng(0xC4A2);
+  uint64_t n = xfmt::test::scaled(20000);
+  for (uint64_t i = 0; i < n; ++i) {
+    std::string text(gen() % 40, ' ');
+    for (char &c : text) c = static_cast<char>(gen() % 256);
+    int32_t w = static_cast<int32_t>(gen() % 50) - 3;
+    uint32_t cap = static_cast<uint32_t>(gen() % 50);
+    frame_box b = frame_box::chars(text, w, 0, cap);
+    xf_status st = zfmchar(&b.f);
+    std::string want = xfmt::oracle::char_field(text, w, cap);
+    ASSERT_EQ(b.str(), want) << "case " << i << " w=" << w << " cap=" << cap << " seed "
+                             << xfmt::test::test_seed();
+    ASSERT_EQ(st, (w > 0 && static_cast<uint32_t>(w) > cap) ? XF_E_CAPACITY : XF_OK);
+  }
+}
+
+}  // namespace

@@ -1,0 +1,307 @@
+// Dispatch: which frame a routine sees, routine-less rows, user-defined
+// handles and the output-encoding step.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+
+#include "support/frame.hpp"
+#include "xfmt/xfmt.h"
+
+namespace {
+
+using xfmt::test::frame_box;
+
+// What the last recorded call saw.
+struct seen_t {
+  const xf_frame *frame = nullptr;
+  xf_frame copy{};
+  std::u16string input;
+  void *header = nullptr;
+  void *ranges = nullptr;
+} seen;
+
+// A catalog routine that records its frame, sets every encoding field and
+// writes "abc" with output encoding 25 claimed.
+xf_status recorder(xf_frame *f) {
+  seen.frame = f;
+  seen.copy = *f;
+  std::memcpy(f->output, "abc", 3);
+  f->output_length = 3;
+  f->output_encoding = 7;
+  f->option_flags = 0xFF;
+  return XF_OK;
+}
+
+// Writes output_length bytes taken from the input text; the status comes
+// from the decimals field so that tests can choose it.
+xf_status echo(xf_frame *f) {
+  uint32_t n = f->input_length < f->output_capacity ? f->input_length : f->output_capacity;
+  std::memcpy(f->output, f->input, n);
+  f->output_length = n;
+  return static_cast<xf_status>(f->decimals);
+}
+
+// A catalog handle in a test's own storage; link 0 unless the test points
+// it at the handle itself (a refreshed handle).
+fmtposs_row catalog_handle(xf_routine routine) {
+  fmtposs_row h{};
+  std::memcpy(h.module_name, "JAZWTEST", 8);
+  h.module_name_length = 8;
+  h.row.routine = routine;
+  return h;
+}
+
+TEST(dispatch, null_arguments_are_refused) {
+  frame_box b = frame_box::number(1, 8);
+  void *h = nullptr;
+  ASSERT_EQ(xfname("$CHAR", 5, 0, nullptr, &h), XF_OK);
+  EXPECT_EQ(xffmt(nullptr, h), XF_E_NULL_ARGUMENT);
+  EXPECT_EQ(xffmt(&b.f, nullptr), XF_E_NULL_ARGUMENT);
+  xfdel(h);
+}
+
+TEST(dispatch, a_row_without_routine_writes_nothing) {
+  for (const char *name : {"---NUMFMT------", "@DEUDFDE"}) {
+    void *h = nullptr;
+    ASSERT_EQ(xfname(name, static_cast<int32_t>(std::strlen(name)), 0, nullptr, &h), XF_OK);
+    frame_box b = frame_box::number(1, 8);
+    b.f.output_length = 77;
+    EXPECT_EQ(xffmt(&b.f, h), XF_E_NOT_BUILT) << name;
+    EXPECT_EQ(b.f.output_length, 77u);
+    EXPECT_EQ(b.buffer(), std::string(8, '\xEE'));
+    xfdel(h);
+  }
+}
+
+TEST(dispatch, catalog_handle_converts_on_a_copy_without_encodings) {
+  fmtposs_row h = catalog_handle(recorder);
+  frame_box b = frame_box::chars("xyz", 3);
+  b.f.input_encoding = 25;
+  b.f.requested_output_encoding = 9;  // neither 0 nor UTF-16: nothing to convert
+  b.f.output_encoding = 5;
+  b.f.option_word = 0x1234;
+  b.f.option_flags = 4;
+  EXPECT_EQ(xffmt(&b.f, &h), XF_OK);
+  EXPECT_NE(seen.frame, &b.f);
+  EXPECT_EQ(seen.copy.input, b.f.input);
+  EXPECT_EQ(seen.copy.option_word, 0x1234u);
+  EXPECT_EQ(seen.copy.option_flags, 4u);
+  EXPECT_EQ(seen.copy.input_encoding, 0u);
+  EXPECT_EQ(seen.copy.requested_output_encoding, 0u);
+  EXPECT_EQ(seen.copy.output_encoding, 0u);
+  // Only the output length comes back.
+  EXPECT_EQ(b.f.output_length, 3u);
+  EXPECT_EQ(b.f.option_flags, 4u);
+  EXPECT_EQ(b.f.output_encoding, 5u);
+  EXPECT_EQ(b.str(), "abc");
+}
+
+TEST(dispatch, refreshed_handle_converts_on_the_callers_frame) {
+  fmtposs_row h = catalog_handle(recorder);
+  h.link = reinterpret_cast<uint64_t>(&h);
+  frame_box b = frame_box::chars("xyz", 3);
+  b.f.input_encoding = 25;
+  EXPECT_EQ(xffmt(&b.f, &h), XF_OK);
+  EXPECT_EQ(seen.frame, &b.f);
+  EXPECT_EQ(seen.copy.input_encoding, 25u);
+  EXPECT_EQ(b.f.option_flags, 0xFFu);
+  EXPECT_EQ(b.f.output_encoding, 7u);
+}
+
+std::u16string utf16(const frame_box &b) {
+  std::u16string s(b.f.output_length / 2, u'\0');
+  std::memcpy(s.data(), b.out.data(), s.size() * 2);
+  return s;
+}
+
+TEST(dispatch, utf16_request_widens_through_windows_1252) {
+  fmtposs_row h = catalog_handle(echo);
+  h.link = reinterpret_cast<uint64_t>(&h);
+  frame_box b = frame_box::chars("\x80 caf\xE9 \x9F", 16);
+  b.f.requested_output_encoding = XF_ENC_UTF16LE;
+  EXPECT_EQ(xffmt(&b.f, &h), XF_OK);
+  EXPECT_EQ(b.f.output_length, 16u);
+  EXPECT_EQ(b.f.output_encoding, XF_ENC_UTF16LE);
+  EXPECT_EQ(utf16(b), u"\u20AC caf\u00E9 \u0178");
+}
+
+TEST(dispatch, utf16_widening_is_skipped_when_it_does_not_fit) {
+  fmtposs_row h = catalog_handle(echo);
+  h.link = reinterpret_cast<uint64_t>(&h);
+  // 300 bytes would need 600: more than 512.
+  std::string text(300, 'a');
+  frame_box big = frame_box::chars(text, 300, 0, 1000);
+  big.f.requested_output_encoding = XF_ENC_UTF16LE;
+  EXPECT_EQ(xffmt(&big.f, &h), XF_OK);
+  EXPECT_EQ(big.f.output_length, 300u);
+  EXPECT_EQ(big.f.output_encoding, 0u);
+  EXPECT_EQ(big.str(), text);
+  // 8 bytes fit 512 but not a capacity of 10.
+  frame_box tight = frame_box::chars("abcdefgh", 8, 0, 10);
+  tight.f.requested_output_encoding = XF_ENC_UTF16LE;
+  EXPECT_EQ(xffmt(&tight.f, &h), XF_OK);
+  EXPECT_EQ(tight.str(), "abcdefgh");
+  EXPECT_EQ(tight.f.output_encoding, 0u);
+  // 256 bytes give exactly 512.
+  frame_box edge = frame_box::chars(std::string(256, 'z'), 256, 0, 512);
+  edge.f.requested_output_encoding = XF_ENC_UTF16LE;
+  EXPECT_EQ(xffmt(&edge.f, &h), XF_OK);
+  EXPECT_EQ(edge.f.output_length, 512u);
+  EXPECT_EQ(edge.f.output_encoding, XF_ENC_UTF16LE);
+}
+
+TEST(dispatch, encoding_step_only_after_status_0_or_2) {
+  fmtposs_row h = catalog_handle(echo);
+  h.link = reinterpret_cast<uint64_t>(&h);
+  for (xf_status st : {0u, 2u, 1u, 25u, XF_E_OVERFLOW}) {
+    frame_box b = frame_box::chars("ab", static_cast<int32_t>(st == XF_E_OVERFLOW ? 3 : st), 0, 8);
+    b.f.decimals = static_cast<int32_t>(st);
+    b.f.requested_output_encoding = XF_ENC_UTF16LE;
+    EXPECT_EQ(xffmt(&b.f, &h), st);
+    bool widened = st == 0 || st == 2;
+    EXPECT_EQ(b.f.output_length, widened ? 4u : 2u) << st;
+  }
+}
+
+TEST(dispatch, catalog_handle_is_never_widened_through_its_copy) {
+  // The copy carries no UTF-16 request, so the output stays single-byte.
+  void *h = nullptr;
+  ASSERT_EQ(xfname("$CHAR", 5, 0, nullptr, &h), XF_OK);
+  frame_box b = frame_box::chars("ab", 4, 0, 8);
+  b.f.requested_output_encoding = XF_ENC_UTF16LE;
+  EXPECT_EQ(xffmt(&b.f, h), XF_OK);
+  EXPECT_EQ(b.str(), "ab  ");
+  EXPECT_EQ(b.f.output_encoding, 0u);
+  xfdel(h);
+}
+
+// --- user-defined handles ------------------------------------------------
+
+xf_status label_recorder(xf_frame *f, void *header, void *ranges) {
+  seen.frame = f;
+  seen.copy = *f;
+  seen.header = header;
+  seen.ranges = ranges;
+  seen.input.clear();
+  if (f->input != nullptr) {
+    seen.input.resize(f->input_length);
+    std::memcpy(seen.input.data(), f->input, f->input_length * 2u);
+  }
+  f->output_length = 0;
+  return XF_OK;
+}
+
+// Writes the NUL-terminated UTF-16 label its header points at, cut to the
+// capacity, with output encoding 25.
+xf_status utf16_label(xf_frame *f, void *header, void *) {
+  const auto *label = static_cast<const char16_t *>(header);
+  uint32_t bytes = static_cast<uint32_t>(std::char_traits<char16_t>::length(label) * 2);
+  if (bytes > f->output_capacity) bytes = f->output_capacity & ~1u;
+  std::memcpy(f->output, label, bytes);
+  f->output_length = bytes;
+  f->output_encoding = XF_ENC_UTF16LE;
+  return XF_OK;
+}
+
+// Writes "12" single-byte, as the numeric fallback of a label format does.
+xf_status plain_label(xf_frame *f, void *, void *) {
+  std::memcpy(f->output, "12", 2);
+  f->output_length = 2;
+  return XF_OK;
+}
+
+xf_user_handle user_handle(char kind, xf_label_routine routine) {
+  xf_user_handle h{};
+  h.link = reinterpret_cast<uint64_t>(&h);  // not used by dispatch
+  h.kind = kind;
+  h.one = 1;
+  h.routine = routine;
+  h.header = reinterpret_cast<void *>(0x1000);
+  h.ranges = reinterpret_cast<void *>(0x2000);
+  return h;
+}
+
+TEST(dispatch_user, character_input_is_widened_for_the_call) {
+  xf_user_handle h = user_handle('+', label_recorder);
+  frame_box b = frame_box::chars("caf\xE9", 8);
+  const void *input = b.f.input;
+  EXPECT_EQ(xffmt(&b.f, &h), XF_OK);
+  EXPECT_EQ(seen.copy.input_length, 4u);  // units
+  EXPECT_EQ(seen.input, u"caf\u00E9");
+  EXPECT_EQ(seen.header, reinterpret_cast<void *>(0x1000));
+  EXPECT_EQ(seen.ranges, reinterpret_cast<void *>(0x2000));
+  EXPECT_EQ(b.f.input, input);
+  EXPECT_EQ(b.f.input_length, 4u);
+}
+
+TEST(dispatch_user, long_character_input_is_cut_at_512_units) {
+  xf_user_handle h = user_handle('+', label_recorder);
+  frame_box b = frame_box::chars(std::string(600, 'q'), 8);
+  EXPECT_EQ(xffmt(&b.f, &h), XF_OK);
+  EXPECT_EQ(seen.copy.input_length, 512u);
+  EXPECT_EQ(b.f.input_length, 600u);
+}
+
+TEST(dispatch_user, utf16_input_and_numeric_formats_pass_unchanged) {
+  xf_user_handle plus = user_handle('+', label_recorder);
+  std::string units("a\0b\0", 4);
+  frame_box b = frame_box::chars(units, 8);
+  b.f.input_encoding = XF_ENC_UTF16LE;
+  b.f.input_length = 2;
+  EXPECT_EQ(xffmt(&b.f, &plus), XF_OK);
+  EXPECT_EQ(seen.frame, &b.f);
+  EXPECT_EQ(seen.input, u"ab");
+  xf_user_handle minus = user_handle('-', label_recorder);
+  frame_box n = frame_box::number(3.5, 8);
+  n.f.input_encoding = 0;
+  EXPECT_EQ(xffmt(&n.f, &minus), XF_OK);
+  EXPECT_EQ(seen.frame, &n.f);
+  EXPECT_EQ(seen.copy.input, &n.value);
+}
+
+TEST(dispatch_user, no_routine_is_not_built) {
+  xf_user_handle h = user_handle('-', nullptr);
+  frame_box b = frame_box::number(1, 4);
+  EXPECT_EQ(xffmt(&b.f, &h), XF_E_NOT_BUILT);
+  EXPECT_EQ(b.buffer(), std::string(4, '\xEE'));
+}
+
+const char16_t zoe_label[] = u"Zo\u00EB \u20AC5";
+const char16_t euros_label[] = u"\u20AC\u20AC\u20AC\u20AC";
+
+TEST(dispatch_user, utf16_labels_reach_a_single_byte_host_as_utf8) {
+  xf_user_handle h = user_handle('-', utf16_label);
+  h.header = const_cast<char16_t *>(zoe_label);
+  frame_box b = frame_box::number(1, 12);
+  EXPECT_EQ(xffmt(&b.f, &h), XF_OK);
+  EXPECT_EQ(b.str(), "Zo\xC3\xAB \xE2\x82\xAC" "5");
+  EXPECT_EQ(b.f.output_encoding, 0u);
+}
+
+TEST(dispatch_user, utf8_is_cut_to_whole_characters_within_the_capacity) {
+  // Four euro signs: 8 bytes of UTF-16, 12 of UTF-8; a capacity of 8 takes two.
+  xf_user_handle h = user_handle('-', utf16_label);
+  h.header = const_cast<char16_t *>(euros_label);
+  frame_box b = frame_box::number(1, 8);
+  EXPECT_EQ(xffmt(&b.f, &h), XF_OK);
+  EXPECT_EQ(b.str(), "\xE2\x82\xAC\xE2\x82\xAC");
+  EXPECT_EQ(b.f.output_length, 6u);
+}
+
+TEST(dispatch_user, utf16_request_keeps_utf16_labels_and_widens_plain_output) {
+  xf_user_handle h = user_handle('-', utf16_label);
+  h.header = const_cast<char16_t *>(zoe_label);
+  frame_box b = frame_box::number(1, 12);
+  b.f.requested_output_encoding = XF_ENC_UTF16LE;
+  EXPECT_EQ(xffmt(&b.f, &h), XF_OK);
+  EXPECT_EQ(utf16(b), u"Zo\u00EB \u20AC5");
+  EXPECT_EQ(b.f.output_encoding, XF_ENC_UTF16LE);
+  xf_user_handle p = user_handle('-', plain_label);
+  frame_box c = frame_box::number(1, 4);
+  c.f.requested_output_encoding = XF_ENC_UTF16LE;
+  EXPECT_EQ(xffmt(&c.f, &p), XF_OK);
+  EXPECT_EQ(utf16(c), u"12");
+}
+
+}  // namespace

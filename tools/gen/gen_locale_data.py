@@ -1,0 +1,452 @@
+#!/usr/bin/env python3
+"""Writes src/nls/locale_data.cpp: the 136 locale records of 189 fields.
+
+Sources, all read at development time only:
+  - the C library's locale sources, /usr/share/i18n/locales/* (Debian package
+    `locales`): month and weekday names, AM/PM, the numeric date order and
+    separator, the 24-hour time, monetary and numeric marks, grouping, sign
+    positions, paper size;
+  - CLDR as ICU ships it (Debian package `libicu-dev`), read through the small
+    helper icu_dump.cpp, compiled here: long, medium and full date patterns,
+    time patterns, year-month, month-day, year and year-quarter patterns,
+    quarter names, stand-alone weekday names, number, currency and percent
+    pictures, AM/PM where the C library has none, and the currency of the
+    countries the C library has no locale for.
+
+    python3 tools/gen/gen_locale_data.py [--out FILE]
+
+Locales the C library lacks take the conventions of the nearest real locale
+(NEAREST below): Chinese_Macau from zh_HK with the pataca; Croatian_Bosnia
+from hr_HR with the money of bs_BA; English_Belgium from en_GB with the money
+and numbers of nl_BE; English_Caribbean from en_AG; English_Jamaica from en_AG
+with the Jamaican dollar; English_Malta from en_GB with the money and numbers
+of mt_MT; Norwegian_Norway from nb_NO; Persian_India from fa_IR with the money
+and numbers of hi_IN; Serbian_Bosnia from sr_RS with the money of bs_BA;
+SerbianLatin_* from sr_RS@latin (with the money of bs_BA and sr_ME for Bosnia
+and Montenegro); Polish_XX from pl_PL; Chinese_XX from zh_CN.
+"""
+import argparse
+import hashlib
+import os
+import re
+import subprocess
+import sys
+import tempfile
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+ROOT = os.path.dirname(os.path.dirname(HERE))
+sys.path.insert(0, HERE)
+import glibc_locale as glibc  # noqa: E402
+
+FIELDS = 189
+
+# code -> where each kind of data comes from when it is not the code itself.
+#   time: LC_TIME and LC_PAPER; money: LC_MONETARY; num: LC_NUMERIC;
+#   icu: the ICU locale id; cur: take the currency code and symbol from ICU.
+NEAREST = {
+    "zh_MO": dict(time="zh_HK", money="zh_HK", num="zh_HK", icu="zh_Hant_MO", cur=True),
+    "hr_BA": dict(time="hr_HR", money="bs_BA", num="hr_HR", icu="hr_BA"),
+    "en_BE": dict(time="en_GB", money="nl_BE", num="nl_BE", icu="en_BE"),
+    "en_CB": dict(time="en_AG", money="en_AG", num="en_AG", icu="en_AG"),
+    "en_JM": dict(time="en_AG", money="en_AG", num="en_AG", icu="en_JM", cur=True),
+    "en_MT": dict(time="en_GB", money="mt_MT", num="mt_MT", icu="en_MT"),
+    "no_NO": dict(time="nb_NO", money="nb_NO", num="nb_NO", icu="nb_NO"),
+    "fa_IN": dict(time="fa_IR", money="hi_IN", num="hi_IN", icu="fa_IR"),
+    "sr_BA": dict(time="sr_RS", money="bs_BA", num="sr_RS", icu="sr_Cyrl_BA"),
+    "sh_BA": dict(time="sr_RS@latin", money="bs_BA", num="sr_RS@latin", icu="sr_Latn_BA"),
+    "sh_ME": dict(time="sr_RS@latin", money="sr_ME", num="sr_RS@latin", icu="sr_Latn_ME"),
+    "sh_RS": dict(time="sr_RS@latin", money="sr_RS@latin", num="sr_RS@latin", icu="sr_Latn_RS"),
+    "pl_XX": dict(time="pl_PL", money="pl_PL", num="pl_PL", icu="pl_PL"),
+    "zh_XX": dict(time="zh_CN", money="zh_CN", num="zh_CN", icu="zh_Hans_CN"),
+}
+# ICU ids where the plain code would pick another script or none.
+ICU_ID = {
+    "zh_CN": "zh_Hans_CN", "zh_SG": "zh_Hans_SG", "zh_HK": "zh_Hant_HK", "zh_TW": "zh_Hant_TW",
+    "sr_RS": "sr_Cyrl_RS", "sr_ME": "sr_Cyrl_ME",
+}
+
+# Fields every record shares: default conversion names and device fonts.
+COMMON = {13: "NLDATE16.", 14: "NLDATM24.", 15: "NLTIME8.", 16: "BEST12.", 17: "PERCENT12."}
+FONTS = ["COMPLEX", "SIMPLEX", "ITALIC", "BRUSH", "SIMPLEX", "BRUSH", "SIMPLEX", "COMPLEX", "SWISS", "ITALIC"]
+
+# Record 1 keeps these values whatever the sources say (the rest of it is
+# generated like any other record).
+RECORD1 = {
+    6: "YMD", 7: "A4",
+    28: "%d %B %Y", 29: "%Y-%m-%d", 30: "%d %b %Y", 31: "%d %B %Y", 32: "%A %d %B %Y",
+    33: "%a %d %b %Y", 34: "%#B %Y", 35: "%#b %Y", 36: "%d %B", 37: "%d %b", 38: "%Y",
+    39: "%y", 40: "%Q %Y", 41: "%q %Y", 42: "%Y-W%U", 43: "%y-W%U",
+    44: "%d %B %Y %I:%M:%S %p", 45: "%d %b %Y %I:%M:%S %p", 46: "%d %B %Y %H:%M:%S",
+    47: "%Y-%m-%d %I:%M:%S %p", 48: "%d %b %Y %I:%M:%S %p", 49: "%d %B %Y %I:%M:%S %p",
+    50: "%A %d %B %Y %I:%M:%S %p", 51: "%a %d %b %Y %I:%M:%S %p", 52: "%I:%M:%S %p",
+    53: "%H:%M:%S", 54: "%I:%M %p", 55: "%I:%M:%S %p", 56: "%I:%M:%S %p %Z",
+    57: "%I:%M:%S %p %Z", 58: "%x %X",
+    59: "Jan", 70: "Des", 71: "Januarie", 82: "Desember",
+    107: "So", 113: "Sa", 114: "Sondag", 120: "Saterdag",
+    135: "K1", 136: "K2", 137: "K3", 138: "K4",
+    139: "1ste kwartaal", 140: "2de kwartaal", 141: "3de kwartaal", 142: "4de kwartaal",
+    151: "vm.", 152: "nm.", 153: "-", 154: "0", 155: "ZAR", 156: "R", 157: ",",
+    158: "\u00a0", 159: "3", 160: "", 161: "-", 162: "2", 163: "2",
+    164: "1", 165: "0", 166: "1", 167: "0", 168: "1", 169: "1",
+    170: "\u00a4#.##0,00", 171: "\u00a4#,##0.#", 172: ",", 173: "\u00a0", 174: "3",
+    175: "", 176: "-", 177: "1", 178: "0", 179: "1", 180: "0", 181: "1", 182: "1",
+    183: "#.##0,###", 184: "#,##0.#", 185: "#.##0%", 186: "#,##0.#%", 187: "297", 188: "210",
+}
+# Second set of abbreviated month names of record 1: the first set.
+RECORD1_SAME = [(83 + i, 59 + i) for i in range(12)]
+
+
+def read_tsv(name):
+    with open(os.path.join(HERE, name), encoding="ascii") as f:
+        return [l.rstrip("\n").split("\t") for l in f if l.strip() and not l.startswith("#")]
+
+
+# ---------------------------------------------------------------- ICU
+
+def icu_dump(ids):
+    src = os.path.join(HERE, "icu_dump.cpp")
+    with open(src, "rb") as f:
+        tag = hashlib.sha256(f.read()).hexdigest()[:16]
+    exe = os.path.join(tempfile.gettempdir(), f"xfmt_icu_dump_{tag}")
+    if not os.path.exists(exe):
+        flags = subprocess.check_output(["pkg-config", "--cflags", "--libs", "icu-i18n", "icu-uc"], text=True).split()
+        subprocess.check_call(["c++", "-std=c++17", "-O1", src, "-o", exe + ".tmp"] + flags)
+        os.replace(exe + ".tmp", exe)
+    out = subprocess.check_output([exe] + sorted(set(ids)), text=True, encoding="utf-8")
+    data = {}
+    for line in out.split("\n"):
+        if line:
+            loc, key, val = line.split("\t", 2)
+            data.setdefault(loc, {})[key] = val
+    return data
+
+
+# Letters of ICU date patterns and what they become; a run's length picks the
+# form. "d" (one letter) is the unpadded day, "dd" the two-digit one, and so on.
+def icu_letter(ch, n):
+    if ch in "yu":
+        return "%y" if n == 2 else "%Y"
+    if ch == "M":
+        return {1: "%#m", 2: "%m", 3: "%b", 4: "%B"}.get(n, "%b")
+    if ch == "L":
+        return {1: "%#m", 2: "%m", 3: "%#b", 4: "%#B"}.get(n, "%#b")
+    if ch == "d":
+        return "%#d" if n == 1 else "%d"
+    if ch == "E":
+        return "%A" if n == 4 else "%a"
+    if ch == "c":
+        return "%#A" if n == 4 else "%#a"
+    if ch == "h":
+        return "%#I" if n == 1 else "%I"
+    if ch == "H":
+        return "%#H" if n == 1 else "%H"
+    if ch == "K":
+        return "%L"
+    if ch == "k":
+        return "%#K" if n == 1 else "%K"
+    if ch == "m":
+        return "%M"
+    if ch == "s":
+        return "%S"
+    if ch in "abB":
+        return "%p"
+    if ch in "zZvVOxX":
+        return "%Z"
+    if ch == "Q":
+        return "%Q" if n == 4 else "%q"
+    if ch == "q":
+        return "%#Q" if n == 4 else "%#q"
+    if ch == "w":
+        return "%U"
+    if ch == "D":
+        return "%j"
+    if ch in "GS":   # era and fractions of a second: left out
+        return ""
+    raise ValueError(f"ICU pattern letter {ch!r}")
+
+
+def from_icu(p):
+    out, i, n = [], 0, len(p)
+    while i < n:
+        c = p[i]
+        if c == "'":
+            if i + 1 < n and p[i + 1] == "'":
+                out.append("'")
+                i += 2
+                continue
+            j = p.index("'", i + 1)
+            out.append(p[i + 1:j].replace("%", "%%"))
+            i = j + 1
+        elif c.isascii() and c.isalpha():
+            j = i
+            while j < n and p[j] == c:
+                j += 1
+            out.append(icu_letter(c, j - i))
+            i = j
+        else:
+            out.append("%%" if c == "%" else c)
+            i += 1
+    return tidy("".join(out))
+
+
+# Bidirectional marks are left out (single-byte code pages have none of them)
+# and CLDR's narrow no-break space before AM/PM becomes a blank.
+def tidy(p):
+    p = p.replace("\u202f", " ").replace("\u200e", "").replace("\u200f", "").replace("\u061c", "")
+    return re.sub(r" +", " ", p).strip()
+
+
+# ---------------------------------------------------------------- C library
+
+GLIBC_SIMPLE = set("aAbBdeHIjmMpSyYzZuwUWVgGT%")
+
+
+def from_glibc(p):
+    """A C-library strftime pattern in the letters the date expander knows."""
+    out, i, n = [], 0, len(p)
+    while i < n:
+        c = p[i]
+        if c != "%":
+            out.append(c)
+            i += 1
+            continue
+        i += 1
+        nopad = False
+        while i < n and p[i] in "-_0^#":
+            nopad = nopad or p[i] in "-_"
+            i += 1
+        while i < n and p[i] in "EO":
+            i += 1
+        L = p[i]
+        i += 1
+        rep = {"h": "%b", "D": "%m/%d/%y", "F": "%Y-%m-%d", "R": "%H:%M", "r": "%I:%M:%S %p",
+               "k": "%H", "l": "%I", "P": "%p", "n": " ", "t": " ", "C": "", "s": ""}.get(L)
+        if rep is None:
+            if L not in GLIBC_SIMPLE:
+                raise ValueError(f"strftime letter {L!r} in {p!r}")
+            rep = "%" + L
+            if nopad and L in "dmHI":
+                rep = "%#" + L
+        out.append(rep)
+    return tidy("".join(out))
+
+
+def date_order(pat):
+    pos = {}
+    for m in re.finditer(r"%#?([a-zA-Z])", pat):
+        k = {"d": "D", "e": "D", "m": "M", "b": "M", "B": "M", "Y": "Y", "y": "Y"}.get(m.group(1))
+        if k and k not in pos:
+            pos[k] = m.start()
+    if len(pos) != 3:
+        return None
+    return "".join(sorted(pos, key=pos.get))
+
+
+def date_separator(pat):
+    for c in re.sub(r"%#?[a-zA-Z%]", "", pat):
+        if c in "-./":
+            return c
+    return None
+
+
+def grouping(vals):
+    g = [v for v in vals if isinstance(v, int)]
+    if not g or g[0] <= 0:
+        return "0"
+    while len(g) > 1 and g[-1] == g[-2]:
+        g.pop()
+    return ";".join(str(v) for v in g)
+
+
+# ---------------------------------------------------------------- pictures
+
+def picture(p, local_decimal):
+    """An ICU number picture (positive part), with the marks swapped to the
+    locale's when its decimal mark is a comma."""
+    p = p.split(";")[0]
+    if local_decimal == ",":
+        p = p.translate(str.maketrans({",": ".", ".": ","}))
+    return tidy(p)
+
+
+# ---------------------------------------------------------------- records
+
+def first(vals, default=""):
+    return vals[0] if vals and vals[0] is not None else default
+
+
+def build_record(ident, full, code, icu):
+    near = NEAREST.get(code, {})
+    tloc = near.get("time", code)
+    t = glibc.read_category(tloc, "LC_TIME")
+    mon_ = glibc.read_category(near.get("money", code), "LC_MONETARY")
+    num = glibc.read_category(near.get("num", code), "LC_NUMERIC")
+    paper = glibc.read_category(tloc, "LC_PAPER")
+    u = icu[near.get("icu", ICU_ID.get(code, code))]
+
+    r = [""] * FIELDS
+    lang, country = full.split("_", 1)
+    r[0], r[1], r[3] = full, lang, country
+    r[2] = r[4] = code[:2].lower()
+    r[5] = code[3:].upper()
+    for k, v in COMMON.items():
+        r[k] = v
+    r[18:28] = FONTS
+
+    # Dates: the numeric form from the C library when it is numeric, else ICU's
+    # short form with a four-digit year.
+    d_fmt = from_glibc(first(t.get("d_fmt")))
+    if not re.search(r"%#?m", d_fmt) or not re.search(r"%#?[dDeE]", d_fmt):
+        d_fmt = from_icu(u["date_short"]).replace("%y", "%Y")
+    r[6] = date_order(d_fmt)
+    r[29] = d_fmt
+    r[30] = from_icu(u["date_medium"])
+    r[31] = r[28] = from_icu(u["date_long"])
+    r[32] = from_icu(u["date_full"])
+    r[33] = r[32].replace("%A", "%a").replace("%B", "%b").replace("%#B", "%#b")
+    r[34] = from_icu(u["skel_yMMMM"])
+    r[35] = from_icu(u["skel_yMMM"])
+    r[36] = from_icu(u["skel_MMMMd"])
+    r[37] = from_icu(u["skel_MMMd"])
+    r[38] = from_icu(u["skel_y"])
+    r[39] = from_icu(u["skel_yy"])
+    r[40] = from_icu(u["skel_yQQQQ"])
+    r[41] = from_icu(u["skel_yQQQ"])
+    r[42], r[43] = "%Y-W%U", "%y-W%U"
+
+    # Times: 24-hour from the C library (its own if it is a 24-hour form);
+    # the locale's usual clock from ICU.
+    t_fmt = from_glibc(first(t.get("t_fmt"))).replace("%Z", "").strip()
+    r[53] = t_fmt if re.search(r"%#?H|%T", t_fmt) else "%H:%M:%S"
+    r[55] = r[52] = from_icu(u["time_medium"])
+    r[54] = from_icu(u["time_short"])
+    r[56] = r[57] = r[55] + " %Z"
+    r[44] = r[31] + " " + r[55]
+    r[45] = r[30] + " " + r[55]
+    r[46] = r[31] + " " + r[53]
+    r[47] = r[29] + " " + r[55]
+    r[48] = r[30] + " " + r[55]
+    r[49] = r[31] + " " + r[55]
+    r[50] = r[32] + " " + r[55]
+    r[51] = r[33] + " " + r[55]
+    r[58] = "%x %X"
+
+    # Names.
+    abmon, mon = t["abmon"], t["mon"]
+    ab_alt = t.get("ab_alt_mon") or abmon
+    alt = t.get("alt_mon") or mon
+    assert all(len(x) == 12 for x in (abmon, mon, ab_alt, alt)), code
+    assert len(t["abday"]) == 7 and len(t["day"]) == 7, code
+    r[59:71], r[71:83], r[83:95], r[95:107] = abmon, mon, ab_alt, alt
+    r[107:114], r[114:121] = t["abday"], t["day"]
+    r[121:128] = [u[f"wd_sa_abbr{i}"] for i in range(7)]
+    r[128:135] = [u[f"wd_sa_wide{i}"] for i in range(7)]
+    r[135:139] = [u[f"q_abbr{i}"] for i in range(4)]
+    r[139:143] = [u[f"q_wide{i}"] for i in range(4)]
+    r[143:147] = [u[f"q_sa_abbr{i}"] for i in range(4)]
+    r[147:151] = [u[f"q_sa_wide{i}"] for i in range(4)]
+    am_pm = t.get("am_pm") or ["", ""]
+    if not am_pm[0] or not am_pm[1]:
+        am_pm = [u["ampm0"], u["ampm1"]]
+    r[151], r[152] = am_pm[0], am_pm[1]
+    r[153] = date_separator(d_fmt) or date_separator(from_icu(u["date_short"])) or "/"
+    r[154] = "0"
+
+    # Money.
+    if near.get("cur"):
+        r[155], r[156] = u["cur_code"], u["cur_symbol"]
+    else:
+        r[155] = first(mon_.get("int_curr_symbol")).strip()
+        r[156] = first(mon_.get("currency_symbol"))
+    r[157] = first(mon_.get("mon_decimal_point"), ".")
+    r[158] = first(mon_.get("mon_thousands_sep"))
+    r[159] = grouping(mon_.get("mon_grouping", []))
+    r[160] = first(mon_.get("positive_sign"))
+    r[161] = first(mon_.get("negative_sign"), "-")
+    r[162] = str(first(mon_.get("int_frac_digits"), 2))
+    r[163] = str(first(mon_.get("frac_digits"), 2))
+    flags = ["p_cs_precedes", "p_sep_by_space", "n_cs_precedes", "n_sep_by_space", "p_sign_posn", "n_sign_posn"]
+    defaults = [1, 0, 1, 0, 1, 1]
+    for k, (f, d) in enumerate(zip(flags, defaults)):
+        v = first(mon_.get(f), d)
+        r[164 + k] = str(v if isinstance(v, int) and v >= 0 else d)
+    r[170] = picture(u["num_currency"], r[157])
+    r[171] = picture(u["num_currency"], ".")
+
+    # Numbers.
+    r[172] = first(num.get("decimal_point"), ".")
+    r[173] = first(num.get("thousands_sep"))
+    r[174] = grouping(num.get("grouping", []))
+    r[175], r[176] = r[160], r[161]
+    r[177:183] = r[164:170]
+    r[183] = picture(u["num_decimal"], r[172])
+    r[184] = picture(u["num_decimal"], ".")
+    r[185] = picture(u["num_percent"], r[172])
+    r[186] = picture(u["num_percent"], ".")
+
+    # Paper.
+    h = first(paper.get("height"), 297)
+    r[7], r[187], r[188] = ("LETTER", "279", "216") if h == 279 else ("A4", "297", "210")
+
+    if ident == 1:
+        for k, v in RECORD1.items():
+            r[k] = v
+        for k, src in RECORD1_SAME:
+            r[k] = r[src]
+    return r
+
+
+# ---------------------------------------------------------------- output
+
+def escape(s, field):
+    out = []
+    for ch in s:
+        cp = ord(ch)
+        if cp < 0x80:
+            out.append(ch)
+        elif cp == 0xA4 and field == 170:
+            out.append("<u00a4>")
+        elif cp > 0xFFFF:
+            cp -= 0x10000
+            out.append("<U%04X><U%04X>" % (0xD800 + (cp >> 10), 0xDC00 + (cp & 0x3FF)))
+        else:
+            out.append("<U%04X>" % cp)
+    return "".join(out)
+
+
+def c_string(s):
+    return '"' + s.replace("\\", "\\\\").replace('"', '\\"').replace("??", '?""?') + '"'
+
+
+def main():
+    ap = argparse.ArgumentParser()
+    ap.add_argument("--out", default=os.path.join(ROOT, "src/nls/locale_data.cpp"))
+    args = ap.parse_args()
+
+    recs = read_tsv("locale_list.txt")
+    assert len(recs) == 136
+    ids = [NEAREST.get(c, {}).get("icu", ICU_ID.get(c, c)) for _, _, c in recs]
+    icu = icu_dump(ids)
+
+    out = ["// Generated by tools/gen/gen_locale_data.py; regenerate with: python3 tools/gen/gen_locale_data.py\n",
+           f"// Sources: /usr/share/i18n/locales (package locales), ICU {icu['-']['icu']} data (package libicu-dev).\n",
+           "// 136 locale records of 189 fields; locale id k is row k-1. Characters outside ASCII\n",
+           "// are written as <U00A0> escapes. Do not edit: change the generator and rerun it.\n",
+           '#include "xfmt/xfmt.h"\n\n',
+           "#define F(s) {sizeof(s) - 1, s}\n",
+           "#define E {0, nullptr}\n\n",
+           "extern \"C\" const zav_locale_field ZAVlocaleData[136][189] = {\n"]
+    for ident, full, code in recs:
+        r = build_record(int(ident), full, code, icu)
+        out.append(f"    // {ident} {full} ({code})\n    {{\n")
+        for k, v in enumerate(r):
+            v = escape(str(v), k)
+            out.append(f"        F({c_string(v)}),  // {k}\n" if v else f"        E,  // {k}\n")
+        out.append("    },\n")
+    out.append("};\n\n#undef F\n#undef E\n")
+    with open(args.out, "w", encoding="ascii", newline="\n") as f:
+        f.write("".join(out))
+
+
+if __name__ == "__main__":
+    main()
