@@ -141,9 +141,12 @@ const void *bisect(const void *const *r, int64_t n, const text &t) {
   return nullptr;
 }
 
+// Dispatch widens single-byte input and counts it in units (input encoding
+// still 0); a host that sends UTF-16 itself (encoding 24 or 25) counts bytes.
 text frame_text(const xf_frame *f) {
   if (f->input == nullptr) return {nullptr, 0};
-  return {static_cast<const uint16_t *>(f->input), static_cast<int32_t>(f->input_length / 2)};
+  uint32_t n = f->input_encoding == XF_ENC_SINGLE_BYTE ? f->input_length : f->input_length / 2;
+  return {static_cast<const uint16_t *>(f->input), static_cast<int32_t>(n)};
 }
 
 inline bool wants_all(const xf_frame *f, const xf_user_format *h) {

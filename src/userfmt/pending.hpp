@@ -8,12 +8,6 @@
 
 extern "C" {
 __attribute__((weak)) xf_status zfmt(xf_frame *frame);
-__attribute__((weak)) uint32_t UNICODEToUTF8(const uint16_t *src, uint32_t src_len_bytes, uint8_t *dst,
-                                             uint32_t dst_capacity, uint32_t *chars_done,
-                                             uint32_t *bytes_written);
-__attribute__((weak)) uint32_t UTF8ToUNICODE(const uint8_t *src, uint32_t src_len, uint16_t *dst,
-                                             uint32_t dst_capacity_bytes, uint32_t *chars,
-                                             uint32_t *bytes_written);
 __attribute__((weak)) double zjuldat(double date);
 __attribute__((weak)) int32_t zymdjul(double *year, double *month, double *day, double julian);
 __attribute__((weak)) double zwekday(double date);
