@@ -271,6 +271,75 @@ XF_API const fmtinfo *xfload(void *anchor, const char *module_name, uint32_t nam
  * Numeric output formats
  * ====================================================================== */
 
+/* Rounding addends: zpowten[d] = 0.5 * 10^-d for d = 0..31. */
+XF_API extern const double zpowten[32];
+
+/* F w.d, the plain-number printer every other conversion falls back on.
+ * Reads w, d (0-31 fixed decimals; 99 best; 98 three significant digits;
+ * 80-89 code-80 significant digits; -999 E notation; other negatives E with
+ * the decimals implied by w) and the double at input. Writes the number
+ * right-justified in w positions (the output length is w): fewer decimals
+ * when the integral digits need the room (status 2), E notation when even
+ * that fails, else w '*' and 0x8001D827. w < 1: 0x8001D827, nothing written.
+ * w > 32: frame->width becomes 32 and 32 '*' are written. Missing values:
+ * the standard display, status 0. w above the capacity: the field is cut to
+ * the capacity, status 0x8001D826. */
+XF_API xf_status zfmt(xf_frame *frame);
+/* The same routine under a second entry name. */
+XF_API xf_status zfmn(xf_frame *frame);
+/* BEST w.: zfmt with decimals code 99 (as many significant digits as fit). */
+XF_API xf_status zfmb(xf_frame *frame);
+/* BESTX w.: BEST; w above 32 prints 32 positions and blanks after them up to
+ * min(w, capacity) (the output length stays that of the 32-wide field). */
+XF_API xf_status zfmbx(xf_frame *frame);
+/* E w.: zfmt with decimals code -999 (E notation, w - 7 decimals). */
+XF_API xf_status zfmexp(xf_frame *frame);
+/* D w.d: d significant digits (code 80 + d; d above 9 counts as best);
+ * "." is placed in the last position before the inner call. */
+XF_API xf_status zfmd(xf_frame *frame);
+/* Z w.d: F w.d with leading zeros ("-01.50", "000042"); status 0 once padded. */
+XF_API xf_status zfmz(xf_frame *frame);
+
+/* E form of |magnitude| right-justified in width positions at out (width
+ * <= capacity, width <= 64): decimals 99 as many digits as fit with trailing
+ * zeros dropped, -k or k: k decimals (fewer when they do not fit). Returns
+ * the length of the text written after the blanks, or -1 (nothing written)
+ * when it does not fit or the magnitude is not finite. */
+XF_API int32_t fmte(double magnitude, int32_t width, int32_t decimals, char *out,
+                    uint32_t capacity);
+/* Decimals that show |magnitude| with digits significant digits in width
+ * positions of the fixed layout, or -999 when only E notation can. */
+XF_API int32_t zfmtd(double magnitude, int32_t width, int32_t digits);
+
+/* COMMA w.d: zfmt's text with "," between groups of three integral digits
+ * when the longer text fits w; otherwise zfmt's text unchanged (status 0).
+ * zfmt's nonzero statuses pass through; 0x8001D826 when the grouped text
+ * fits w but not the capacity. Missing values: the standard display. */
+XF_API xf_status zfmcma(xf_frame *frame);
+/* The other punctuated formats lay the number out as F w.d, then add their
+ * marks when they fit w, dropping the alignment blank, then the groups, then
+ * the currency sign before keeping the plain text (stars only when that does
+ * not fit). Statuses as zfmt (2 for reduced decimals, 0x8001D827 stars,
+ * 0x8001D826 cut to the capacity); missing values: the standard display.
+ *   COMMAX   1.234.567,89      period groups, comma decimal mark
+ *   DOLLAR   $1,234.56  -$1,234.56
+ *   DOLLARX  $1.234,56  -$1.234,56
+ *   EURO     0x80 then 1,234.56 (0x80 is the euro sign in Windows-1252)
+ *   EUROX    0x80 then 1.234,56
+ *   YEN      0xA5 then 1,234 (0xA5 is the yen sign in Windows-1252)
+ *   NEGPAREN (1,234.56) for a negative value, "1,234.56 " for a positive one
+ *   PERCENT  value x 100: "(12.5%)" negative, " 12.5% " positive
+ *   PERCENTN value x 100: "-12.5%" */
+XF_API xf_status zfmcmax(xf_frame *frame);
+XF_API xf_status zfmdlr(xf_frame *frame);
+XF_API xf_status zfmdlrx(xf_frame *frame);
+XF_API xf_status zfmeuro(xf_frame *frame);
+XF_API xf_status zfmerx(xf_frame *frame);
+XF_API xf_status zfmyen(xf_frame *frame);
+XF_API xf_status zfmnprn(xf_frame *frame);
+XF_API xf_status zfmpct(xf_frame *frame);
+XF_API xf_status pctn(xf_frame *frame);
+
 /* ======================================================================
  * Dates and times
  * ====================================================================== */

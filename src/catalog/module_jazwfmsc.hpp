@@ -15,11 +15,11 @@ inline constexpr fmtinfo_eachfmt jazwfmsc_rows[] = {
     row("$QUOTE", 2, 32767, 2, 0, 0, 0, nullptr),
     row("$VSLOG", 1, 32767, 1, 0, 0, 0, nullptr),
     row("$VSLOGR", 1, 32767, 1, 0, 0, 0, nullptr),
-    row("COMMA", 2, 32, 6, 0, 31, 0, nullptr),  // zfmcma
-    row("COMMAX", 2, 32, 6, 0, 31, 0, nullptr),  // zfmcmax
-    row("D", 1, 32, 12, 0, 16, 3, nullptr),  // zfmd
-    row("DOLLAR", 2, 32, 6, 0, 31, 0, nullptr),  // zfmdlr
-    row("DOLLARX", 2, 32, 6, 0, 31, 0, nullptr),  // zfmdlrx
+    row("COMMA", 2, 32, 6, 0, 31, 0, zfmcma),  // zfmcma
+    row("COMMAX", 2, 32, 6, 0, 31, 0, zfmcmax),  // zfmcmax
+    row("D", 1, 32, 12, 0, 16, 3, zfmd),  // zfmd
+    row("DOLLAR", 2, 32, 6, 0, 31, 0, zfmdlr),  // zfmdlr
+    row("DOLLARX", 2, 32, 6, 0, 31, 0, zfmdlrx),  // zfmdlrx
     row("EURFRATS", 1, 32, 6, 0, 31, 0, nullptr),  // euro: ATS
     row("EURFRBEF", 1, 32, 6, 0, 31, 0, nullptr),  // euro: BEF
     row("EURFRFIM", 1, 32, 6, 0, 31, 0, nullptr),  // euro: FIM
@@ -45,8 +45,8 @@ inline constexpr fmtinfo_eachfmt jazwfmsc_rows[] = {
     row("EURFRROL", 1, 32, 6, 0, 31, 0, nullptr),  // euro: ROL
     row("EURFRYUD", 1, 32, 6, 0, 31, 0, nullptr),  // euro: YUD
     row("EURFRSIT", 1, 32, 6, 0, 31, 0, nullptr),  // euro: SIT
-    row("EURO", 2, 32, 6, 0, 31, 0, nullptr),  // zfmeuro
-    row("EUROX", 2, 32, 6, 0, 31, 0, nullptr),  // zfmerx
+    row("EURO", 2, 32, 6, 0, 31, 0, zfmeuro),  // zfmeuro
+    row("EUROX", 2, 32, 6, 0, 31, 0, zfmerx),  // zfmerx
     row("EURTOATS", 1, 32, 6, 0, 31, 0, nullptr),  // euro: ATS
     row("EURTOBEF", 1, 32, 6, 0, 31, 0, nullptr),  // euro: BEF
     row("EURTOFIM", 1, 32, 6, 0, 31, 0, nullptr),  // euro: FIM
@@ -73,10 +73,10 @@ inline constexpr fmtinfo_eachfmt jazwfmsc_rows[] = {
     row("EURTOYUD", 1, 32, 6, 0, 31, 0, nullptr),  // euro: YUD
     row("EURTOSIT", 1, 32, 6, 0, 31, 0, nullptr),  // euro: SIT
     row("FRACT", 4, 32, 10, 0, 0, 0, nullptr),
-    row("NEGPAREN", 1, 32, 6, 0, 31, 0, nullptr),  // zfmnprn
+    row("NEGPAREN", 1, 32, 6, 0, 31, 0, zfmnprn),  // zfmnprn
     row("ODDSR", 3, 32, 7, 0, 31, 3, nullptr),
-    row("PERCENT", 4, 32, 6, 0, 31, 0, nullptr),  // zfmpct
-    row("PERCENTN", 4, 32, 6, 0, 31, 0, nullptr),  // pctn
+    row("PERCENT", 4, 32, 6, 0, 31, 0, zfmpct),  // zfmpct
+    row("PERCENTN", 4, 32, 6, 0, 31, 0, pctn),  // pctn
     row("ROMAN", 2, 32, 6, 0, 0, 0, nullptr),
     row("SIZEK", 2, 33, 9, 0, 31, 0, nullptr),
     row("SIZEKB", 2, 33, 9, 0, 31, 0, nullptr),
@@ -84,12 +84,12 @@ inline constexpr fmtinfo_eachfmt jazwfmsc_rows[] = {
     row("SSN", 11, 11, 11, 0, 0, 0, nullptr),
     row("WORDF", 5, 32767, 10, 0, 0, 0, nullptr),
     row("WORDS", 5, 32767, 10, 0, 0, 0, nullptr),
-    row("Z", 1, 32, 1, 0, 32, 0, nullptr),  // zfmz
-    row("BEST", 1, 32, 12, 0, 32, 0, nullptr),  // zfmb
-    row("BESTX", 1, 64, 12, 0, 32, 0, nullptr),  // zfmbx
+    row("Z", 1, 32, 1, 0, 32, 0, zfmz),  // zfmz
+    row("BEST", 1, 32, 12, 0, 32, 0, zfmb),  // zfmb
+    row("BESTX", 1, 64, 12, 0, 32, 0, zfmbx),  // zfmbx
     row("$CHAR", 1, 32767, 8, 0, 0, 0, zfmchar),  // zfmchar
-    row("F", 1, 32, 12, 0, 31, 0, nullptr),  // zfmt
-    row("E", 1, 32, 12, 0, 31, 0, nullptr),  // zfmexp
+    row("F", 1, 32, 12, 0, 31, 0, zfmt),  // zfmt
+    row("E", 1, 32, 12, 0, 31, 0, zfmexp),  // zfmexp
 };
 
 }  // namespace xfmt::catalog

@@ -47,7 +47,7 @@ inline constexpr fmtinfo_eachfmt jazwfuwf_rows[] = {
     row("MINGUO", 1, 10, 8, 0, 0, 0, nullptr),
     row("MRB", 2, 8, 4, 0, 10, 0, nullptr),
     row("$UPCASE", 1, 32767, 8, 0, 0, 0, nullptr),
-    row("YEN", 1, 32, 1, 0, 31, 0, nullptr),  // zfmyen
+    row("YEN", 1, 32, 1, 0, 31, 0, zfmyen),  // zfmyen
 };
 
 }  // namespace xfmt::catalog

@@ -1,0 +1,144 @@
+// E notation: fmte and the layout behind it (d.dddE+xx, three exponent digits
+// from 100 on). Used by E, by BEST for values too large or too small for the
+// fixed layout, and by F when the integral digits overflow the width.
+#include "xfmt/xfmt.h"
+
+#include <cmath>
+#include <cstring>
+
+#include "numeric/digits.hpp"
+#include "numeric/engine.hpp"
+
+namespace xfmt::numeric {
+namespace {
+
+// 10^i for i = 0..27, each exact in long double (5^27 < 2^63).
+struct pow10l_table {
+  long double v[28];
+};
+constexpr pow10l_table make_pow10l() {
+  pow10l_table t{};
+  long double p = 1;
+  for (int i = 0; i < 28; ++i) {
+    t.v[i] = p;
+    p *= 10;
+  }
+  return t;
+}
+constexpr pow10l_table pow10l = make_pow10l();
+
+// m * 10^-e, in steps of exact powers: at most 12 roundings of 2^-64 each.
+double scale_by_pow10(double m, int e) {
+  long double x = m;
+  if (e > 0) {
+    while (e > 27) {
+      x /= pow10l.v[27];
+      e -= 27;
+    }
+    x /= pow10l.v[e];
+  } else {
+    e = -e;
+    while (e > 27) {
+      x *= pow10l.v[27];
+      e -= 27;
+    }
+    x *= pow10l.v[e];
+  }
+  return static_cast<double>(x);
+}
+
+// Mantissa digits kept when the mantissa text has mw positions: one digit,
+// or a digit, the point and mw - 2 more.
+int digits_for(int mw) { return mw >= 3 ? mw - 1 : 1; }
+
+}  // namespace
+
+double decimal_mantissa(double m, int &e10) {
+  int e2;
+  std::frexp(m, &e2);
+  int e = e2 * 77;
+  e = e >= 0 ? e / 256 : -((-e + 255) / 256);  // toward minus infinity
+  if (e > 308) e = 308;
+  double mant = scale_by_pow10(m, e);
+  while (mant >= 1.0) {
+    mant /= 10;
+    ++e;
+  }
+  while (mant < 0.1) {
+    mant *= 10;
+    --e;
+  }
+  e10 = e;
+  return mant;
+}
+
+int e_layout(double m, int room, int code, char *out) {
+  if (room < 1) return -1;
+  // Step 1: mantissa in [0.1, 1) and the exponent x of the shown d.ddd form.
+  double mant = 0;
+  int x = 0;
+  if (m != 0) {
+    int e10;
+    mant = decimal_mantissa(m, e10);
+    x = e10 - 1;
+  }
+  auto exp_digits = [](int e) { return e >= 100 || e <= -100 ? 3 : 2; };
+  int mw = room - 2 - exp_digits(x);  // positions for the mantissa text
+  if (mw < 1) return -1;
+
+  // Step 2: digits kept. code 99 (best): all that fit; -k: k decimals.
+  bool best = code > 31;
+  int k = best ? digits_for(mw) : (code < 0 ? -code : code) + 1;
+  if (k > digits_for(mw)) k = digits_for(mw);
+
+  // Step 3: round at the k-th digit (only within 15 digits), nudge, carry.
+  if (m != 0) {
+    if (k < 15) mant += zpowten[k];
+    mant *= e_nudge;
+    if (mant >= 1.0) {
+      ++x;
+      mant *= e_carry;
+      mw = room - 2 - exp_digits(x);
+      if (mw < 1) return -1;
+      if (k > digits_for(mw)) k = digits_for(mw);  // the digits dropped are zeros
+    }
+  }
+
+  // Step 4: the digits, at most 15 real ones, the rest zeros.
+  char text[80];
+  int real = k < 15 ? k : 15;
+  u128 digits = scaled_fraction(mant, real);
+  char mdig[64];
+  put_digits(mdig + real, static_cast<uint64_t>(digits), real);
+  if (k > real) std::memset(mdig + real, '0', static_cast<size_t>(k - real));
+  int kept = k;
+  if (best)
+    while (kept > 1 && mdig[kept - 1] == '0') --kept;
+  int len = 0;
+  text[len++] = mdig[0];
+  if (kept > 1) {
+    text[len++] = '.';
+    std::memcpy(text + len, mdig + 1, static_cast<size_t>(kept - 1));
+    len += kept - 1;
+  }
+  text[len++] = 'E';
+  text[len++] = x < 0 ? '-' : '+';
+  int ax = x < 0 ? -x : x;
+  int xd = exp_digits(x);
+  put_digits(text + len + xd, static_cast<uint64_t>(ax), xd);
+  len += xd;
+
+  std::memset(out, ' ', static_cast<size_t>(room - len));
+  std::memcpy(out + room - len, text, static_cast<size_t>(len));
+  return len;
+}
+
+}  // namespace xfmt::numeric
+
+extern "C" XF_API int32_t fmte(double magnitude, int32_t width, int32_t decimals, char *out,
+                               uint32_t capacity) {
+  if (out == nullptr || width < 1 || width > 64 || static_cast<uint32_t>(width) > capacity ||
+      !std::isfinite(magnitude))
+    return -1;
+  return xfmt::numeric::e_layout(std::fabs(magnitude), width, decimals, out);
+}
