@@ -344,6 +344,179 @@ XF_API xf_status pctn(xf_frame *frame);
  * Dates and times
  * ====================================================================== */
 
+/* Date values count days from 1960-01-01 (valid: -138061 = 1582-01-01 up to
+ * 6589335 = 20000-12-31); datetimes count seconds from 1960-01-01 00:00:00
+ * (valid: -11928470400 up to 569318630400 exclusive); times count seconds
+ * from midnight. A Julian value is year x 1000 + day of year. Years are
+ * leap by 4/100/400 except multiples of 4000, which are not; a year 0..99
+ * given to the Julian routines means 2000..2049 (0..49) or 1950..1999.
+ * The calendar routines are pure and thread-safe; where they cannot answer
+ * they return the ordinary missing value (bits 0xFFFFFE0000000000). */
+
+/* Month lengths, January first, February 0 (its length is 28 + leap). */
+XF_API extern const int32_t dpm[12];
+/* Month lengths indexed 1..12 (entry 0 is 0), February 28. */
+XF_API extern const int32_t daysinmonth[13];
+/* "January".."December", "JAN".."DEC", "Sunday".."Saturday" (31 strings). */
+XF_API extern const char *const datestgs[31];
+/* "January".."December" and "Sunday".."Saturday". */
+XF_API extern const char *const months[12];
+XF_API extern const char *const weekdays[7];
+/* Japanese eras: rows of {first day as a date value, Gregorian start year},
+ * Meiji, Taisho, Showa, Heisei, Reiwa, then a zero row. */
+XF_API extern const double reigns[6][2];
+/* " MTSHR ": letters[i] (1..5) is the letter of era row i - 1. */
+XF_API extern const char letters[8];
+
+/* Julian value of a year/month/day (truncated); missing when invalid. */
+XF_API double zjulymd(double year, double month, double day);
+/* Date value of a Julian value (day of year 0 = last day of the previous
+ * year); missing when invalid. */
+XF_API double zdatjul(double julian);
+/* Year (four digits), month, day of a Julian value; all three missing when
+ * invalid. Returns 0. */
+XF_API int32_t zymdjul(double *year, double *month, double *day, double julian);
+/* Julian value of a date (floored); a missing date is returned as it is, a
+ * date out of range gives missing. */
+XF_API double zjuldat(double date);
+/* Date value of month/day/year; missing when invalid. */
+XF_API double zmdy(double month, double day, double year);
+/* Year, month 1-12, day 1-31 and quarter 1-4 of a date; missing passes through. */
+XF_API double zyear(double date);
+XF_API double zmonth(double date);
+XF_API double zday(double date);
+XF_API double zqtr(double date);
+/* Weekday 1 = Sunday .. 7 = Saturday; before 1600-01-02 the result runs
+ * from -5 to 1 (kept so for compatibility). Missing when missing or out of range. */
+XF_API double zwekday(double date);
+/* Stores the month, day and year of a date and returns the month; a missing
+ * or out-of-range date stores 0 in all three and returns 0. */
+XF_API int32_t getMonthDayYear(int32_t *month, int32_t *day, int32_t *year, double date);
+/* Days in a month (months above 12 taken modulo 12, multiples of 12 give 31;
+ * below 1 gives 0). February: 29 when the year is divisible by 4 and lies in
+ * 1901..2099, otherwise only when divisible by 400 and not by 4000. */
+XF_API double get_lastday(int32_t month, int32_t year);
+/* second + (hour x 60 + minute) x 60; missing if any argument is missing. */
+XF_API double zhms(double hour, double minute, double second);
+/* Datetime of a date and a time of day; missing when the date is missing or
+ * out of range or the time is missing. */
+XF_API double zdhms(double date, double hour, double minute, double second);
+/* Date part (floor(dt / 86400)) and time of day (0 <= t < 86400, fraction
+ * kept) of a datetime; missing when missing or out of the datetime range. */
+XF_API double zdatprt(double dt);
+XF_API double ztimprt(double dt);
+/* Hour 0-23, minute 0-59 and second 0 <= s < 60 of a datetime or time value
+ * (negative values count back from midnight); missing when missing. */
+XF_API double zhour(double v);
+XF_API double zminute(double v);
+XF_API double zsecond(double v);
+/* Range guard of the date and time formats. kind 1 date, 2 and 3 datetime
+ * or time range, others no test. Returns 0 when the value may be formatted,
+ * 1 when out of range (width filled with '*', output length set), 2 when
+ * missing (the missing display written). */
+XF_API int32_t zdatrng(xf_frame *frame, int32_t kind);
+/* Week-based year, week and weekday of a date by rule *rule: 'U' (weeks
+ * from Sunday, week 0 before the first Sunday, weekday 1 = Sunday), 'W'
+ * (from Monday, weekday 1 = Monday), 'V' (ISO 8601 week date). Outputs start
+ * at -1 (all stay so for a missing or out-of-range date). Returns 0. */
+XF_API int32_t get_yywwdd(const char *rule, int32_t ignored, double *year, double *week,
+                          double *weekday, double date);
+/* Days from m1/d1/y1 to m2/d2/y2 and their actual/actual year fraction
+ * (days in leap years / 366 + days in other years / 365, leap by 4/100/400).
+ * A first date later than the second gives negative results. */
+XF_API void diff_actact(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2,
+                        int64_t *days, double *year_fraction);
+/* Writes the week text of a date by rule into out: *width 0-2 "ww", 3-4
+ * "Www", 5-6 "yyWww", 7-8 "yyWwwdd", 9-10 "yyyyWwwdd", 11 and more
+ * "yyyy-Www-dd"; blank-fills *width bytes first, writes from the left and
+ * stores the layout's width in *width. out must hold max(*width, 11) bytes.
+ * A missing or out-of-range date gives '*' in the layout's positions. */
+XF_API void zkfweek(char *out, int32_t *width, const char *rule, int32_t ignored, double date);
+/* Writes |value| right-aligned in exactly digits characters (higher digits
+ * dropped). fill '0' keeps leading zeros, another fill replaces them (the
+ * last digit stays), fill 0 first sets digits to the count the value needs.
+ * Returns the digit count (at most 20). */
+XF_API int32_t i2s(int64_t value, char *out, int32_t digits, char fill);
+
+/* Date layouts of the numeric families. zfmcymd stores year, month, day of
+ * a date (returns 1, or -1 when the date or a part is missing). zfmcprt
+ * writes three fields in width characters at output with the separator (0
+ * for none): fields above 99 in four digits, others in two. */
+XF_API int32_t zfmcymd(double *year, double *month, double *day, double date);
+XF_API void zfmcprt(int32_t width, char separator, char *output, int32_t left, int32_t middle,
+                    int32_t right);
+/* Common writers of the two-field families with their separator (0 none). */
+XF_API xf_status zfmdlmy(xf_frame *frame, char separator);
+XF_API xf_status zfmdlym(xf_frame *frame, char separator);
+XF_API xf_status zfmdlqy(xf_frame *frame, char separator);
+XF_API xf_status zfmdlyq(xf_frame *frame, char separator);
+
+/* Date formats (xf_routine): the value is a date; out-of-range dates give a
+ * field of '*' and XF_E_DATE_RANGE, missing values the missing display and
+ * XF_OK; a width above the output capacity gives XF_E_CAPACITY with nothing
+ * written. */
+XF_API xf_status zfmdmy(xf_frame *frame);
+XF_API xf_status zfmdmyb(xf_frame *frame);
+XF_API xf_status zfmdmyc(xf_frame *frame);
+XF_API xf_status zfmdmyd(xf_frame *frame);
+XF_API xf_status zfmdmyn(xf_frame *frame);
+XF_API xf_status zfmdmyp(xf_frame *frame);
+XF_API xf_status zfmmdy(xf_frame *frame);
+XF_API xf_status zfmmdyb(xf_frame *frame);
+XF_API xf_status zfmmdyc(xf_frame *frame);
+XF_API xf_status zfmmdyd(xf_frame *frame);
+XF_API xf_status zfmmdyn(xf_frame *frame);
+XF_API xf_status zfmmdyp(xf_frame *frame);
+XF_API xf_status zfmymd(xf_frame *frame);
+XF_API xf_status zfmymdb(xf_frame *frame);
+XF_API xf_status zfmymdc(xf_frame *frame);
+XF_API xf_status zfmymdn(xf_frame *frame);
+XF_API xf_status zfmymdp(xf_frame *frame);
+XF_API xf_status zfmymds(xf_frame *frame);
+XF_API xf_status zfmmmy(xf_frame *frame);
+XF_API xf_status zfmmmyc(xf_frame *frame);
+XF_API xf_status zfmmmyd(xf_frame *frame);
+XF_API xf_status zfmmmyn(xf_frame *frame);
+XF_API xf_status zfmmmyp(xf_frame *frame);
+XF_API xf_status zfmmmys(xf_frame *frame);
+XF_API xf_status zfmyym(xf_frame *frame);
+XF_API xf_status zfmyymc(xf_frame *frame);
+XF_API xf_status zfmyymd(xf_frame *frame);
+XF_API xf_status zfmyymn(xf_frame *frame);
+XF_API xf_status zfmyymp(xf_frame *frame);
+XF_API xf_status zfmyyms(xf_frame *frame);
+XF_API xf_status zfmyyq(xf_frame *frame);
+XF_API xf_status zfmyyqc(xf_frame *frame);
+XF_API xf_status zfmyyqd(xf_frame *frame);
+XF_API xf_status zfmyyqn(xf_frame *frame);
+XF_API xf_status zfmyyqp(xf_frame *frame);
+XF_API xf_status zfmyyqs(xf_frame *frame);
+XF_API xf_status zfmyyqr(xf_frame *frame);
+XF_API xf_status zfmyqrc(xf_frame *frame);
+XF_API xf_status zfmyqrd(xf_frame *frame);
+XF_API xf_status zfmyqrn(xf_frame *frame);
+XF_API xf_status zfmyqrp(xf_frame *frame);
+XF_API xf_status zfmyqrs(xf_frame *frame);
+/* DATE, MONYY, DAY, MONTH, YEAR (stars with XF_OK out of range), QTR, QTRR,
+ * WEEKDAY, JULIAN and JULDATE, JULDAY, NENGO (stars with XF_OK before
+ * 1868-04-06). */
+XF_API xf_status zfmdate(xf_frame *frame);
+XF_API xf_status zfmmony(xf_frame *frame);
+XF_API xf_status zfmday(xf_frame *frame);
+XF_API xf_status zfmmont(xf_frame *frame);
+XF_API xf_status zfmyear(xf_frame *frame);
+XF_API xf_status zfmqtr(xf_frame *frame);
+XF_API xf_status zfmqtrr(xf_frame *frame);
+XF_API xf_status zfmweek(xf_frame *frame);
+XF_API xf_status zfmjul(xf_frame *frame);
+XF_API xf_status zfmjuld(xf_frame *frame);
+XF_API xf_status zfmneng(xf_frame *frame);
+/* TIME w.d: elapsed hours (no wrap at 24), minutes and seconds with d
+ * decimals where they fit; parts that do not fit are dropped from the
+ * right. Out of the datetime range: '*' and XF_E_DATE_RANGE; hours beyond
+ * 2^53: '*' and XF_E_HOURS_RANGE; width below the hours: '*' and XF_OK. */
+XF_API xf_status zfmtime(xf_frame *frame);
+
 /* ======================================================================
  * Informats
  * ====================================================================== */

@@ -1,0 +1,126 @@
+// The calendar core of the date and time conversions: day numbers counted
+// from 1960-01-01, the leap rule with the 4000-year exception, and the split
+// of a day number into year, month and day. Everything is constexpr integer
+// arithmetic so tests can pin anchors at compile time. Other subsystems may
+// include this header (and the exported routines of xfmt.h).
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+
+#include "catalog/missing.hpp"
+#include "xfmt/xfmt.h"
+
+namespace xfmt::datetime {
+
+// Valid date values: 1582-01-01 up to 20000-12-31, inclusive.
+inline constexpr int64_t date_min = -138061;
+inline constexpr int64_t date_max = 6589335;
+// Valid datetime values: [date_min * 86400, (date_max + 1) * 86400).
+inline constexpr double datetime_min = -11928470400.0;
+inline constexpr double datetime_end = 569318630400.0;
+inline constexpr double seconds_per_day = 86400.0;
+
+inline bool date_in_range(double v) {
+  return v >= static_cast<double>(date_min) && v < static_cast<double>(date_max + 1);
+}
+inline bool datetime_in_range(double v) { return v >= datetime_min && v < datetime_end; }
+
+constexpr int64_t floor_div(int64_t a, int64_t b) {
+  int64_t q = a / b;
+  return (a % b != 0 && ((a < 0) != (b < 0))) ? q - 1 : q;
+}
+
+// Leap rule of date values: multiples of 4000 are common years, then the
+// usual 400/100/4 rule.
+constexpr bool is_leap(int64_t y) {
+  if (y % 4000 == 0) return false;
+  if (y % 400 == 0) return true;
+  if (y % 100 == 0) return false;
+  return y % 4 == 0;
+}
+// The plain 4/100/400 rule (week rules and the actual/actual day counts).
+constexpr bool is_leap_plain(int64_t y) { return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0; }
+
+constexpr int64_t days_in_year(int64_t y) { return is_leap(y) ? 366 : 365; }
+
+// Two-digit years of the Julian routines: 0..49 are 2000..2049, 50..99 are
+// 1950..1999. The pivot is fixed on purpose.
+constexpr int64_t expand_year(int64_t y) {
+  if (y >= 0 && y <= 49) return y + 2000;
+  if (y >= 50 && y <= 99) return y + 1900;
+  return y;
+}
+
+// Days from 0000-03-01 (proleptic, 4/100/400) to 1960-01-01.
+inline constexpr int64_t shift_1960 = 715815;
+// 4000-03-01 as a date value: from here on every multiple of 4000 has
+// dropped one 29 February, and the cycle of the rule is 1460969 days.
+inline constexpr int64_t first_skip_day = 745154;
+inline constexpr int64_t days_per_4000 = 1460969;
+
+struct ymd {
+  int64_t year;
+  int32_t month;  // 1..12
+  int32_t day;    // 1..31
+};
+
+// Date value of a calendar day. Works in 400-year eras of the plain rule,
+// counted from 1 March so the leap day is last, then removes one day for
+// every multiple of 4000 whose March has passed: y_march / 4000 counts them.
+//   yoe in [0, 399], doy in [0, 365], doe in [0, 146096].
+constexpr int64_t days_from_ymd(int64_t y, int32_t m, int32_t d) {
+  const int64_t y_march = y - (m <= 2 ? 1 : 0);
+  const int64_t era = floor_div(y_march, 400);
+  const int64_t yoe = y_march - era * 400;
+  const int64_t mp = (m + 9) % 12;  // March = 0 .. February = 11
+  const int64_t doy = (153 * mp + 2) / 5 + d - 1;
+  const int64_t doe = yoe * 365 + yoe / 4 - yoe / 100 + doy;
+  return era * 146097 + doe - shift_1960 - floor_div(y_march, 4000);
+}
+
+// Calendar day of a date value: the inverse of days_from_ymd. First the
+// dropped 29 Februaries before n are put back (one per 4000-year cycle
+// whose March has begun), then the plain era split applies.
+constexpr ymd ymd_from_days(int64_t n) {
+  const int64_t g = n + floor_div(n - first_skip_day, days_per_4000) + 1;
+  const int64_t z = g + shift_1960;
+  const int64_t era = floor_div(z, 146097);
+  const int64_t doe = z - era * 146097;                                        // [0, 146096]
+  const int64_t yoe = (doe - doe / 1460 + doe / 36524 - doe / 146096) / 365;  // [0, 399]
+  const int64_t doy = doe - (365 * yoe + yoe / 4 - yoe / 100);                // [0, 365]
+  const int64_t mp = (5 * doy + 2) / 153;                                      // [0, 11]
+  const int32_t d = static_cast<int32_t>(doy - (153 * mp + 2) / 5 + 1);
+  const int32_t m = static_cast<int32_t>(mp < 10 ? mp + 3 : mp - 9);
+  return ymd{yoe + era * 400 + (m <= 2 ? 1 : 0), m, d};
+}
+
+// Day of the year (1-based) of a calendar day.
+constexpr int32_t day_of_year(int64_t y, int32_t m, int32_t d) {
+  constexpr int32_t before[13] = {0, 0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
+  return before[m] + d + (m > 2 && is_leap(y) ? 1 : 0);
+}
+
+// The calendar day of an in-range date value (fraction dropped by floor).
+inline ymd ymd_of_value(double v) { return ymd_from_days(static_cast<int64_t>(std::floor(v))); }
+
+using ::xfmt::is_missing;
+
+inline double missing() { return missing_ordinary(); }
+
+// Missing in the library's sense, or any other NaN (which no routine can
+// place on the calendar either).
+inline bool unusable(double v) { return is_missing(v) || std::isnan(v); }
+
+static_assert(days_from_ymd(1960, 1, 1) == 0);
+static_assert(days_from_ymd(1582, 1, 1) == date_min);
+static_assert(days_from_ymd(20000, 12, 31) == date_max);
+static_assert(days_from_ymd(4000, 3, 1) == first_skip_day);
+static_assert(days_from_ymd(4000, 2, 28) == first_skip_day - 1);
+static_assert(days_from_ymd(2000, 2, 29) == 14669);
+static_assert(ymd_from_days(first_skip_day).month == 3 && ymd_from_days(first_skip_day).day == 1);
+static_assert(ymd_from_days(first_skip_day - 1).day == 28);
+static_assert(ymd_from_days(date_max).year == 20000 && ymd_from_days(date_max).day == 31);
+static_assert(ymd_from_days(-1).year == 1959 && ymd_from_days(-1).month == 12);
+
+}  // namespace xfmt::datetime
