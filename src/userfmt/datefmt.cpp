@@ -16,7 +16,6 @@
 #include <cstring>
 
 #include "catalog/missing.hpp"
-#include "userfmt/pending.hpp"
 
 namespace xfmt::userfmt {
 namespace {

@@ -8,7 +8,6 @@
 
 #include "catalog/missing.hpp"
 #include "userfmt/output.hpp"
-#include "userfmt/pending.hpp"
 #include "userfmt/records.hpp"
 
 namespace xfmt::userfmt {

@@ -10,7 +10,6 @@
 
 #include "catalog/field.hpp"
 #include "catalog/missing.hpp"
-#include "userfmt/pending.hpp"
 #include "userfmt/records.hpp"
 
 namespace xfmt::userfmt {
