@@ -1050,7 +1050,8 @@ XF_API extern const uint8_t base64idx[256];
 XF_API int32_t encode_base64(const uint8_t *in, int32_t count, char *out, int32_t capacity,
                              uint32_t *out_len, int32_t line_breaks);
 /* Decodes length characters of Base64 text into out (capacity bytes).
- * CR, LF, blank and tab are skipped; "=" ends the data; a final group of 2
+ * CR, LF, blank and tab are skipped; "=" ends the data (what follows it is
+ * not read); a final group of 2
  * or 3 characters gives 1 or 2 bytes. Returns:
  *    0  success, *out_len bytes decoded;
  *   -1  a null pointer (*out_len untouched when out_len is null);
@@ -1059,7 +1060,7 @@ XF_API int32_t encode_base64(const uint8_t *in, int32_t count, char *out, int32_
  *   -3  the output is too small: the bytes that fit are written, *out_len
  *       says how many, decoding stopped (checked before -2);
  *   -4  the data ended with a lone character (6 bits, no whole byte): the
- *       bytes before it are decoded.
+ *       bytes before it are decoded (checked before -2).
  * length < 1 gives *out_len 0 and 0. Never writes past capacity. */
 XF_API int32_t decode_base64(const char *in, int32_t length, uint8_t *out, int32_t capacity,
                              uint32_t *out_len);

@@ -8,7 +8,7 @@
 namespace xfmt::catalog {
 
 inline constexpr fmtinfo_eachfmt jazwfmsc_rows[] = {
-    row("$BASE64X", 1, 32767, 8, 0, 0, 0, nullptr),  // zfmb64x
+    row("$BASE64X", 1, 32767, 8, 0, 0, 0, zfmb64x),  // zfmb64x
     row("$BIDI", 1, 32767, 1, 0, 0, 0, nullptr),
     row("$LOGVS", 1, 32767, 1, 0, 0, 0, nullptr),
     row("$LOGVSR", 1, 32767, 1, 0, 0, 0, nullptr),

@@ -1,0 +1,156 @@
+// Transcoding between encodings, character counting and case mapping.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/random.hpp"
+#include "xfmt/xfmt.h"
+
+namespace {
+
+struct tx {
+  std::string out;
+  uint32_t result, used;
+};
+
+tx transcode(uint32_t from, const std::string &in, uint32_t to, uint32_t capacity) {
+  std::vector<uint8_t> buf(capacity);
+  uint32_t len = 0, used = 0;
+  tx r;
+  r.result = sanlsTranscodeUnicode(from, reinterpret_cast<const uint8_t *>(in.data()),
+                                   static_cast<uint32_t>(in.size()), to, buf.empty() ? nullptr : buf.data(),
+                                   capacity, &len, &used);
+  r.out.assign(reinterpret_cast<const char *>(buf.data()), len);
+  r.used = used;
+  return r;
+}
+
+TEST(transcode, table_of_cases) {
+  struct row {
+    uint32_t from;
+    std::string in;
+    uint32_t to, cap;
+    std::string out;
+    uint32_t result, used;
+  };
+  const row rows[] = {
+      {20, "A\xE2\x82\xAC", 25, 8, std::string("A\0\xAC\x20", 4), 0, 4},
+      {20, "A\xE2\x82\xAC", 24, 8, std::string("\0A\x20\xAC", 4), 0, 4},
+      {20, "\xF0\x9F\x98\x80", 24, 4, std::string("\xD8\x3D\xDE\x00", 4), 0, 4},
+      {20, "\xF0\x9F\x98\x80", 24, 3, "", XF_TX_OUTPUT_SMALL, 0},
+      {20, "ab\xE2\x82", 27, 16, std::string("a\0\0\0b\0\0\0", 8), XF_TX_CUT_OFF, 2},
+      {20, "a\xED\xA0\x80", 20, 16, "a", XF_TX_BAD_LEAD, 1},        // surrogate in UTF-8
+      {20, "a\xE0\x80\x80", 20, 16, "a", XF_TX_BAD_LEAD, 1},        // overlong
+      {36, "\xE0\xE1 ", 20, 16, "\xD7\x90\xD7\x91 ", 0, 3},        // ISO Hebrew alef, bet
+      {20, "\xD7\x90\xE2\x82\xAC", 36, 16, "\xE0?", 0, 5},          // no euro in ISO Hebrew
+      {20, "\xD7\x90\xE2\x82\xAC", 65, 16, "\xE0\x80", 0, 5},       // Windows Hebrew has it
+      {26, std::string("\0\x11\0\0", 4), 20, 8, "", XF_TX_BAD_LEAD, 0},  // beyond U+10FFFF
+      {25, std::string("\x3D\xD8\x00\xDE", 4), 20, 4, "\xF0\x9F\x98\x80", 0, 4},
+      {25, std::string("\x00\xDE", 2), 20, 4, "", XF_TX_BAD_LEAD, 0},
+      {20, "", 25, 0, "", 0, 0},
+  };
+  for (const row &r : rows) {
+    SCOPED_TRACE(r.in);
+    tx got = transcode(r.from, r.in, r.to, r.cap);
+    EXPECT_EQ(got.out, r.out);
+    EXPECT_EQ(got.result, r.result);
+    EXPECT_EQ(got.used, r.used);
+  }
+}
+
+TEST(transcode, random_code_points_survive_every_unicode_pair) {
+  auto g = xfmt::test::rng(81);
+  const uint32_t ids[] = {20, 24, 25, 26, 27};
+  const uint64_t cases = xfmt::test::scaled(300);
+  for (uint64_t c = 0; c < cases; ++c) {
+    std::vector<uint8_t> u32;
+    for (int i = 0; i < 20; ++i) {
+      uint32_t cp = static_cast<uint32_t>(g() % 0x110000);
+      if (cp >= 0xD800 && cp <= 0xDFFF) cp = 0x41;
+      uint8_t w[4];
+      uint32_t n = 0;
+      COPY_UTF32(cp, w, 4, &n);
+      u32.insert(u32.end(), w, w + 4);
+    }
+    const std::string src(u32.begin(), u32.end());
+    for (uint32_t mid : ids) {
+      tx a = transcode(26, src, mid, 200);
+      ASSERT_EQ(a.result, 0u);
+      tx back = transcode(mid, a.out, 26, 200);
+      ASSERT_EQ(back.result, 0u);
+      ASSERT_EQ(back.out, src) << "via " << mid << " case " << c;
+    }
+  }
+}
+
+TEST(width_from_narrow, by_encoding) {
+  EXPECT_EQ(getUnicodeWidthFromNarrow(25, nullptr, 10, 8), 4);
+  EXPECT_EQ(getUnicodeWidthFromNarrow(24, nullptr, 3, 8), 3);
+  EXPECT_EQ(getUnicodeWidthFromNarrow(27, nullptr, 10, 9), 2);
+  EXPECT_EQ(getUnicodeWidthFromNarrow(29, nullptr, 10, 7), 7);
+  EXPECT_EQ(getUnicodeWidthFromNarrow(29, nullptr, 5, 7), 5);
+  EXPECT_EQ(getUnicodeWidthFromNarrow(29, nullptr, 5, 0), 0);
+  const std::string u8 = "a\xC3\xA9\xE2\x82\xAC" "b";  // four characters in seven bytes
+  EXPECT_EQ(getUnicodeWidthFromNarrow(20, u8.data(), 7, 10), 4);
+  EXPECT_EQ(getUnicodeWidthFromNarrow(20, u8.data(), 7, 3), 3);
+  EXPECT_EQ(getUnicodeWidthFromNarrow(20, u8.data(), 3, 10), 2);
+  // Double-byte: 'A' is one position, 0x3042 and 0x00A5 are two each.
+  const uint16_t dbcs[] = {0x41, 0x3042, 0x00A5, 0x42};
+  EXPECT_EQ(getUnicodeWidthFromNarrow(136, dbcs, 4, 6), 4);
+  EXPECT_EQ(getUnicodeWidthFromNarrow(136, dbcs, 4, 5), 3);
+  EXPECT_EQ(getUnicodeWidthFromNarrow(136, dbcs, 4, 4), 2);
+  EXPECT_EQ(getUnicodeWidthFromNarrow(205, dbcs, 4, 2), 1);
+  EXPECT_EQ(getUnicodeWidthFromNarrow(172, dbcs, 4, 0), 0);
+  EXPECT_EQ(getUnicodeWidthFromNarrow(161, dbcs, 4, 2), 2);  // not a double-byte id
+}
+
+TEST(nls_num_char, by_encoding) {
+  const std::string u8 = "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80";
+  EXPECT_EQ(NLSNUMCHAR(20, reinterpret_cast<const uint8_t *>(u8.data()), 10), 4);
+  EXPECT_EQ(NLSNUMCHAR(20, reinterpret_cast<const uint8_t *>(u8.data()), 8), 4);  // cut-off last counts
+  const uint8_t be[] = {0, 0x41, 0xD8, 0x3D, 0xDE, 0x00, 0xDE, 0x00};
+  EXPECT_EQ(NLSNUMCHAR(24, be, 8), 3);
+  const uint8_t le[] = {0x41, 0, 0x3D, 0xD8, 0x00, 0xDE};
+  EXPECT_EQ(NLSNUMCHAR(25, le, 6), 2);
+  EXPECT_EQ(NLSNUMCHAR(26, be, 8), 2);
+  EXPECT_EQ(NLSNUMCHAR(36, be, 8), 8);
+  EXPECT_EQ(NLSNUMCHAR(36, be, 0), 0);
+  EXPECT_EQ(NLSNUMCHAR(20, nullptr, 5), 0);
+}
+
+TEST(casing, pairs_round_trip) {
+  const std::u16string upper = u"ABZ\u00C0\u00DE\u0100\u0139\u017D\u0391\u03A3\u0386\u038F\u0410\u042F\u0400\u0531\uFF21\u0178";
+  const std::u16string lower = u"abz\u00E0\u00FE\u0101\u013A\u017E\u03B1\u03C3\u03AC\u03CE\u0430\u044F\u0450\u0561\uFF41\u00FF";
+  std::u16string t = upper;
+  EXPECT_EQ(LOWCASE(reinterpret_cast<uint16_t *>(t.data()), static_cast<uint32_t>(t.size())), 0u);
+  EXPECT_EQ(t, lower);
+  EXPECT_EQ(UPCASE(reinterpret_cast<uint16_t *>(t.data()), static_cast<uint32_t>(t.size())), 0u);
+  EXPECT_EQ(t, upper);
+  std::u16string untouched = u"1 \u00D7\u00F7\u00DF\u05D0\u4E2D";
+  std::u16string copy = untouched;
+  UPCASE(reinterpret_cast<uint16_t *>(copy.data()), static_cast<uint32_t>(copy.size()));
+  EXPECT_EQ(copy, untouched);
+  LOWCASE(reinterpret_cast<uint16_t *>(copy.data()), static_cast<uint32_t>(copy.size()));
+  EXPECT_EQ(copy, untouched);
+  std::u16string sigma = u"\u03C2";
+  UPCASE(reinterpret_cast<uint16_t *>(sigma.data()), 1);
+  EXPECT_EQ(sigma, u"\u03A3");
+}
+
+TEST(casing, upper_of_lower_is_stable_over_the_bmp) {
+  for (uint32_t u = 0; u <= 0xFFFF; ++u) {
+    uint16_t a = static_cast<uint16_t>(u);
+    UPCASE(&a, 1);
+    uint16_t b = a;
+    UPCASE(&b, 1);
+    ASSERT_EQ(a, b) << u;  // upper-casing twice changes nothing
+    uint16_t c = static_cast<uint16_t>(u);
+    LOWCASE(&c, 1);
+    uint16_t d = c;
+    LOWCASE(&d, 1);
+    ASSERT_EQ(c, d) << u;
+  }
+}
+
+}  // namespace

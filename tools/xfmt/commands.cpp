@@ -1,0 +1,117 @@
+// xfmt put, xfmt input and xfmt list.
+#include "commands.hpp"
+
+#include <cstdio>
+#include <cstring>
+
+#include "catalog/status.hpp"
+
+namespace xfmt::cli {
+
+int fail(const std::string &message) {
+  std::fprintf(stderr, "xfmt: %s\n", message.c_str());
+  return 1;
+}
+
+namespace {
+
+void write_line(const std::string &text, bool utf16) {
+  std::fwrite(text.data(), 1, text.size(), stdout);
+  if (utf16) std::fwrite("\n\0", 1, 2, stdout);
+  else std::fputc('\n', stdout);
+}
+
+}  // namespace
+
+int cmd_put(const std::vector<std::string> &args, const run_options &opt) {
+  if (args.size() < 2) return fail("usage: xfmt put FORMAT VALUE...");
+  std::string error;
+  std::optional<conversion> c = conversion::make(args[0], false, opt, error);
+  if (!c) return fail(error);
+  if (!c->is_built()) return fail(c->name() + " is not built in this library yet");
+  // Every value is converted before anything is printed.
+  std::vector<std::string> fields;
+  for (size_t i = 1; i < args.size(); ++i) {
+    std::string field;
+    xf_status st = 0;
+    if (!c->put(args[i], field, st, error)) return fail(error);
+    fields.push_back(field);
+  }
+  for (const std::string &f : fields) write_line(f, opt.utf16);
+  return 0;
+}
+
+int cmd_input(const std::vector<std::string> &args, const run_options &opt) {
+  if (args.size() < 2) return fail("usage: xfmt input INFORMAT TEXT...");
+  std::string error;
+  std::optional<conversion> c = conversion::make(args[0], true, opt, error);
+  if (!c) return fail(error);
+  if (!c->is_built()) return fail("informat " + c->name() + " is not built in this library yet");
+  std::vector<std::string> lines;
+  for (size_t i = 1; i < args.size(); ++i) {
+    std::string result;
+    xf_status st = 0;
+    if (!c->input(args[i], result, st, error)) return fail(error);
+    if (st != XF_OK) result += "  (" + std::string(status_name(st)) + ")";
+    lines.push_back(result);
+  }
+  for (const std::string &l : lines) write_line(l, false);
+  return 0;
+}
+
+namespace {
+
+std::string upper(std::string s) {
+  for (char &c : s)
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  return s;
+}
+
+std::string list_row(const char *module, const fmtinfo_eachfmt &r, const char *state) {
+  std::string name(r.name, r.name_length);
+  char line[160];
+  std::snprintf(line, sizeof line, "%-16s %-9s %5u-%-5u (%5u)  %2u-%-2u (%2u)  %s", name.c_str(), module,
+                unsigned{r.min_width}, unsigned{r.max_width}, unsigned{r.default_width},
+                unsigned{r.min_decimals}, unsigned{r.max_decimals}, unsigned{r.default_decimals}, state);
+  return line;
+}
+
+}  // namespace
+
+int cmd_list(const std::vector<std::string> &args) {
+  if (args.size() > 1) return fail("usage: xfmt list [PREFIX]");
+  std::string prefix = args.empty() ? "" : upper(args[0]);
+  const fmtposs_row *table = nullptr;
+  uint64_t count = 0;
+  get_fmt_poss_table(&table, &count);
+  std::vector<std::string> lines;
+  for (uint64_t i = 0; i < count; ++i) {
+    const fmtposs_row &p = table[i];
+    std::string name(p.row.name, p.row.name_length);
+    if (name.compare(0, prefix.size(), prefix) != 0) continue;
+    // The module's own row carries the limits and the routine.
+    xf_status st = 0;
+    const fmtinfo *m = xfload(nullptr, p.module_name, p.module_name_length, &st);
+    const fmtinfo_eachfmt *r = nullptr;
+    for (uint64_t k = 0; m != nullptr && k < m->count; ++k)
+      if (m->rows[k].name_length == p.row.name_length &&
+          std::memcmp(m->rows[k].name, p.row.name, p.row.name_length) == 0) {
+        r = &m->rows[k];
+        break;
+      }
+    if (r == nullptr) continue;
+    const char *state = name[0] == '-' ? "separator" : (r->routine != nullptr ? "built" : "not built");
+    lines.push_back(list_row(p.module_name, *r, state));
+  }
+  for (const fmtposs_row *p : {&crashfmt, &ver_num[0], &ver_num[1]}) {
+    std::string name(p->row.name, p->row.name_length);
+    if (name.compare(0, prefix.size(), prefix) != 0) continue;
+    lines.push_back(list_row("intrinsic", p->row, "built"));
+  }
+  if (lines.empty()) return fail("no conversion name begins with '" + prefix + "'");
+  std::printf("%-16s %-9s %-19s  %-13s  %s\n", "NAME", "MODULE", "WIDTH (DEFAULT)", "DECIMALS", "STATE");
+  for (const std::string &l : lines) write_line(l, false);
+  return 0;
+}
+
+}  // namespace xfmt::cli
