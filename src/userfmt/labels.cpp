@@ -12,22 +12,28 @@
 
 namespace xfmt::userfmt {
 
+// A character that does not fit ends the field: nothing after it is written,
+// so a cut label is never followed by blanks that hide the cut.
 void label_sink::text(const uint16_t *units, uint32_t n) {
-  if (n == 0 || pos >= capacity) return;
+  if (n == 0 || full) return;
+  uint32_t room = capacity - std::min(pos, capacity);
   if (utf16) {
-    uint32_t fit = std::min(n, (capacity - pos) / 2);
+    uint32_t fit = std::min(n, room / 2);
     std::memcpy(out + pos, units, fit * 2u);
     pos += fit * 2u;
     chars += fit;
+    full = fit < n;
     return;
   }
   uint32_t done = 0, written = 0;
-  UNICODEToUTF8(units, n * 2u, out + pos, capacity - pos, &done, &written);
+  UNICODEToUTF8(units, n * 2u, out + pos, room, &done, &written);
   pos += written;
   chars += done;
+  full = done < n;
 }
 
 void label_sink::blanks(uint32_t n) {
+  if (full) return;
   uint32_t size = utf16 ? 2u : 1u;
   uint32_t fit = std::min(n, (capacity - std::min(pos, capacity)) / size);
   for (uint32_t i = 0; i < fit; ++i) {
@@ -38,6 +44,7 @@ void label_sink::blanks(uint32_t n) {
 }
 
 void label_sink::bytes(const char *b, uint32_t n) {
+  if (full) return;
   uint32_t size = utf16 ? 2u : 1u;
   uint32_t fit = std::min(n, (capacity - std::min(pos, capacity)) / size);
   for (uint32_t i = 0; i < fit; ++i) {

@@ -15,6 +15,7 @@ struct label_sink {
   uint32_t pos = 0;      // bytes written
   uint32_t chars = 0;    // field positions written
   bool utf16;
+  bool full = false;     // a character did not fit: the field ends there
 
   label_sink(xf_frame *f)
       : out(static_cast<unsigned char *>(f->output)), capacity(f->output ? f->output_capacity : 0),
