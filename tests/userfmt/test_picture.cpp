@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 
 #include "support/frame.hpp"
@@ -103,6 +104,39 @@ TEST(datefmt, date_picture_is_right_justified_or_cut) {
   const void *p = f.picture("%Y-%0m-%0d", ' ', "", 0, false, 1);
   EXPECT_EQ(pict(f, p, 12, 23195), "  2023-07-04");
   EXPECT_EQ(pict(f, p, 7, 23195), "2023-07");
+}
+
+}  // namespace
+
+#include "oracle/picture_oracle.hpp"
+#include "support/random.hpp"
+
+namespace {
+
+TEST(picture, agrees_with_the_literal_transcription_on_random_templates) {
+  auto g = xfmt::test::rng(31);
+  const char pieces[] = "0009,.-/ 15";
+  uint64_t cases = xfmt::test::scaled(20000);
+  for (uint64_t i = 0; i < cases; ++i) {
+    xfmt::oracle::picture_spec s;
+    size_t len = g() % 20;
+    for (size_t k = 0; k < len; ++k) s.tpl += pieces[g() % (sizeof pieces - 1)];
+    s.fill = "  *#0"[g() % 5];
+    s.prefix = std::string("$EUR").substr(0, g() % 4);
+    s.mult = g() % 3 == 0 ? 0.0 : static_cast<double>(g() % 3 == 0 ? 100 : 1);
+    s.noedit = g() % 10 == 0;
+    int w = static_cast<int>(g() % 24) + 1;
+    bool round = g() % 2;
+    double v = std::ldexp(static_cast<double>(g() % 100000000), -static_cast<int>(g() % 30)) *
+               (g() % 4 == 0 ? -1 : 1);
+    memory_format f(3);
+    const void *p = f.picture(s.tpl, s.fill, s.prefix, s.mult, s.noedit);
+    std::string want = xfmt::oracle::picture_field(s, w, round, v);
+    if (want.empty()) continue;
+    ASSERT_EQ(pict(f, p, w, v, round ? 1 : 0), want)
+        << "seed " << xfmt::test::test_seed() << " template '" << s.tpl << "' fill '" << s.fill
+        << "' prefix '" << s.prefix << "' mult " << s.mult << " w " << w << " value " << v;
+  }
 }
 
 }  // namespace
