@@ -695,7 +695,7 @@ XF_API void setfptr(void *header, xf_user_handle *handle);
 /* Lookup routines (xf_label_routine): the value is the frame's double, or
  * for the character ones its text in UTF-16 units: input_length counts units
  * when input_encoding is 0 (as xffmt passes text it widened), bytes when it
- * is 24 or 25 (text the host sent as UTF-16LE). The
+ * is 25 (text the host sent as UTF-16LE). The
  * matched label is written in a field of w characters: UTF-16LE (output
  * encoding 25) when the frame requests 25, else UTF-8 (output encoding 0),
  * cut at the output capacity without splitting a character. Pictures and
