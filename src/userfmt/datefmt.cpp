@@ -64,7 +64,7 @@ bool date_parts(double date, parts &p) {
   double y, m, d;
   zymdjul(&y, &m, &d, jul);
   double wd = zwekday(date);
-  if (is_missing(y) || is_missing(wd)) return false;
+  if (is_missing(y) || is_missing(wd) || m < 1 || m > 12) return false;
   p.has_date = true;
   p.year = static_cast<int>(y);
   p.month = static_cast<int>(m);

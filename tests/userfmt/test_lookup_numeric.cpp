@@ -193,7 +193,7 @@ TEST(numeric_lookup, bisection_agrees_with_linear_on_random_sorted_tables) {
       if (single) f.value(at, "v" + std::to_string(i));
       else f.range(at, at + len, "r" + std::to_string(i), (len == 0 ? 0 : flags));
       // Next start: shared boundary when this end is excluded, else beyond it.
-      at += len + ((flags && len) ? 0.0 : 1.0 + static_cast<double>(g() % 3));
+      at += len + ((flags && len > 0) ? 0.0 : 1.0 + static_cast<double>(g() % 3));
     }
     for (int k = 0; k < 200; ++k) {
       double v = -105.0 + static_cast<double>(g() % 2000) * 0.25;
