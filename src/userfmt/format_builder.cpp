@@ -50,6 +50,19 @@ uint16_t width_of(const std::string &text, uint16_t fallback) {
   return static_cast<uint16_t>(std::min(v, 65535.0));
 }
 
+int compare_numeric_starts(const void *a, const void *b) {
+  uint64_t x = load_key(static_cast<const xf_range_numeric *>(a)->low_key);
+  uint64_t y = load_key(static_cast<const xf_range_numeric *>(b)->low_key);
+  return x < y ? -1 : x > y ? 1 : 0;
+}
+
+int compare_char_starts(const void *a, const void *b) {
+  auto x = static_cast<const xf_range_char *>(a), y = static_cast<const xf_range_char *>(b);
+  bool xl = x->flags & XF_RANGE_LOW, yl = y->flags & XF_RANGE_LOW;
+  if (xl || yl) return xl == yl ? 0 : xl ? -1 : 1;
+  return zstrcomu(char_range_start(x), x->start_length, char_range_start(y), y->start_length);
+}
+
 }  // namespace
 
 int column_of(std::string_view name) {
@@ -278,21 +291,17 @@ int format_builder::add(const row_cells &row, const std::array<bool, column_coun
 
 int format_builder::finish(xf_ufmt_context *context) {
   if (!header_) return read_not_found;
-  // Bisection needs the entries in order of their starts (LOW first).
+  // Bisection needs the entries in order of their starts (LOW first); ties
+  // keep the file's order.
   if (header_->linear_search == 0) {
-    if (header_->kind == kind_character) {
-      std::stable_sort(entries_.begin(), entries_.end(), [](const void *a, const void *b) {
-        auto x = static_cast<const xf_range_char *>(a), y = static_cast<const xf_range_char *>(b);
-        if ((x->flags ^ y->flags) & XF_RANGE_LOW) return (x->flags & XF_RANGE_LOW) != 0;
-        if (x->flags & XF_RANGE_LOW) return false;
-        return zstrcomu(char_range_start(x), x->start_length, char_range_start(y), y->start_length) < 0;
-      });
-    } else {
-      std::stable_sort(entries_.begin(), entries_.end(), [](const void *a, const void *b) {
-        return load_key(static_cast<const xf_range_numeric *>(a)->low_key) <
-               load_key(static_cast<const xf_range_numeric *>(b)->low_key);
-      });
-    }
+    std::vector<std::pair<const void *, std::size_t>> order(entries_.size());
+    for (std::size_t i = 0; i < entries_.size(); ++i) order[i] = {entries_[i], i};
+    bool character = header_->kind == kind_character;
+    std::sort(order.begin(), order.end(), [character](const auto &a, const auto &b) {
+      int c = character ? compare_char_starts(a.first, b.first) : compare_numeric_starts(a.first, b.first);
+      return c != 0 ? c < 0 : a.second < b.second;
+    });
+    for (std::size_t i = 0; i < order.size(); ++i) entries_[i] = order[i].first;
   }
   auto *array = static_cast<const void **>(alloc(std::max<std::size_t>(entries_.size(), 1) * sizeof(void *)));
   if (!array) return read_no_memory;
