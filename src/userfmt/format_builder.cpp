@@ -294,10 +294,16 @@ int format_builder::finish(xf_ufmt_context *context) {
   // Bisection needs the entries in order of their starts (LOW first); ties
   // keep the file's order.
   if (header_->linear_search == 0) {
-    std::vector<std::pair<const void *, std::size_t>> order(entries_.size());
+    struct ranked {
+      const void *first;
+      std::size_t second;
+    };
+    std::vector<ranked> order(entries_.size());
     for (std::size_t i = 0; i < entries_.size(); ++i) order[i] = {entries_[i], i};
     bool character = header_->kind == kind_character;
-    std::sort(order.begin(), order.end(), [character](const auto &a, const auto &b) {
+    // Raw pointers: vector iterators would export a comparison helper of the
+    // standard library from the shared object.
+    std::sort(order.data(), order.data() + order.size(), [character](const auto &a, const auto &b) {
       int c = character ? compare_char_starts(a.first, b.first) : compare_numeric_starts(a.first, b.first);
       return c != 0 ? c < 0 : a.second < b.second;
     });

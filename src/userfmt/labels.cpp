@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "catalog/chain.hpp"
 #include "catalog/missing.hpp"
 #include "userfmt/output.hpp"
 #include "userfmt/records.hpp"
@@ -306,6 +307,10 @@ extern "C" xf_status yfmtlbl(xf_frame *frame, void *header, void *ranges, const 
                                    static_cast<uint32_t>(lw));
   st = xffmt(&inner, handle);
   --nested_depth;
+  // A user-defined format resolved into our storage still anchors a chain
+  // block of its own; a catalogued one allocated nothing.
+  char kind = static_cast<const char *>(handle)[8];
+  if (kind == '+' || kind == '-') xfmt::catalog::free_user_handle(static_cast<xf_user_handle *>(handle));
   frame->output_length = inner.output_length;
   frame->output_encoding = inner.output_encoding;
   return st;
