@@ -17,16 +17,16 @@ void apply(xf_user_format *h, void *ranges, bool character) {
   xf_user_handle handle{};
   setfptr(h, &handle);
   if (!handle.routine) return;
-  static const double numbers[] = {0.0, -0.0, 1.0, 13.0, 20.0, -5.5, 1e300, 12345.678};
-  static const char16_t *texts[] = {u"", u"E", u"P", u"W  ", u"zz"};
-  for (int i = 0; i < 8; ++i) {
-    for (int32_t w : {0, 1, 7, 40}) {
+  static const double numbers[] = {-0.0, 13.0, -5.5, 12345.678};
+  static const char16_t *texts[] = {u"", u"E", u"P", u"W  "};
+  for (int i = 0; i < 4; ++i) {
+    for (int32_t w : {0, 7, 40}) {
       std::string first;
       for (int pass = 0; pass < 2; ++pass) {
         std::vector<unsigned char> out(static_cast<size_t>(w));
         xf_frame f{};
         double v = numbers[i];
-        std::u16string t = texts[i % 5];
+        std::u16string t = texts[i];
         if (character) {
           f.input = t.data();
           f.input_length = static_cast<uint32_t>(2 * t.size());
@@ -53,8 +53,8 @@ void apply(xf_user_format *h, void *ranges, bool character) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   const char *text = reinterpret_cast<const char *>(data);
-  static const char *const names[] = {"AGEGRP", "REGION", "MONEY", "X"};
-  for (int k = 0; k < 4; ++k) {
+  static const char *const names[] = {"AGEGRP", "REGION"};
+  for (int k = 0; k < 2; ++k) {
     char name[32];
     std::memset(name, ' ', sizeof name);
     std::memcpy(name, names[k], std::strlen(names[k]));
