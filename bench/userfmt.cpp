@@ -23,12 +23,16 @@ std::string control_text(int rows) {
       "<?xml version=\"1.0\"?>\n<TABLE>\n<HEADER>\n";
   for (const char *c : {"FMTNAME", "START", "END", "LABEL", "MIN", "MAX", "DEFAULT", "FUZZ", "TYPE",
                         "SEXCL", "EEXCL", "HLO"})
-    s += std::string("<COLUMN name=\"") + c + "\"/>\n";
+    s.append("<COLUMN name=\"").append(c).append("\"/>\n");
   s += "</HEADER>\n";
   for (int i = 0; i < rows; ++i) {
-    s += "<ROW><FMTNAME>BIG</FMTNAME><START>" + std::to_string(i * 10) + "</START><END>" +
-         std::to_string(i * 10 + 10) + "</END><LABEL>L" + std::to_string(i) +
-         "</LABEL><MIN>1</MIN><MAX>40</MAX><DEFAULT>8</DEFAULT><FUZZ>0</FUZZ><TYPE>N</TYPE>"
+    s += "<ROW><FMTNAME>BIG</FMTNAME><START>";
+    s += std::to_string(i * 10);
+    s += "</START><END>";
+    s += std::to_string(i * 10 + 10);
+    s += "</END><LABEL>L";
+    s += std::to_string(i);
+    s += "</LABEL><MIN>1</MIN><MAX>40</MAX><DEFAULT>8</DEFAULT><FUZZ>0</FUZZ><TYPE>N</TYPE>"
          "<SEXCL>N</SEXCL><EEXCL>Y</EEXCL><HLO>S</HLO></ROW>\n";
   }
   s += "</TABLE>\n";
@@ -88,7 +92,7 @@ void BM_userfmt_baseline_upper_bound(benchmark::State &state) {
   std::vector<std::string> labels(big);
   for (int i = 0; i < big; ++i) {
     starts[static_cast<size_t>(i)] = i * 10.0;
-    labels[static_cast<size_t>(i)] = "L" + std::to_string(i);
+    labels[static_cast<size_t>(i)] = std::to_string(i).insert(0, 1, 'L');
   }
   std::vector<double> vs = values(4096);
   char out[8];

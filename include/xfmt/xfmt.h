@@ -567,7 +567,8 @@ typedef struct xf_user_format {
     uint8_t     linear_search;    /* 88  1 stored order, 0 bisection over sorted entries */
     uint8_t     round;            /* 89  pictures round to the nearest integer */
     uint8_t     multilabel;       /* 90  a value may carry every matching label */
-    uint8_t     reserved[5];      /* 91  */
+    uint8_t     reserved[5];      /* 91  zero in headers a host builds; the reader
+                                   *     marks a search index it keeps here */
 } xf_user_format;
 
 /* Range entry kinds and flags. */

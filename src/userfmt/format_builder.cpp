@@ -309,9 +309,24 @@ int format_builder::finish(xf_ufmt_context *context) {
     });
     for (std::size_t i = 0; i < order.size(); ++i) entries_[i] = order[i].first;
   }
-  auto *array = static_cast<const void **>(alloc(std::max<std::size_t>(entries_.size(), 1) * sizeof(void *)));
-  if (!array) return read_no_memory;
+  // One leading word before the range pointers holds the search index of a
+  // numeric format searched by bisection (null otherwise).
+  auto *block = static_cast<const void **>(alloc((entries_.size() + 1) * sizeof(void *)));
+  if (!block) return read_no_memory;
+  const void **array = block + 1;
   if (!entries_.empty()) std::memcpy(array, entries_.data(), entries_.size() * sizeof(void *));
+  if (header_->linear_search == 0 && header_->kind != kind_character && !entries_.empty()) {
+    auto *index = static_cast<bound_pair *>(alloc(entries_.size() * sizeof(bound_pair)));
+    if (!index) return read_no_memory;
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+      auto e = static_cast<const xf_range_numeric *>(entries_[i]);
+      bool single = e->entry_kind == XF_RANGE_NUMERIC_VALUE;
+      index[i].low = load_key(single ? e->start_key : e->low_key);
+      index[i].high = load_key(single ? e->start_key : e->high_key);
+    }
+    block[0] = index;
+    header_->reserved[0] = header_indexed;
+  }
   header_->range_count = static_cast<int64_t>(entries_.size());
   // Widths a file left empty: 1 to 40, the default the longest label.
   if (header_->min_width == 0) header_->min_width = 1;

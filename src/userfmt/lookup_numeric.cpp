@@ -68,6 +68,40 @@ const xf_range_numeric *bisect(const void *const *r, int64_t n, uint64_t key) {
   return nullptr;
 }
 
+// The same bisection over the search index: the same midpoints and the same
+// comparisons, so the same answer; the entry itself is read only for the
+// candidate tests. A single value keys as the range [start, start].
+const xf_range_numeric *bisect_indexed(const bound_pair *ix, const void *const *r, int64_t n,
+                                       uint64_t key) {
+  int64_t lo = 1, hi = n;
+  while (lo <= hi) {
+    int64_t mid = lo + (hi - lo) / 2;
+    const bound_pair &b = ix[mid - 1];
+    if (key < b.low) {
+      hi = mid - 1;
+      continue;
+    }
+    if (key > b.low && key > b.high) {
+      lo = mid + 1;
+      continue;
+    }
+    const xf_range_numeric *e = num(r[mid - 1]);
+    if (e->entry_kind == XF_RANGE_NUMERIC_VALUE) return e;
+    if ((e->flags & XF_RANGE_START_EXCL) && key == load_key(e->start_key)) {
+      if (mid == 1) return nullptr;
+      const xf_range_numeric *p = num(r[mid - 2]);
+      return holds(p, key) ? p : nullptr;
+    }
+    if ((e->flags & XF_RANGE_END_EXCL) && key == load_key(e->end_key)) {
+      if (mid == n) return nullptr;
+      const xf_range_numeric *q = num(r[mid]);
+      return holds(q, key) ? q : nullptr;
+    }
+    return e;
+  }
+  return nullptr;
+}
+
 inline bool wants_all(const xf_frame *f, const xf_user_format *h) {
   return h->multilabel && (f->option_flags & XF_FLAG_MULTILABEL);
 }
@@ -91,7 +125,9 @@ xf_status lookup_bisect(xf_frame *f, void *header, void *ranges) {
   auto r = as_ranges(ranges);
   f->option_flags &= ~XF_FLAG_UNFORMATTED;
   double v = frame_value(f);
-  const xf_range_numeric *e = bisect<S>(r, h->range_count, key_of(v));
+  uint64_t key = key_of(v);
+  const bound_pair *ix = S == shape::mixed ? search_index(h, r) : nullptr;
+  const xf_range_numeric *e = ix ? bisect_indexed(ix, r, h->range_count, key) : bisect<S>(r, h->range_count, key);
   return e ? matched(f, h, r, e, v) : no_match(f, h, r, v);
 }
 

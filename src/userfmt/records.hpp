@@ -38,6 +38,23 @@ inline constexpr int16_t kind_character = 11;
 inline constexpr int32_t request_num_informat = 20;
 inline constexpr int32_t request_char_informat = 30;
 
+// Numeric formats the reader builds for bisection carry a search index: the
+// low and high bound keys of every entry side by side (a single value: its
+// start twice), so that the bisection touches one contiguous array. The
+// header's first reserved byte says so, and the pointer to the index stands
+// in the word just before the range pointers.
+inline constexpr uint8_t header_indexed = 1;
+struct bound_pair {
+  uint64_t low;
+  uint64_t high;
+};
+inline const bound_pair *search_index(const xf_user_format *h, const void *const *ranges) {
+  if (h->reserved[0] != header_indexed) return nullptr;
+  const void *index;
+  std::memcpy(&index, ranges - 1, sizeof index);
+  return static_cast<const bound_pair *>(index);
+}
+
 inline uint8_t entry_kind(const void *e) { return *static_cast<const uint8_t *>(e); }
 
 inline const uint16_t *units_at(const void *base, std::size_t offset) {

@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <fstream>
+#include <random>
 #include <sstream>
 
 #include "catalog/chain.hpp"
@@ -165,6 +166,74 @@ TEST(control_reader, memory_buffer_and_listing) {
     void *first = chain;
     EXPECT_LT(xfmt::userfmt::read_control_buffer(cut.data(), cut.size(), 1, "AGEGRP                          ",
                                                  &ctx, &chain), 0) << n;
+    xfmt::catalog::free_chain(first);
+  }
+}
+
+}  // namespace
+
+#include "support/random.hpp"
+
+namespace {
+
+std::string random_control_text(std::mt19937_64 &g, bool sorted_search) {
+  std::string s = "<TABLE><HEADER>";
+  for (const char *c : {"FMTNAME", "START", "END", "LABEL", "MIN", "MAX", "DEFAULT", "FUZZ", "TYPE",
+                        "SEXCL", "EEXCL", "HLO"})
+    s.append("<COLUMN name='").append(c).append("'/>");
+  s += "</HEADER>";
+  double at = -50.0 + static_cast<double>(g() % 20);
+  double fuzz = g() % 3 == 0 ? 0.25 : 0.0;
+  int n = static_cast<int>(g() % 80) + 1;
+  bool shared = false;  // this row starts where the previous, excluded, end lies
+  for (int i = 0; i < n; ++i) {
+    double len = static_cast<double>(g() % 6);
+    bool excl = len > 0 && g() % 2;
+    // No fuzz on either side of a shared boundary: the table stays without
+    // overlaps, where bisection and linear search must agree.
+    bool no_fuzz = excl || shared;
+    shared = excl;
+    s.append("<ROW><FMTNAME>R</FMTNAME><START>").append(std::to_string(at)).append("</START><END>");
+    s.append(std::to_string(at + len)).append("</END><LABEL>l").append(std::to_string(i));
+    s.append("</LABEL><MIN>1</MIN><MAX>40</MAX><DEFAULT>4</DEFAULT><FUZZ>");
+    s.append(no_fuzz ? "0" : std::to_string(fuzz)).append("</FUZZ><TYPE>N</TYPE><SEXCL>N</SEXCL><EEXCL>");
+    s.append(excl ? "Y" : "N").append("</EEXCL><HLO>").append(sorted_search ? "S" : "").append("</HLO></ROW>");
+    at += len + (excl ? 0.0 : 1.0 + 2 * fuzz + static_cast<double>(g() % 2));
+  }
+  return s + "</TABLE>";
+}
+
+std::string lookup(const xf_ufmt_context &ctx, double v) {
+  frame_box b = frame_box::number(v, 4, 0);
+  xf_user_handle h{};
+  setfptr(ctx.control, &h);
+  h.routine(&b.f, ctx.control, ctx.word2);
+  return b.str();
+}
+
+TEST(control_reader, indexed_bisection_agrees_with_linear_search) {
+  auto g = rng(47);
+  uint64_t files = scaled(100);
+  for (uint64_t t = 0; t < files; ++t) {
+    uint64_t salt = g();
+    std::mt19937_64 g1(salt), g2(salt);
+    std::string sorted = random_control_text(g1, true), linear = random_control_text(g2, false);
+    xf_ufmt_context a{}, b{};
+    void *chain = nullptr;
+    xfmalloc(&chain, 0);
+    void *first = chain;
+    ASSERT_EQ(xfmt::userfmt::read_control_buffer(sorted.data(), sorted.size(), 1, "R                               ", &a, &chain), 0);
+    ASSERT_EQ(xfmt::userfmt::read_control_buffer(linear.data(), linear.size(), 1, "R                               ", &b, &chain), 0);
+    ASSERT_EQ(static_cast<xf_user_format *>(a.control)->reserved[0], 1);
+    for (int k = 0; k < 300; ++k) {
+      double v = -55.0 + static_cast<double>(g() % 3000) * 0.125;
+      std::string indexed = lookup(a, v);
+      ASSERT_EQ(indexed, lookup(b, v)) << "seed " << test_seed() << " file " << t << " value " << v;
+      // Without its index the same bisection gives the same bytes.
+      static_cast<xf_user_format *>(a.control)->reserved[0] = 0;
+      ASSERT_EQ(indexed, lookup(a, v));
+      static_cast<xf_user_format *>(a.control)->reserved[0] = 1;
+    }
     xfmt::catalog::free_chain(first);
   }
 }
