@@ -100,8 +100,11 @@ format_builder::format_builder(int32_t request_kind, const char *name, void **ch
   while (name_length_ > 0 && name_[name_length_ - 1] == ' ') --name_length_;
 }
 
+// A character format may be written with its "$" in the file as well.
 bool format_builder::wanted(const row_cells &row) const {
-  return equals_upper(trimmed(row.text[col_fmtname]), {name_, name_length_});
+  std::string_view n = trimmed(row.text[col_fmtname]);
+  if (!n.empty() && n[0] == '$') n.remove_prefix(1);
+  return equals_upper(n, {name_, name_length_});
 }
 
 void *format_builder::alloc(uint64_t size) { return xfmalloc(chain_, size); }

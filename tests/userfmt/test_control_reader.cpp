@@ -239,3 +239,30 @@ TEST(control_reader, indexed_bisection_agrees_with_linear_search) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(control_reader, character_format_named_with_its_dollar) {
+  std::string text =
+      "<TABLE><HEADER><COLUMN name='FMTNAME'/><COLUMN name='START'/><COLUMN name='END'/>"
+      "<COLUMN name='LABEL'/><COLUMN name='MIN'/><COLUMN name='MAX'/><COLUMN name='DEFAULT'/>"
+      "<COLUMN name='FUZZ'/><COLUMN name='TYPE'/><COLUMN name='SEXCL'/><COLUMN name='EEXCL'/>"
+      "<COLUMN name='HLO'/></HEADER><ROW><FMTNAME>$codes</FMTNAME><START>a</START><END/>"
+      "<LABEL>Alpha</LABEL><MIN/><MAX/><DEFAULT/><FUZZ/><TYPE>c</TYPE><SEXCL/><EEXCL/><HLO/></ROW></TABLE>";
+  xf_ufmt_context ctx{};
+  void *chain = nullptr;
+  xfmalloc(&chain, 0);
+  void *first = chain;
+  ASSERT_EQ(xfmt::userfmt::read_control_buffer(text.data(), text.size(), 11, "CODES                           ",
+                                               &ctx, &chain), 0);
+  auto *h = static_cast<xf_user_format *>(ctx.control);
+  // Empty widths: 1 to 40, the default the longest label.
+  EXPECT_EQ(h->min_width, 1);
+  EXPECT_EQ(h->max_width, 40);
+  EXPECT_EQ(h->default_width, 5);
+  EXPECT_EQ(run_text_on(ctx.control, ctx.word2, u"a", 6), "Alpha ");
+  EXPECT_EQ(run_text_on(ctx.control, ctx.word2, u"A", 6), "A     ");
+  xfmt::catalog::free_chain(first);
+}
+
+}  // namespace

@@ -93,7 +93,7 @@ void list_user_formats(const run_options &opt, const std::string &prefix, std::v
       bytes.data(), bytes.size(),
       [](void *user, const char *n, size_t len, char type) {
         std::string name = upper(std::string(n, len));
-        if (type == 'C' || type == 'c') name = "$" + name;
+        if ((type == 'C' || type == 'c') && name.compare(0, 1, "$") != 0) name.insert(0, 1, '$');
         static_cast<std::vector<std::string> *>(user)->push_back(name);
       },
       &names);
