@@ -4,7 +4,7 @@
 set -euo pipefail
 build=${1:-build}
 here=$(cd "$(dirname "$0")/.." && pwd)
-exe="$build/xfmt"
+exe="$build/bin/xfmt"
 if [ ! -x "$exe" ]; then
   echo "run-sample: $exe was not built" >&2
   exit 1

@@ -175,26 +175,54 @@ typedef struct xf_user_handle {
 /* Initialise the library; nothing needs doing; both return 0. */
 XF_API xf_status xfinit(void);
 XF_API xf_status xfinit2(void);
-/* Resolve a conversion name (length significant bytes, no terminator needed)
- * to a handle. kind 73 ('I') asks for an informat. On success returns 0,
- * stores the handle and, when width_block is not NULL, writes 16 bytes:
+/* Resolve a conversion name (length significant bytes, no terminator needed,
+ * case sensitive; "$", "$F" and "$f" stand for "$CHAR") to a handle. kind 73
+ * ('I') asks for an informat: "@" is put before the name. On success returns
+ * 0, stores the handle and, when width_block is not NULL, writes 16 bytes:
  * min w, max w, default w, national flag, min d, max d, default d, 0 (u16
- * each). Unknown names return 1 and leave *handle NULL. xfname2 also reads
- * user-defined formats through the context (a xf_ufmt_context). */
+ * each; a user-defined format gives its three widths, then zeros). Unknown
+ * names (and a NULL name, a length below 1 or above 63) return 1 and leave
+ * *handle NULL. The handle is a new 80-byte record (release it with xfdel)
+ * or, for "_C_R_A_S_H_", "INTRINSIC-CRDATE" and "$IS-INTRINSIC", a static
+ * row (never release it).
+ * xfname and xfname2 set *handle to NULL first; xfname2 also reads
+ * user-defined formats through the context (a xf_ufmt_context). xfname3,
+ * their worker, refreshes the record *handle points at when it is not NULL
+ * (an 80-byte fmtposs_row, or a 104-byte xf_user_handle for a user-defined
+ * format): the copy's link then points at itself, xffmt converts on the
+ * caller's own frame with it and xfdel leaves it alone. A NULL handle asks
+ * for the width block only. Allocates only the handle (and the records of a
+ * user-defined format); thread safe. */
 XF_API xf_status xfname (const char *name, int32_t length, int32_t kind,
                          void *width_block, void **handle);
 XF_API xf_status xfname2(const char *name, int32_t length, int32_t kind,
                          void *width_block, void **handle, void *context);
 XF_API xf_status xfname3(const char *name, int32_t length, int32_t kind,
                          void *width_block, void **handle, void *context);
-/* Convert one value with a handle; returns the conversion's status. */
+/* Convert one value with a handle; returns the conversion's status, or
+ * XF_E_NOT_BUILT (nothing written) when the handle has no routine, or
+ * XF_E_NULL_ARGUMENT. A handle from xfname converts on a copy of the frame
+ * whose three encoding fields are zero; only the output length comes back.
+ * A refreshed handle converts on the frame itself: after status 0 or 2 a
+ * request for encoding 25 widens single-byte output to UTF-16LE through the
+ * Windows-1252 table when the result fits 512 bytes and the capacity
+ * (output length doubled, output encoding 25). A user-defined character
+ * format reads single-byte input as UTF-16 (widened into a local buffer, at
+ * most 512 units; the routine sees the length in units); its UTF-16 output
+ * reaches a host that asked for no UTF-16 as UTF-8 (at most 256 bytes and
+ * the capacity, whole characters). Never allocates. */
 XF_API xf_status xffmt  (xf_frame *frame, void *handle);
-/* Release a handle from xfname/xfname2 (never an intrinsic one); returns 0. */
+/* Release a handle; returns 0. A "-" user-defined handle frees its whole
+ * allocation chain; a handle with link 0 (from xfname) is freed as one
+ * block; a handle with a nonzero link (a refreshed record, a "+"
+ * user-defined handle) and the static intrinsic rows are left alone. */
 XF_API xf_status xfdel  (void *handle);
 
-/* Allocation chain: a zeroed block of size bytes behind a header, linked
+/* Allocation chain: a zeroed block of size bytes behind a two-word header
+ * (link to the next block, size; one spare word after the bytes), linked
  * after the block *chain points at; *chain then points at the new block.
- * Returns the address past the header, or NULL when memory is exhausted. */
+ * Returns the address past the header, or NULL when memory is exhausted or
+ * chain is NULL. */
 XF_API void *xfmalloc(void **chain, uint64_t size);
 /* Does nothing: chains are freed as a whole by xfdel. */
 XF_API void xffree(void *block);
@@ -267,6 +295,156 @@ XF_API xf_status getep(void *anchor, const char *module_name, uint32_t name_leng
 XF_API const fmtinfo *xfload(void *anchor, const char *module_name, uint32_t name_length,
                              xf_status *status);
 
+/* --- Missing values ---------------------------------------------------- */
+
+/* The 28 missing values as bit patterns: row i = 0xFFFFFF0000000000 - i x
+ * 0x10000000000 (0 "._", 1 ".", 2 "A" ... 27 "Z"). */
+XF_API extern const uint64_t missing_values[28];
+/* " _.ABCDEFGHIJKLMNOPQRSTUVWXYZ" (29 characters and a NUL): the symbol of a
+ * missing value is misscoll[-(byte 5 as a signed byte)]. */
+XF_API extern const char misscoll[30];
+/* The ordinary missing value (bits 0xFFFFFE0000000000). */
+XF_API extern const double std_miss_val;
+/* The host's global control block, set by the host (NULL until then). Word 9
+ * (the tenth pointer-sized word) points at the host's table of missing
+ * doubles, indexed like missing_values. */
+XF_API extern void *ej_global_gcb_anchor;
+
+/* 1 when the value is a missing value (bytes 0-4 zero, bytes 6-7 0xFF, any
+ * byte 5), else 0. Reads the 8 bytes at value_ptr when it is not NULL,
+ * otherwise value; the frame is not read. */
+XF_API int32_t zmiss(const xf_frame *frame, const void *value_ptr, double value);
+/* Standard display of the frame's missing value: the whole capacity blank,
+ * the symbol d places left of the right end of the w-wide field (d 98/99
+ * count as 0), output length min(w, capacity). Returns 0. */
+XF_API xf_status zfmmiss(xf_frame *frame);
+/* Row i of missing_values as a double; i outside 0-27 gives std_miss_val. */
+XF_API double ZMISSV(int32_t i);
+/* Entry i (0-27) of the host's missing-value table reached through
+ * ej_global_gcb_anchor; while the anchor or its word 9 is NULL, and for i
+ * outside 0-27, the library's own table (ZMISSV) answers. */
+XF_API double wzmisv(int32_t i);
+/* Prints "in wzmisc in mvsextra..." and a line feed to standard output and
+ * returns the low byte of the value's bit pattern (a leftover stub). */
+XF_API int32_t wzmisc(double value);
+
+/* --- ASCII/Latin-1 and EBCDIC ----------------------------------------- */
+
+/* IBM 1047 with line feed 0x0A <-> 0x15 and 0x85 <-> 0x25; inverse
+ * permutations of each other. */
+XF_API extern const uint8_t as2eb[256];
+XF_API extern const uint8_t eb2as[256];
+/* In place, length bytes (length < 1: nothing): each byte through as2eb
+ * (wztxatoe, zas2eb) or eb2as (wztxetoa, zeb2as). */
+XF_API void wztxatoe(uint8_t *text, int32_t length);
+XF_API void wztxetoa(uint8_t *text, int32_t length);
+XF_API void zas2eb(uint8_t *text, int32_t length);
+XF_API void zeb2as(uint8_t *text, int32_t length);
+
+/* --- Strings -----------------------------------------------------------
+ * Lengths are signed; positions count from 0; "not found" is -1. Upper-
+ * casing goes through the C library's toupper table of the current locale.
+ * A null text reads as empty. */
+
+/* Length less trailing blanks (length < 0: NUL-terminated, measured first). */
+XF_API int32_t wzstrip(const char *text, int32_t length);
+/* Upper-cases in place (length < 0: NUL-terminated). */
+XF_API void wzstrup(char *text, int32_t length);
+/* 1 when la == lb and the texts are equal ignoring case, else 0. */
+XF_API int32_t wzsteqn(const char *a, int32_t la, const char *b, int32_t lb);
+/* Position of byte (its low 8 bits) in set (set_length < 0: NUL-terminated);
+ * -1 when absent or set is NULL. */
+XF_API int32_t wzstpos(const char *set, int32_t set_length, int32_t byte);
+/* Position of the first byte of text not in set; -1 when all are or length < 1. */
+XF_API int32_t wzstver(const char *text, int32_t length, const char *set, int32_t set_length);
+/* Position of the first byte of text other than byte; -1 if none. */
+XF_API int32_t wzstnot(const char *text, int32_t length, int32_t byte);
+/* Position of the first byte of text in the NUL-terminated set; -1 if none. */
+XF_API int32_t STQX(const char *text, int32_t length, const char *set);
+/* Position of the first byte of text not in the NUL-terminated set; -1 if none. */
+XF_API int32_t STQXN(const char *text, int32_t length, const char *set);
+/* Position of the first occurrence of pattern in text (byte comparison); -1
+ * when none or the pattern is longer; an empty pattern is found at 0. */
+XF_API int32_t wzstndx(const char *text, int32_t length, const char *pattern,
+                       int32_t pattern_length);
+/* In place: each byte found at position k of from (its first occurrence)
+ * becomes to[k]; to holds at least from_length bytes. */
+XF_API void wzstrns(char *text, int32_t length, const char *to, const char *from,
+                    int32_t from_length);
+/* Removes in place every byte in set, keeping the order; returns the new
+ * length (bytes after it keep their old values). */
+XF_API int32_t wzstdel(char *text, int32_t length, const char *set, int32_t set_length);
+/* Returns its argument. */
+XF_API const char *wztxlit(const char *literal);
+
+/* --- Memory ------------------------------------------------------------
+ * Negative lengths count as 0. */
+
+/* Copies min(lengths) bytes, blank-fills the rest of target (areas must not
+ * overlap). */
+XF_API void wzstmov(const void *source, int32_t source_length, void *target, int32_t target_length);
+/* As wzstmov with overlapping areas allowed; source length 0 blank-fills the
+ * whole target. vzMP is the same routine. */
+XF_API void vzmp(const void *source, int32_t source_length, void *target, int32_t target_length);
+XF_API void vzMP(const void *source, int32_t source_length, void *target, int32_t target_length);
+/* Copies min(length, limit) bytes (no overlap). */
+XF_API void vzmi(const void *source, void *target, int32_t length, int32_t limit);
+/* Copies length bytes (no overlap). */
+XF_API void MBL_OPT(const void *source, void *target, int32_t length);
+/* Copies min(length, limit) bytes; overlapping areas are safe. Never
+ * allocates (a move, not a copy through a temporary). */
+XF_API void vzni(const void *source, void *target, int32_t length, int32_t limit);
+/* Copies length bytes; overlapping areas are safe. */
+XF_API void vznl(const void *source, void *target, int32_t length);
+/* Zero-fill min(length, limit) bytes. */
+XF_API void vzzl(void *target, int32_t length, int32_t limit);
+XF_API void vzzi(void *target, int32_t length, int32_t limit);
+/* Fill length bytes with byte (low 8 bits). */
+XF_API void vzfbl(int32_t byte, void *target, int32_t length);
+XF_API void vzftl(int32_t byte, void *target, int32_t length);
+XF_API void wzbfcl(int32_t byte, void *target, int32_t length);
+/* Fill length bytes with blanks. */
+XF_API void vzBL(void *target, int32_t length);
+XF_API void vzbtl(void *target, int32_t length);
+/* 1 when every byte of text equals byte (also for an empty text), else 0. */
+XF_API int32_t vzabl(int32_t byte, const void *text, int32_t length);
+XF_API int32_t ATL(int32_t byte, const void *text, int32_t length);
+/* Position of the first byte differing from byte; -1 if none. */
+XF_API int32_t vzsntl(const void *text, int32_t length, int32_t byte);
+/* Reverses length bytes in place (length < 2: nothing). */
+XF_API void vzbytrv(void *area, int32_t length);
+/* The first length (1-8) bytes of a big-endian double at area become a key
+ * that sorts as unsigned bytes: sign bit set when non-negative, every bit
+ * complemented when negative; then the bytes are reversed (vzbytrv). */
+XF_API void wzcsdbl(void *area, int32_t length);
+/* Stores value big-endian (two's complement, sign-extended) into length
+ * (1-8) bytes. For length 2 the value is first clamped to -32768..32767
+ * and 8193 is returned when it had to be; otherwise returns 0. */
+XF_API int32_t wzctint(int32_t value, void *area, int32_t length);
+/* Stores the first length (0-8) bytes of value's bit pattern, most
+ * significant byte first (the big-endian form wzcsdbl reads). */
+XF_API void wzctdbl(void *area, int32_t length, double value);
+/* The smaller and larger of two integers. Exported C names: C++ code of the
+ * library and its tests always writes std::min and std::max qualified. */
+XF_API int32_t min(int32_t a, int32_t b);
+XF_API int32_t max(int32_t a, int32_t b);
+
+/* --- Clock and process -------------------------------------------------- */
+
+/* Today's local date: month 1-12, day 1-31, four-digit year. */
+XF_API void wzdate(int32_t *month, int32_t *day, int32_t *year);
+/* The local time of day; seconds carry the fraction of the current second. */
+XF_API void wztime(int32_t *hour, int32_t *minute, double *seconds);
+/* Seconds since 1970-01-01 00:00:00 UTC with microseconds. */
+XF_API double vtutod(void);
+/* Stores the C library's time-zone offset (seconds west of UTC), less 3600
+ * when daylight saving time is in force now. */
+XF_API void hztz(int32_t *offset);
+/* Ends the process with status 0. */
+XF_API void vacrash(void);
+/* Does nothing. */
+XF_API void vaterm(void);
+
 /* ======================================================================
  * Numeric output formats
  * ====================================================================== */
@@ -318,8 +496,8 @@ XF_API int32_t zfmtd(double magnitude, int32_t width, int32_t digits);
 XF_API xf_status zfmcma(xf_frame *frame);
 /* The other punctuated formats lay the number out as F w.d, then add their
  * marks when they fit w, dropping the alignment blank, then the groups, then
- * the currency sign before keeping the plain text (stars only when that does
- * not fit). Statuses as zfmt (2 for reduced decimals, 0x8001D827 stars,
+ * the currency sign, then the parentheses (for a minus sign) before keeping
+ * the plain text (stars only when that does not fit). Statuses as zfmt (2 for reduced decimals, 0x8001D827 stars,
  * 0x8001D826 cut to the capacity); missing values: the standard display.
  *   COMMAX   1.234.567,89      period groups, comma decimal mark
  *   DOLLAR   $1,234.56  -$1,234.56
@@ -520,6 +698,53 @@ XF_API xf_status zfmtime(xf_frame *frame);
 /* ======================================================================
  * Informats
  * ====================================================================== */
+
+/* Numeric informats read frame->input (input_length bytes of text, not
+ * terminated, at most w of them) and store one double at frame->output,
+ * setting output_length to 8. With output NULL or output_capacity below 8
+ * they write nothing and return XF_E_CAPACITY. Otherwise they return:
+ *   XF_OK                blank field (ordinary missing), "." / ".A" / "A" ...
+ *                        (the host's missing value for the letter), zero
+ *                        (+0, also for "-0"), or the number: the double
+ *                        nearest the decimal text, ties to even;
+ *   XF_IN_RANGE_WARNING  the number rounds to 0 or past the largest double:
+ *                        ordinary missing stored;
+ *   XF_IN_INVALID        text that is no number: ordinary missing stored;
+ *   XF_IN_BAD_WIDTH      w below 0, or d outside 0..31 (98 and 99 count as
+ *                        0): ordinary missing stored.
+ * d implied decimals apply only to text without a point ("12345" with d 2
+ * reads 123.45). Stateless, never allocates, reads no byte past the field. */
+
+/* @F, @E: blanks and tabs around the number, an optional sign, digits with
+ * at most one point, an exponent after E, e, D or d. */
+XF_API xf_status wzifmn(xf_frame *frame);
+/* @BZ: leading blanks skipped, every later blank read as 0 (at most 32
+ * bytes); an all-blank field reads 0. */
+XF_API xf_status zifmbz(xf_frame *frame);
+/* @COMMA, @DOLLAR, @NEGPAREN: blanks, tabs, ",", "$", "%", ")" and the
+ * currency marks of Windows-1252 are dropped; "(" before the number makes it
+ * negative; then read as @F. */
+XF_API xf_status zifmcma(xf_frame *frame);
+/* @PERCENT: as @COMMA, and a "%" after the number divides it by 100 exactly
+ * ("12%" reads 0.12). */
+XF_API xf_status zifmpct(xf_frame *frame);
+/* @COMMAX, @DOLLARX: of the first min(w, 32) bytes, ".", "$", "%", ")" and
+ * blanks are dropped and "," becomes "."; the rest is read as @COMMA. */
+XF_API xf_status zifmcmx(xf_frame *frame);
+
+/* Character informats deliver w bytes at frame->output: the first
+ * min(w, input_length) bytes of the text, padded with blanks; output_length
+ * is set to w and the output encoding to 0. When output_capacity is below w
+ * the field is cut to the capacity and XF_E_CAPACITY returned; w below 0
+ * returns XF_IN_BAD_WIDTH with nothing written. Otherwise XF_OK. */
+
+/* @$CHAR, @$F: the bytes as they are. */
+XF_API xf_status zifmc(xf_frame *frame);
+/* @$CHARZB: binary zeros become blanks. */
+XF_API xf_status zifmzbc(xf_frame *frame);
+/* @$QUOTE: when the text, blanks around it aside, starts and ends with the
+ * same quote (' or "), that one pair is removed. */
+XF_API xf_status zifmcq(xf_frame *frame);
 
 /* ======================================================================
  * User-defined formats
@@ -986,7 +1211,8 @@ XF_API uint32_t ConvertOSFromUTF32(uint32_t encoding_id, uint32_t source_id, con
  * is ignored; surrogates are encoded as single units) to UTF-8: 1 byte below
  * 0x80, 2 below 0x800, else 3. Returns 0, or 2 when the next character does
  * not fit dst_capacity (what fits is written). *chars_done = units
- * converted, *bytes_written = bytes written. */
+ * converted, *bytes_written = bytes delivered. Bytes of dst past
+ * *bytes_written, within dst_capacity, may have been overwritten. */
 XF_API uint32_t UNICODEToUTF8(const uint16_t *src, uint32_t src_len_bytes, uint8_t *dst,
                               uint32_t dst_capacity, uint32_t *chars_done,
                               uint32_t *bytes_written);
@@ -994,7 +1220,8 @@ XF_API uint32_t UNICODEToUTF8(const uint16_t *src, uint32_t src_len_bytes, uint8
  * points above U+FFFF are truncated to 16 bits; invalid bytes are decoded
  * leniently, never rejected). Returns 0; 1 when a sequence runs past the end
  * of the source; 2 when dst_capacity_bytes is full before the source ends.
- * *chars = units stored, *bytes_written = 2 x *chars. */
+ * *chars = units stored, *bytes_written = 2 x *chars. Units of dst past
+ * *chars, within dst_capacity_bytes, may have been overwritten. */
 XF_API uint32_t UTF8ToUNICODE(const uint8_t *src, uint32_t src_len, uint16_t *dst,
                               uint32_t dst_capacity_bytes,
                               uint32_t *chars, uint32_t *bytes_written);

@@ -27,15 +27,15 @@ inline constexpr fmtinfo_eachfmt jazwfdte_rows[] = {
     row("B8601LZ", 9, 20, 14, 0, 6, 0, nullptr),
     row("B8601TM", 6, 15, 8, 0, 6, 0, nullptr),
     row("B8601TZ", 9, 20, 14, 0, 6, 0, nullptr),
-    row("DATE", 5, 11, 7, 0, 0, 0, nullptr),  // zfmdate
-    row("DAY", 2, 32, 2, 0, 0, 0, nullptr),  // zfmday
-    row("DDMMYY", 2, 10, 8, 0, 0, 0, nullptr),  // zfmdmy
-    row("DDMMYYB", 2, 10, 8, 0, 0, 0, nullptr),  // zfmdmyb
-    row("DDMMYYC", 2, 10, 8, 0, 0, 0, nullptr),  // zfmdmyc
-    row("DDMMYYD", 2, 10, 8, 0, 0, 0, nullptr),  // zfmdmyd
-    row("DDMMYYN", 2, 8, 8, 0, 0, 0, nullptr),  // zfmdmyn
-    row("DDMMYYP", 2, 10, 8, 0, 0, 0, nullptr),  // zfmdmyp
-    row("DDMMYYS", 2, 10, 8, 0, 0, 0, nullptr),  // zfmdmy
+    row("DATE", 5, 11, 7, 0, 0, 0, zfmdate),  // zfmdate
+    row("DAY", 2, 32, 2, 0, 0, 0, zfmday),  // zfmday
+    row("DDMMYY", 2, 10, 8, 0, 0, 0, zfmdmy),  // zfmdmy
+    row("DDMMYYB", 2, 10, 8, 0, 0, 0, zfmdmyb),  // zfmdmyb
+    row("DDMMYYC", 2, 10, 8, 0, 0, 0, zfmdmyc),  // zfmdmyc
+    row("DDMMYYD", 2, 10, 8, 0, 0, 0, zfmdmyd),  // zfmdmyd
+    row("DDMMYYN", 2, 8, 8, 0, 0, 0, zfmdmyn),  // zfmdmyn
+    row("DDMMYYP", 2, 10, 8, 0, 0, 0, zfmdmyp),  // zfmdmyp
+    row("DDMMYYS", 2, 10, 8, 0, 0, 0, zfmdmy),  // zfmdmy
     row("DOWNAME", 1, 32, 9, 0, 0, 0, nullptr),
     row("E8601DA", 10, 10, 10, 0, 0, 0, nullptr),
     row("E8601DN", 10, 10, 10, 0, 0, 0, nullptr),
@@ -51,62 +51,62 @@ inline constexpr fmtinfo_eachfmt jazwfdte_rows[] = {
     row("IS8601LZ", 9, 20, 14, 0, 6, 0, nullptr),
     row("IS8601TM", 8, 15, 8, 0, 6, 0, nullptr),
     row("IS8601TZ", 9, 20, 14, 0, 6, 0, nullptr),
-    row("JULDATE", 5, 32, 7, 0, 0, 0, nullptr),  // zfmjul
-    row("JULDAY", 3, 32, 3, 0, 0, 0, nullptr),  // zfmjuld
-    row("JULIAN", 5, 7, 5, 0, 0, 0, nullptr),  // zfmjul
-    row("MMDDYY", 2, 10, 8, 0, 0, 0, nullptr),  // zfmmdy
-    row("MMDDYYB", 2, 10, 8, 0, 0, 0, nullptr),  // zfmmdyb
-    row("MMDDYYC", 2, 10, 8, 0, 0, 0, nullptr),  // zfmmdyc
-    row("MMDDYYD", 2, 10, 8, 0, 0, 0, nullptr),  // zfmmdyd
-    row("MMDDYYN", 2, 8, 8, 0, 0, 0, nullptr),  // zfmmdyn
-    row("MMDDYYP", 2, 10, 8, 0, 0, 0, nullptr),  // zfmmdyp
-    row("MMDDYYS", 2, 10, 8, 0, 0, 0, nullptr),  // zfmmdy
-    row("MMYY", 5, 32, 7, 0, 0, 0, nullptr),  // zfmmmy
-    row("MMYYC", 5, 32, 7, 0, 0, 0, nullptr),  // zfmmmyc
-    row("MMYYD", 5, 32, 7, 0, 0, 0, nullptr),  // zfmmmyd
-    row("MMYYN", 4, 32, 6, 0, 0, 0, nullptr),  // zfmmmyn
-    row("MMYYP", 5, 32, 7, 0, 0, 0, nullptr),  // zfmmmyp
-    row("MMYYS", 5, 32, 7, 0, 0, 0, nullptr),  // zfmmmys
+    row("JULDATE", 5, 32, 7, 0, 0, 0, zfmjul),  // zfmjul
+    row("JULDAY", 3, 32, 3, 0, 0, 0, zfmjuld),  // zfmjuld
+    row("JULIAN", 5, 7, 5, 0, 0, 0, zfmjul),  // zfmjul
+    row("MMDDYY", 2, 10, 8, 0, 0, 0, zfmmdy),  // zfmmdy
+    row("MMDDYYB", 2, 10, 8, 0, 0, 0, zfmmdyb),  // zfmmdyb
+    row("MMDDYYC", 2, 10, 8, 0, 0, 0, zfmmdyc),  // zfmmdyc
+    row("MMDDYYD", 2, 10, 8, 0, 0, 0, zfmmdyd),  // zfmmdyd
+    row("MMDDYYN", 2, 8, 8, 0, 0, 0, zfmmdyn),  // zfmmdyn
+    row("MMDDYYP", 2, 10, 8, 0, 0, 0, zfmmdyp),  // zfmmdyp
+    row("MMDDYYS", 2, 10, 8, 0, 0, 0, zfmmdy),  // zfmmdy
+    row("MMYY", 5, 32, 7, 0, 0, 0, zfmmmy),  // zfmmmy
+    row("MMYYC", 5, 32, 7, 0, 0, 0, zfmmmyc),  // zfmmmyc
+    row("MMYYD", 5, 32, 7, 0, 0, 0, zfmmmyd),  // zfmmmyd
+    row("MMYYN", 4, 32, 6, 0, 0, 0, zfmmmyn),  // zfmmmyn
+    row("MMYYP", 5, 32, 7, 0, 0, 0, zfmmmyp),  // zfmmmyp
+    row("MMYYS", 5, 32, 7, 0, 0, 0, zfmmmys),  // zfmmmys
     row("MONNAME", 1, 32, 9, 0, 0, 0, nullptr),
-    row("MONTH", 1, 32, 2, 0, 0, 0, nullptr),  // zfmmont
-    row("MONYY", 5, 7, 5, 0, 0, 0, nullptr),  // zfmmony
-    row("NENGO", 2, 10, 10, 0, 0, 0, nullptr),  // zfmneng
+    row("MONTH", 1, 32, 2, 0, 0, 0, zfmmont),  // zfmmont
+    row("MONYY", 5, 7, 5, 0, 0, 0, zfmmony),  // zfmmony
+    row("NENGO", 2, 10, 10, 0, 0, 0, zfmneng),  // zfmneng
     row("PDJULG", 4, 4, 4, 0, 0, 0, nullptr),
     row("PDJULI", 4, 4, 4, 0, 0, 0, nullptr),
-    row("QTR", 1, 32, 1, 0, 0, 0, nullptr),  // zfmqtr
-    row("QTRR", 3, 32, 3, 0, 0, 0, nullptr),  // zfmqtrr
+    row("QTR", 1, 32, 1, 0, 0, 0, zfmqtr),  // zfmqtr
+    row("QTRR", 3, 32, 3, 0, 0, 0, zfmqtrr),  // zfmqtrr
     row("WEEKDATE", 3, 37, 29, 0, 0, 0, nullptr),
     row("WEEKDATX", 3, 37, 29, 0, 0, 0, nullptr),
-    row("WEEKDAY", 1, 32, 1, 0, 0, 0, nullptr),  // zfmweek
+    row("WEEKDAY", 1, 32, 1, 0, 0, 0, zfmweek),  // zfmweek
     row("WORDDATE", 3, 32, 18, 0, 0, 0, nullptr),
     row("WORDDATX", 3, 32, 18, 0, 0, 0, nullptr),
-    row("YEAR", 2, 32, 4, 0, 0, 0, nullptr),  // zfmyear
-    row("YYMM", 5, 32, 7, 0, 0, 0, nullptr),  // zfmyym
-    row("YYMMC", 5, 32, 7, 0, 0, 0, nullptr),  // zfmyymc
-    row("YYMMD", 5, 32, 7, 0, 0, 0, nullptr),  // zfmyymd
-    row("YYMMDD", 2, 10, 8, 0, 0, 0, nullptr),  // zfmymd
-    row("YYMMDDB", 2, 10, 8, 0, 0, 0, nullptr),  // zfmymdb
-    row("YYMMDDC", 2, 10, 8, 0, 0, 0, nullptr),  // zfmymdc
-    row("YYMMDDD", 2, 10, 8, 0, 0, 0, nullptr),  // zfmymd
-    row("YYMMDDN", 2, 8, 8, 0, 0, 0, nullptr),  // zfmymdn
-    row("YYMMDDP", 2, 10, 8, 0, 0, 0, nullptr),  // zfmymdp
-    row("YYMMDDS", 2, 10, 8, 0, 0, 0, nullptr),  // zfmymds
-    row("YYMMN", 4, 32, 6, 0, 0, 0, nullptr),  // zfmyymn
-    row("YYMMP", 5, 32, 7, 0, 0, 0, nullptr),  // zfmyymp
-    row("YYMMS", 5, 32, 7, 0, 0, 0, nullptr),  // zfmyyms
+    row("YEAR", 2, 32, 4, 0, 0, 0, zfmyear),  // zfmyear
+    row("YYMM", 5, 32, 7, 0, 0, 0, zfmyym),  // zfmyym
+    row("YYMMC", 5, 32, 7, 0, 0, 0, zfmyymc),  // zfmyymc
+    row("YYMMD", 5, 32, 7, 0, 0, 0, zfmyymd),  // zfmyymd
+    row("YYMMDD", 2, 10, 8, 0, 0, 0, zfmymd),  // zfmymd
+    row("YYMMDDB", 2, 10, 8, 0, 0, 0, zfmymdb),  // zfmymdb
+    row("YYMMDDC", 2, 10, 8, 0, 0, 0, zfmymdc),  // zfmymdc
+    row("YYMMDDD", 2, 10, 8, 0, 0, 0, zfmymd),  // zfmymd
+    row("YYMMDDN", 2, 8, 8, 0, 0, 0, zfmymdn),  // zfmymdn
+    row("YYMMDDP", 2, 10, 8, 0, 0, 0, zfmymdp),  // zfmymdp
+    row("YYMMDDS", 2, 10, 8, 0, 0, 0, zfmymds),  // zfmymds
+    row("YYMMN", 4, 32, 6, 0, 0, 0, zfmyymn),  // zfmyymn
+    row("YYMMP", 5, 32, 7, 0, 0, 0, zfmyymp),  // zfmyymp
+    row("YYMMS", 5, 32, 7, 0, 0, 0, zfmyyms),  // zfmyyms
     row("YYMON", 5, 32, 7, 0, 0, 0, nullptr),
-    row("YYQ", 4, 32, 6, 0, 0, 0, nullptr),  // zfmyyq
-    row("YYQC", 4, 32, 6, 0, 0, 0, nullptr),  // zfmyyqc
-    row("YYQD", 4, 32, 6, 0, 0, 0, nullptr),  // zfmyyqd
-    row("YYQN", 3, 32, 5, 0, 0, 0, nullptr),  // zfmyyqn
-    row("YYQP", 4, 32, 6, 0, 0, 0, nullptr),  // zfmyyqp
-    row("YYQR", 6, 32, 8, 0, 0, 0, nullptr),  // zfmyyqr
-    row("YYQRC", 6, 32, 8, 0, 0, 0, nullptr),  // zfmyqrc
-    row("YYQRD", 6, 32, 8, 0, 0, 0, nullptr),  // zfmyqrd
-    row("YYQRN", 5, 32, 7, 0, 0, 0, nullptr),  // zfmyqrn
-    row("YYQRP", 6, 32, 8, 0, 0, 0, nullptr),  // zfmyqrp
-    row("YYQRS", 6, 32, 8, 0, 0, 0, nullptr),  // zfmyqrs
-    row("YYQS", 4, 32, 6, 0, 0, 0, nullptr),  // zfmyyqs
+    row("YYQ", 4, 32, 6, 0, 0, 0, zfmyyq),  // zfmyyq
+    row("YYQC", 4, 32, 6, 0, 0, 0, zfmyyqc),  // zfmyyqc
+    row("YYQD", 4, 32, 6, 0, 0, 0, zfmyyqd),  // zfmyyqd
+    row("YYQN", 3, 32, 5, 0, 0, 0, zfmyyqn),  // zfmyyqn
+    row("YYQP", 4, 32, 6, 0, 0, 0, zfmyyqp),  // zfmyyqp
+    row("YYQR", 6, 32, 8, 0, 0, 0, zfmyyqr),  // zfmyyqr
+    row("YYQRC", 6, 32, 8, 0, 0, 0, zfmyqrc),  // zfmyqrc
+    row("YYQRD", 6, 32, 8, 0, 0, 0, zfmyqrd),  // zfmyqrd
+    row("YYQRN", 5, 32, 7, 0, 0, 0, zfmyqrn),  // zfmyqrn
+    row("YYQRP", 6, 32, 8, 0, 0, 0, zfmyqrp),  // zfmyqrp
+    row("YYQRS", 6, 32, 8, 0, 0, 0, zfmyqrs),  // zfmyqrs
+    row("YYQS", 4, 32, 6, 0, 0, 0, zfmyyqs),  // zfmyyqs
 };
 
 }  // namespace xfmt::catalog

@@ -15,7 +15,7 @@ inline constexpr fmtinfo_eachfmt jazwftme_rows[] = {
     row("HOUR", 2, 20, 2, 0, 19, 0, nullptr),  // zfmhour
     row("MMSS", 2, 20, 5, 0, 19, 0, nullptr),  // zfmmmss
     row("MDYAMPM", 8, 40, 19, 0, 39, 0, nullptr),  // zfmdyam
-    row("TIME", 2, 20, 8, 0, 19, 0, nullptr),  // zfmtime
+    row("TIME", 2, 20, 8, 0, 19, 0, zfmtime),  // zfmtime
     row("TIMEAMPM", 2, 20, 11, 0, 19, 0, nullptr),  // zfmtimm
     row("TOD", 2, 20, 8, 0, 19, 0, nullptr),  // zfmtod
 };

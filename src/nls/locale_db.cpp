@@ -3,37 +3,36 @@
 // change of ZAV_LOCALE shows on the next value.
 #include "xfmt/xfmt.h"
 
+#include <cstdint>
 #include <cstdlib>  // getenv
 #include <cstring>  // memcpy, memset
 
 #include "nls/locale.hpp"
 
 namespace xfmt::nls {
+
+// Language and country codes of record k-1, lower case, packed as
+// c0 | c1 << 8 | c3 << 16 | c4 << 24 (generated with the records).
+extern const uint32_t locale_codes[136];
+
 namespace {
 
-constexpr int lang_field = 4;     // "af"
-constexpr int country_field = 5;  // "ZA"
-
-inline char lower_ascii(char c) {
-  return (c >= 'A' && c <= 'Z') ? static_cast<char>(c + ('a' - 'A')) : c;
-}
-
-// Two characters of the environment text against a two-character field.
-inline bool same2(const char *s, const zav_locale_field &f) {
-  return f.length == 2 && lower_ascii(s[0]) == lower_ascii(f.text[0]) &&
-         lower_ascii(s[1]) == lower_ascii(f.text[1]);
+inline uint32_t lower_ascii(char c) {
+  auto u = static_cast<unsigned char>(c);
+  return (u >= 'A' && u <= 'Z') ? u + ('a' - 'A') : u;
 }
 
 // Positions 0-1 name the language and 3-4 the country; position 2 is any
 // separator ("de_CH", "de-CH", "DExCH" all mean German_Switzerland) and what
 // follows position 4 (".UTF-8", "@euro") is ignored. A text shorter than five
-// characters matches nothing.
+// characters matches nothing (its NUL never equals a letter of a code).
 int match_environment(const char *env) {
-  if (std::strlen(env) < 5) return 0;
-  for (int k = 0; k < locale_count; ++k) {
-    const zav_locale_field *rec = ZAVlocaleData[k];
-    if (same2(env, rec[lang_field]) && same2(env + 3, rec[country_field])) return k + 1;
-  }
+  for (int i = 0; i < 5; ++i)
+    if (env[i] == '\0') return 0;
+  const uint32_t want = lower_ascii(env[0]) | lower_ascii(env[1]) << 8 | lower_ascii(env[3]) << 16 |
+                        lower_ascii(env[4]) << 24;
+  for (int k = 0; k < locale_count; ++k)
+    if (locale_codes[k] == want) return k + 1;
   return 0;
 }
 

@@ -7,6 +7,7 @@
 
 #include "catalog/field.hpp"
 #include "catalog/missing.hpp"
+#include "numeric/digits.hpp"
 #include "numeric/engine.hpp"
 
 using namespace xfmt;
@@ -64,7 +65,7 @@ extern "C" XF_API xf_status zfmcma(xf_frame *f) {
   if (neg) *--p = '-';
   char *field = frame_out(f);
   uint32_t wu = static_cast<uint32_t>(w);
-  std::memset(field, ' ', wu - new_len);
+  numeric::put_blanks(field, static_cast<int>(wu - new_len));
   std::memcpy(field + (wu - new_len), text, new_len);
   f->output_length = wu;
   return XF_OK;

@@ -27,8 +27,27 @@ constexpr pow10l_table make_pow10l() {
 }
 constexpr pow10l_table pow10l = make_pow10l();
 
-// m * 10^-e, in steps of exact powers: at most 12 roundings of 2^-64 each.
+// 10^i for i = 0..22, each exact in a double (5^22 < 2^53).
+struct pow10d_table {
+  double v[23];
+};
+constexpr pow10d_table make_pow10d() {
+  pow10d_table t{};
+  double p = 1;
+  for (int i = 0; i < 23; ++i) {
+    t.v[i] = p;
+    p *= 10;
+  }
+  return t;
+}
+constexpr pow10d_table pow10d = make_pow10d();
+
+// m * 10^-e. Within 10^+-22 one correctly rounded double operation by an
+// exact power; beyond, long double steps of exact powers (at most 12
+// roundings of 2^-64 each) and one rounding to double.
 double scale_by_pow10(double m, int e) {
+  if (e >= 0 && e <= 22) return m / pow10d.v[e];
+  if (e < 0 && e >= -22) return m * pow10d.v[-e];
   long double x = m;
   if (e > 0) {
     while (e > 27) {
@@ -54,8 +73,10 @@ int digits_for(int mw) { return mw >= 3 ? mw - 1 : 1; }
 }  // namespace
 
 double decimal_mantissa(double m, int &e10) {
-  int e2;
-  std::frexp(m, &e2);
+  uint64_t bits;
+  std::memcpy(&bits, &m, sizeof bits);
+  int e2 = static_cast<int>((bits >> 52) & 0x7FF) - 1022;  // m = f * 2^e2, f in [0.5, 1)
+  if (e2 == -1022) std::frexp(m, &e2);                       // subnormal
   int e = e2 * 77;
   e = e >= 0 ? e / 256 : -((-e + 255) / 256);  // toward minus infinity
   if (e > 308) e = 308;
@@ -104,32 +125,39 @@ int e_layout(double m, int room, int code, char *out) {
     }
   }
 
-  // Step 4: the digits, at most 15 real ones, the rest zeros.
-  char text[80];
+  // Step 4: the digits, at most 15 real ones, the rest zeros; under the
+  // best code trailing zeros go (the zeros past the 15th with them).
   int real = k < 15 ? k : 15;
-  u128 digits = scaled_fraction(mant, real);
-  char mdig[64];
-  put_digits(mdig + real, static_cast<uint64_t>(digits), real);
-  if (k > real) std::memset(mdig + real, '0', static_cast<size_t>(k - real));
+  uint64_t digits = static_cast<uint64_t>(scaled_fraction(mant, real));
   int kept = k;
-  if (best)
-    while (kept > 1 && mdig[kept - 1] == '0') --kept;
-  int len = 0;
-  text[len++] = mdig[0];
-  if (kept > 1) {
-    text[len++] = '.';
-    std::memcpy(text + len, mdig + 1, static_cast<size_t>(kept - 1));
-    len += kept - 1;
+  if (best) {
+    kept = real;
+    while (kept > 1 && digits % 10 == 0) {
+      digits /= 10;
+      --kept;
+    }
   }
-  text[len++] = 'E';
-  text[len++] = x < 0 ? '-' : '+';
-  int ax = x < 0 ? -x : x;
+  int shown = kept < real ? kept : real;  // real digits written
   int xd = exp_digits(x);
-  put_digits(text + len + xd, static_cast<uint64_t>(ax), xd);
-  len += xd;
+  int len = (kept > 1 ? kept + 1 : 1) + 2 + xd;
 
-  std::memset(out, ' ', static_cast<size_t>(room - len));
-  std::memcpy(out + room - len, text, static_cast<size_t>(len));
+  // Step 5: written in place, right-justified: "d.ddd" then "E+xx".
+  put_blanks(out, room - len);
+  char *p = out + room - len;
+  put_digits(p + 1 + shown, digits, shown);  // at p+1 .. p+shown
+  p[0] = p[1];
+  char *q = p + 1;
+  if (kept > 1) {
+    *q++ = '.';
+    q += shown - 1;
+    if (kept > shown) {
+      std::memset(q, '0', static_cast<size_t>(kept - shown));
+      q += kept - shown;
+    }
+  }
+  *q++ = 'E';
+  *q++ = x < 0 ? '-' : '+';
+  put_digits(q + xd, static_cast<uint64_t>(x < 0 ? -x : x), xd);
   return len;
 }
 

@@ -46,7 +46,8 @@ int e_layout(double m, int room, int code, char *out);
 int significant_decimals(double m, int room, int digits);
 
 // Lays the finite or infinite non-missing value v out under decimals code d
-// in exactly w positions at buf (1 <= w <= 32). Returns XF_OK, XF_REDUCED or
+// in exactly w positions at buf (1 <= w <= 32; nothing past buf[w - 1] is
+// written). Returns XF_OK, XF_REDUCED or
 // XF_E_OVERFLOW (buf then holds w '*').
 xf_status layout_number(double v, int32_t w, int32_t d, char *buf);
 

@@ -1,8 +1,9 @@
 // The punctuated formats beyond COMMA: COMMAX, DOLLAR, DOLLARX, EURO, EUROX,
 // PERCENT, PERCENTN, NEGPAREN and YEN. Each lays the plain number out as F
 // would, then adds its marks when they fit the width, dropping them in the
-// order users expect (groups first, then the currency sign or parentheses)
-// before keeping the plain text, and stars only when that does not fit.
+// order users expect (alignment blank, groups, currency sign, parentheses
+// for a minus sign) before keeping the plain text, and stars only when that
+// does not fit.
 #include "xfmt/xfmt.h"
 
 #include <cmath>
@@ -10,6 +11,7 @@
 
 #include "catalog/field.hpp"
 #include "catalog/missing.hpp"
+#include "numeric/digits.hpp"
 #include "numeric/engine.hpp"
 
 namespace xfmt::numeric {
@@ -53,9 +55,9 @@ bool split_plain(char *buf, int w, plain_parts &p) {
   while (i < w && buf[i] >= '0' && buf[i] <= '9') ++i;
   p.int_len = static_cast<int>(buf + i - p.int_digits);
   if (i < w && buf[i] == '.') {
-    p.frac = buf + i + 1;
-    p.frac_len = w - i - 1;
-    i = w;
+    p.frac = buf + ++i;
+    while (i < w && buf[i] >= '0' && buf[i] <= '9') ++i;
+    p.frac_len = static_cast<int>(buf + i - p.frac);
   }
   return i == w;  // anything else (E notation, stars) is not split
 }
@@ -64,7 +66,8 @@ bool split_plain(char *buf, int w, plain_parts &p) {
 struct marks {
   bool groups;    // thousands separators
   bool currency;  // the currency sign
-  bool sign;      // parentheses and the suffix ("%")
+  bool parens;    // parentheses around a negative value (else a minus sign)
+  bool suffix;    // the suffix ("%")
   bool room;      // the trailing blank of a positive value where ")" would be
 };
 
@@ -72,7 +75,7 @@ struct marks {
 // returns its length. "-$1,234.50", "(1,234.50)", " 12.5% " ...
 int compose(const plain_parts &p, const punct_style &s, marks m, char *out) {
   int n = 0;
-  bool parens = p.neg && s.negative == sign_style::parens && m.sign;
+  bool parens = p.neg && s.negative == sign_style::parens && m.parens;
   if (p.neg && !parens) out[n++] = '-';
   if (parens) out[n++] = '(';
   if (m.currency && s.currency) out[n++] = s.currency;
@@ -85,10 +88,10 @@ int compose(const plain_parts &p, const punct_style &s, marks m, char *out) {
     std::memcpy(out + n, p.frac, static_cast<size_t>(p.frac_len));
     n += p.frac_len;
   }
-  if (m.sign)
+  if (m.suffix)
     for (const char *q = s.suffix; *q; ++q) out[n++] = *q;
   if (parens) out[n++] = ')';
-  else if (m.room && m.sign && s.keep_room) out[n++] = ' ';
+  else if (m.room && s.keep_room) out[n++] = ' ';
   return n;
 }
 
@@ -106,16 +109,18 @@ xf_status punctuate(xf_frame *f, const punct_style &s) {
   if (status == XF_E_OVERFLOW || !split_plain(buf, w, p)) return deliver_field(f, buf, w, status);
 
   // Candidates, richest first: the alignment blank goes first, then the
-  // groups, then the currency sign; the plain text comes last.
-  const marks order[] = {{true, true, true, true},
-                         {true, true, true, false},
-                         {false, true, true, false},
-                         {false, false, true, false}};
+  // groups, then the currency sign, then the parentheses (a minus sign takes
+  // their place: "-0.10%"); the plain text comes last.
+  const marks order[] = {{true, true, true, true, true},
+                         {true, true, true, true, false},
+                         {false, true, true, true, false},
+                         {false, false, true, true, false},
+                         {false, false, false, true, false}};
   char text[2 * max_field];
   for (const marks &m : order) {
     int n = compose(p, s, m, text);
     if (n <= w) {
-      std::memset(buf, ' ', static_cast<size_t>(w - n));
+      put_blanks(buf, w - n);
       std::memcpy(buf + (w - n), text, static_cast<size_t>(n));
       return deliver_field(f, buf, w, status);
     }

@@ -36,6 +36,19 @@ namespace {
 
 constexpr double two_pow_53 = 9007199254740992.0;
 
+// m == trunc(m) from the bits alone (no libm call, no conversion round
+// trip): the mantissa bits below the binary point must be zero. Every double
+// from 2^52 on is integral; below 1 only zero is.
+inline bool is_integral(double m) {
+  uint64_t bits = double_bits(m);
+  int e = static_cast<int>((bits >> 52) & 0x7FF) - 1023;  // m in [2^e, 2^(e+1))
+  if (e >= 52) return true;
+  if (e < 0) return (bits << 1) == 0;
+  return (bits & ((uint64_t{1} << (52 - e)) - 1)) == 0;
+}
+
+inline void fill_blanks(char *buf, int32_t w) { put_blanks(buf, w); }
+
 xf_status stars(char *buf, int32_t w) {
   std::memset(buf, '*', static_cast<size_t>(w));
   return XF_E_OVERFLOW;
@@ -47,7 +60,7 @@ bool layout_integer(uint64_t v, bool neg, int32_t w, char *buf) {
   int n = count_digits(v);
   int need = n + (neg ? 1 : 0);
   if (need > w) return false;
-  std::memset(buf, ' ', static_cast<size_t>(w - need));
+  put_blanks(buf, w - need);
   put_digits(buf + w, v, n);
   if (neg) buf[w - n - 1] = '-';
   return true;
@@ -56,7 +69,7 @@ bool layout_integer(uint64_t v, bool neg, int32_t w, char *buf) {
 // E notation of the magnitude in the last `room` positions, a minus sign
 // just before it; stars when even that does not fit.
 xf_status layout_e(double m, bool neg, int32_t w, int room, int code, char *buf) {
-  std::memset(buf, ' ', static_cast<size_t>(w));
+  fill_blanks(buf, w);
   if (room < 1) return stars(buf, w);
   int len = e_layout(m, room, code, buf + (w - room));
   if (len < 0) return stars(buf, w);
@@ -111,7 +124,7 @@ void strip_best(char *buf, int32_t w, int start) {
   int shift = w - end;
   if (shift == 0) return;
   std::memmove(buf + start + shift, buf + start, static_cast<size_t>(end - start));
-  std::memset(buf + start, ' ', static_cast<size_t>(shift));
+  put_blanks(buf + start, shift);
 }
 
 }  // namespace
@@ -123,7 +136,7 @@ xf_status layout_number(double v, int32_t w, int32_t d, char *buf) {
   bool neg = v < 0;
   double m = neg ? -v : v;
   int a = neg ? w - 1 : w;
-  bool integral = m == std::trunc(m);
+  bool integral = is_integral(m);
 
   // Step 2: integers in at most 16 positions skip floating-point digits.
   if ((d == 0 || d == 99) && integral && m <= two_pow_53 && w <= 16 &&
@@ -137,7 +150,7 @@ xf_status layout_number(double v, int32_t w, int32_t d, char *buf) {
   else if (d >= 80 && d <= 89) wd = significant_decimals(m, a, d - 80);
   if (wd == -999) wd = 7 - w < 0 ? 7 - w : -1;
 
-  std::memset(buf, ' ', static_cast<size_t>(w));
+  fill_blanks(buf, w);
   int e10 = decimal_estimate(m);
   if (wd < 0 && a > 4) return layout_e(m, neg, w, a, wd, buf);
 
@@ -179,15 +192,13 @@ xf_status layout_number(double v, int32_t w, int32_t d, char *buf) {
 
   // Step 7: round. The integral digits are those of floor(r): F4.1 of 3.5
   // is r = 3.55.., digits "3" and ".5"; F5.2 of 9.999 is r = 10.004.., "10.00".
-  double r;
-  if (!integral) {
-    r = round_for(m, dd, e10);
-  } else {
-    r = m;
-    if (best) {
-      dd = 0;
-      iw = a;
-    }
+  // Both candidates are computed and one is picked: integral and fractional
+  // values alternate unpredictably in a column.
+  double rounded = round_for(m, dd, e10);
+  double r = integral ? m : rounded;
+  if (integral && best) {
+    dd = 0;
+    iw = a;
   }
   u128 ip = 0;
   int n = 0;
@@ -213,10 +224,14 @@ xf_status layout_number(double v, int32_t w, int32_t d, char *buf) {
   } else {
     put_digits(base + iw, ip, n);
   }
-  if (neg) base[--start] = '-';
+  // The position before the text is a blank unless the sign goes there.
+  int before = static_cast<int>(base - buf) + start - 1;
+  if (before >= 0) buf[before] = neg ? '-' : ' ';
+  start -= neg ? 1 : 0;
   if (dd > 0) {
     base[iw] = '.';
-    double ipd = n == 0 ? 0.0 : std::floor(r);
+    // floor(r) as a double is only needed below 15 digits, where ip is exact.
+    double ipd = n < 15 ? static_cast<double>(static_cast<uint64_t>(ip)) : 0.0;
     put_fraction(base + iw + 1, r, ipd, n, dd);
   }
   if (best && dd > 0) strip_best(buf, w, static_cast<int>(base - buf) + start);
@@ -246,6 +261,13 @@ extern "C" XF_API xf_status zfmt(xf_frame *f) {
   if (is_missing(v)) {
     int32_t d = f->decimals;
     return write_missing(f, w, d < 0 || d >= w ? 99 : d);
+  }
+  // Straight into the caller's buffer when the field fits it; a local field
+  // cut to the capacity otherwise.
+  if (f->output_capacity >= static_cast<uint32_t>(w)) {
+    xf_status status = numeric::layout_number(v, w, f->decimals, frame_out(f));
+    f->output_length = static_cast<uint32_t>(w);
+    return status;
   }
   char buf[numeric::max_field];
   xf_status status = numeric::layout_number(v, w, f->decimals, buf);

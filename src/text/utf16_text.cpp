@@ -1,71 +1,58 @@
 // Whole texts between UTF-16 code units and UTF-8 or Latin-1, one code unit
-// per character (no surrogate pairing). The loops take eight ASCII bytes or
-// four ASCII units at a time: mixed text is mostly ASCII runs.
+// per character (no surrogate pairing). Mixed text is short ASCII runs broken
+// by two- and three-byte characters: the safe zone of a text (where a whole
+// step fits) goes through block loops, the last bytes through a checked loop.
 #include "xfmt/xfmt.h"
 
 #include <cstdint>
 #include <cstring>
 
-namespace {
+#include "text/utf16_kernels.hpp"
 
-constexpr uint64_t high_bits_8 = 0x8080808080808080ull;
-constexpr uint64_t non_ascii_units = 0xFF80FF80FF80FF80ull;
+namespace xfmt::text {
 
-// Value bits a non-continuation byte gives, by the number of bytes of the
-// sequence still expected after it (0-5).
-constexpr uint8_t remaining_mask[6] = {0x7F, 0x1F, 0x0F, 0x07, 0x03, 0x01};
-
-// Trailing bytes announced by a lead: 0 below 0xC0 (a stray continuation
-// byte stands alone), then 1-5.
-inline uint32_t trailing(uint8_t lead) {
-  return lead < 0xC0 ? 0u : lead < 0xE0 ? 1u : lead < 0xF0 ? 2u : lead < 0xF8 ? 3u : lead < 0xFC ? 4u : 5u;
+void widen_blocks(const uint8_t *src, uint32_t src_len, uint16_t *dst, uint32_t cap, uint32_t *pos,
+                  uint32_t *n) {
+  while (src_len - *pos >= 32 && cap - *n >= 32) widen_step(src, dst, pos, n);
 }
 
-}  // namespace
+void narrow_blocks(const uint16_t *src, uint32_t units, uint8_t *dst, uint32_t capacity, uint32_t *i,
+                   uint32_t *out) {
+  while (units - *i >= 8 && capacity - *out >= 32) {
+    const uint32_t k = narrow_ascii(src + *i, dst + *out);
+    if (k == 8) {
+      *out += 8;
+    } else {
+      narrow_block_scalar(src + *i, dst, out);
+    }
+    *i += 8;
+  }
+}
 
-extern "C" uint32_t UTF8ToUNICODE(const uint8_t *src, uint32_t src_len, uint16_t *dst,
-                                  uint32_t dst_capacity_bytes, uint32_t *chars,
-                                  uint32_t *bytes_written) {
+uint32_t utf8_to_units(const uint8_t *src, uint32_t src_len, uint16_t *dst, uint32_t dst_capacity_bytes,
+                       uint32_t *chars, uint32_t *bytes_written, bool ssse3) {
   const uint32_t cap = dst == nullptr ? 0 : dst_capacity_bytes / 2;
+  if (src == nullptr) src_len = 0;
   uint32_t pos = 0;
   uint32_t n = 0;
+  // Safe zone: 32 source bytes and 32 units of room remain, so no step (16
+  // ASCII bytes and one sequence of at most six, or one block of sixteen
+  // bytes) runs past either end.
+  if (ssse3) widen_blocks_ssse3(src, src_len, dst, cap, &pos, &n);
+  else widen_blocks(src, src_len, dst, cap, &pos, &n);
+  // The last bytes, with every check.
   uint32_t result = 0;
-  if (src == nullptr) src_len = 0;
   while (pos < src_len) {
-    // ASCII run: eight bytes with no high bit are eight units.
-    while (src_len - pos >= 8 && cap - n >= 8) {
-      uint64_t word;
-      std::memcpy(&word, src + pos, 8);
-      if (word & high_bits_8) break;
-      for (uint32_t i = 0; i < 8; ++i) dst[n + i] = src[pos + i];
-      pos += 8;
-      n += 8;
-    }
-    if (pos >= src_len) break;
     if (n >= cap) {
       result = 2;
       break;
     }
-    const uint8_t lead = src[pos];
-    if (lead < 0x80) {
-      dst[n++] = lead;
-      ++pos;
-      continue;
-    }
-    const uint32_t trail = trailing(lead);
+    const uint32_t trail = trailing(src[pos]);
     if (trail >= src_len - pos) {
       result = 1;
       break;
     }
-    // Continuation bytes give six bits each; any other byte (a lead, or an
-    // ASCII byte where a continuation was due) gives the bits its place allows.
-    uint32_t value = 0;
-    for (uint32_t k = 0; k <= trail; ++k) {
-      const uint8_t b = src[pos + k];
-      const uint32_t bits = (b & 0xC0u) == 0x80u ? (b & 0x3Fu) : (b & remaining_mask[trail - k]);
-      value = (value << 6) | bits;
-    }
-    dst[n++] = static_cast<uint16_t>(value);  // above U+FFFF: the low 16 bits
+    dst[n++] = decode_sequence(src + pos, trail);
     pos += trail + 1;
   }
   *chars = n;
@@ -73,50 +60,46 @@ extern "C" uint32_t UTF8ToUNICODE(const uint8_t *src, uint32_t src_len, uint16_t
   return result;
 }
 
-extern "C" uint32_t UNICODEToUTF8(const uint16_t *src, uint32_t src_len_bytes, uint8_t *dst,
-                                  uint32_t dst_capacity, uint32_t *chars_done,
-                                  uint32_t *bytes_written) {
+uint32_t units_to_utf8(const uint16_t *src, uint32_t src_len_bytes, uint8_t *dst, uint32_t dst_capacity,
+                       uint32_t *chars_done, uint32_t *bytes_written, bool ssse3) {
   const uint32_t units = src == nullptr ? 0 : src_len_bytes / 2;
   if (dst == nullptr) dst_capacity = 0;
   uint32_t i = 0;
   uint32_t out = 0;
+  // Safe zone: eight units remain and room for 32 bytes (eight characters of
+  // up to three bytes, the last store four bytes wide).
+  if (ssse3) narrow_blocks_ssse3(src, units, dst, dst_capacity, &i, &out);
+  else narrow_blocks(src, units, dst, dst_capacity, &i, &out);
   uint32_t result = 0;
-  while (i < units) {
-    // ASCII run: four units below 0x80 are four bytes.
-    while (units - i >= 4 && dst_capacity - out >= 4) {
-      uint64_t word;
-      std::memcpy(&word, src + i, 8);
-      if (word & non_ascii_units) break;
-      dst[out] = static_cast<uint8_t>(src[i]);
-      dst[out + 1] = static_cast<uint8_t>(src[i + 1]);
-      dst[out + 2] = static_cast<uint8_t>(src[i + 2]);
-      dst[out + 3] = static_cast<uint8_t>(src[i + 3]);
-      i += 4;
-      out += 4;
-    }
-    if (i >= units) break;
-    const uint32_t u = src[i];
-    const uint32_t need = u < 0x80 ? 1u : u < 0x800 ? 2u : 3u;
+  uint8_t bytes[4];
+  for (; i < units; ++i) {
+    const uint32_t need = encode_one(src[i], bytes);
     if (dst_capacity - out < need) {
       result = 2;
       break;
     }
-    if (need == 1) {
-      dst[out] = static_cast<uint8_t>(u);
-    } else if (need == 2) {
-      dst[out] = static_cast<uint8_t>(0xC0u | (u >> 6));
-      dst[out + 1] = static_cast<uint8_t>(0x80u | (u & 0x3Fu));
-    } else {
-      dst[out] = static_cast<uint8_t>(0xE0u | (u >> 12));
-      dst[out + 1] = static_cast<uint8_t>(0x80u | ((u >> 6) & 0x3Fu));
-      dst[out + 2] = static_cast<uint8_t>(0x80u | (u & 0x3Fu));
-    }
+    std::memcpy(dst + out, bytes, need);
     out += need;
-    ++i;
   }
   *chars_done = i;
   *bytes_written = out;
   return result;
+}
+
+}  // namespace xfmt::text
+
+extern "C" uint32_t UTF8ToUNICODE(const uint8_t *src, uint32_t src_len, uint16_t *dst,
+                                  uint32_t dst_capacity_bytes, uint32_t *chars,
+                                  uint32_t *bytes_written) {
+  return xfmt::text::utf8_to_units(src, src_len, dst, dst_capacity_bytes, chars, bytes_written,
+                                   xfmt::text::have_ssse3());
+}
+
+extern "C" uint32_t UNICODEToUTF8(const uint16_t *src, uint32_t src_len_bytes, uint8_t *dst,
+                                  uint32_t dst_capacity, uint32_t *chars_done,
+                                  uint32_t *bytes_written) {
+  return xfmt::text::units_to_utf8(src, src_len_bytes, dst, dst_capacity, chars_done, bytes_written,
+                                   xfmt::text::have_ssse3());
 }
 
 extern "C" uint32_t LATIN1ToUNICODE(const uint8_t *src, uint32_t src_len, uint16_t *dst,

@@ -10,12 +10,14 @@ file(READ ${HEADER} text)
 # Comments and the definition of XF_API itself are not declarations.
 string(REGEX REPLACE "/\\*([^*]|\\*+[^*/])*\\*+/" "" text "${text}")
 string(REGEX REPLACE "#define XF_API[^\n]*" "" text "${text}")
-# A semicolon would split CMake lists: statements end in "@" here.
+# Semicolons split CMake lists and brackets group them: both become "@".
 string(REPLACE ";" "@" text "${text}")
-string(REGEX MATCHALL "XF_API[^@(]*[ *]([A-Za-z_][A-Za-z0-9_]*)[ \n]*[([@]" decls "${text}")
+string(REPLACE "[" "@" text "${text}")
+string(REPLACE "]" "@" text "${text}")
+string(REGEX MATCHALL "XF_API[^@(]*[ *]([A-Za-z_][A-Za-z0-9_]*)[ \n]*[(@]" decls "${text}")
 set(declared)
 foreach(d IN LISTS decls)
-  string(REGEX MATCH "([A-Za-z_][A-Za-z0-9_]*)[ \n]*[([@]$" m "${d}")
+  string(REGEX MATCH "([A-Za-z_][A-Za-z0-9_]*)[ \n]*[(@]$" m "${d}")
   list(APPEND declared ${CMAKE_MATCH_1})
 endforeach()
 list(APPEND declared ${documented_only})

@@ -1,7 +1,9 @@
 # Installs the build into a temporary prefix, then builds and runs a tiny
 # consumer twice: through find_package(xfmt) and through pkg-config.
 #   cmake -DBUILD_DIR=... -DWORK_DIR=... -DCONSUMER_DIR=... -DLIBDIR=lib
-#         -DCC=cc -DGENERATOR=Ninja -P check_install.cmake
+#         -DCC=cc -DGENERATOR=Ninja [-DEXTRA_FLAGS=-fsanitize=...] -P check_install.cmake
+# EXTRA_FLAGS carries the sanitizer flags of a sanitized build: an
+# instrumented libxfmt.so needs an instrumented program to load it.
 
 function(run)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
@@ -24,7 +26,8 @@ endforeach()
 
 # find_package
 run(${CMAKE_COMMAND} -S ${CONSUMER_DIR} -B ${WORK_DIR}/cmake-consumer -G ${GENERATOR}
-    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_C_COMPILER=${CC})
+    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_C_COMPILER=${CC} "-DCMAKE_C_FLAGS=${EXTRA_FLAGS}"
+    "-DCMAKE_EXE_LINKER_FLAGS=${EXTRA_FLAGS}")
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/cmake-consumer)
 run(${CMAKE_COMMAND} -E env LD_LIBRARY_PATH=${prefix}/${LIBDIR} ${WORK_DIR}/cmake-consumer/consumer)
 message(STATUS "find_package consumer: ${last_output}")
@@ -39,6 +42,7 @@ set(ENV{PKG_CONFIG_PATH} ${prefix}/${LIBDIR}/pkgconfig)
 run(${PKG_CONFIG} --define-variable=prefix=${prefix} --cflags --libs xfmt)
 string(STRIP "${last_output}" flags)
 separate_arguments(flags UNIX_COMMAND "${flags}")
-run(${CC} -std=c99 -pedantic -Wall -Wextra -Werror ${CONSUMER_DIR}/main.c ${flags} -o ${WORK_DIR}/pc-consumer)
+separate_arguments(extra UNIX_COMMAND "${EXTRA_FLAGS}")
+run(${CC} -std=c99 -pedantic -Wall -Wextra -Werror ${extra} ${CONSUMER_DIR}/main.c ${flags} -o ${WORK_DIR}/pc-consumer)
 run(${CMAKE_COMMAND} -E env LD_LIBRARY_PATH=${prefix}/${LIBDIR} ${WORK_DIR}/pc-consumer)
 message(STATUS "pkg-config consumer: ${last_output}")

@@ -5,7 +5,9 @@
 #include <cstring>
 #include <string>
 
+#include "oracle/dispatch_oracle.hpp"
 #include "support/frame.hpp"
+#include "support/random.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {
@@ -37,7 +39,7 @@ xf_status recorder(xf_frame *f) {
 // from the decimals field so that tests can choose it.
 xf_status echo(xf_frame *f) {
   uint32_t n = f->input_length < f->output_capacity ? f->input_length : f->output_capacity;
-  std::memcpy(f->output, f->input, n);
+  if (n) std::memcpy(f->output, f->input, n);
   f->output_length = n;
   return static_cast<xf_status>(f->decimals);
 }
@@ -302,6 +304,33 @@ TEST(dispatch_user, utf16_request_keeps_utf16_labels_and_widens_plain_output) {
   c.f.requested_output_encoding = XF_ENC_UTF16LE;
   EXPECT_EQ(xffmt(&c.f, &p), XF_OK);
   EXPECT_EQ(utf16(c), u"12");
+}
+
+}  // namespace
+
+namespace {
+
+TEST(dispatch_encoding, random_fields_against_the_oracle) {
+  // A refreshed handle whose routine copies the input into the field.
+  fmtposs_row h = catalog_handle(echo);
+  h.link = reinterpret_cast<uint64_t>(&h);
+  auto gen = xfmt::test::rng(0xD15);
+  uint64_t n = xfmt::test::scaled(5000);
+  for (uint64_t i = 0; i < n; ++i) {
+    std::string text(gen() % 300, ' ');
+    for (char &c : text) c = static_cast<char>(gen() % 256);
+    uint32_t cap = static_cast<uint32_t>(gen() % 640);
+    bool wants = gen() % 4 != 0;
+    frame_box b = frame_box::chars(text, static_cast<int32_t>(text.size()), 0, cap);
+    b.f.requested_output_encoding = wants ? XF_ENC_UTF16LE : 0;
+    ASSERT_EQ(xffmt(&b.f, &h), XF_OK);
+    uint32_t enc = 0;
+    std::string field = text.substr(0, text.size() < cap ? text.size() : cap);
+    std::string want = xfmt::oracle::encode_field(field, cap, wants, enc);
+    ASSERT_EQ(b.str(), want) << "case " << i << " seed " << xfmt::test::test_seed();
+    ASSERT_EQ(b.f.output_encoding, enc) << "case " << i;
+    ASSERT_LE(b.f.output_length, cap);
+  }
 }
 
 }  // namespace

@@ -29,8 +29,14 @@ char missing_char(double v) {
   return idx >= 0 && idx <= 28 ? sym[idx] : ' ';
 }
 
-// m * 10^-e the way the printer scales: long double steps of 10^27 at most.
+// m * 10^-e the way the printer scales: one double operation by an exact
+// power within 10^+-22, else long double steps of 10^27 at most.
 double scale(double m, int e) {
+  if (e >= -22 && e <= 22) {
+    double p = 1;
+    for (int i = 0; i < (e < 0 ? -e : e); ++i) p *= 10;
+    return e >= 0 ? m / p : m * p;
+  }
   long double x = m;
   long double p27 = 1e27L;
   if (e > 0) {

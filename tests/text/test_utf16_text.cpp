@@ -7,6 +7,7 @@
 
 #include "oracle/text_oracle.hpp"
 #include "support/random.hpp"
+#include "text/utf16_kernels.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {
@@ -138,8 +139,8 @@ TEST(unicode_utf8, random_text_matches_the_oracle) {
   auto g = xfmt::test::rng(71);
   const uint64_t cases = xfmt::test::scaled(3000);
   for (uint64_t c = 0; c < cases; ++c) {
-    std::vector<uint16_t> u = random_units(g, g() % 64);
-    uint32_t cap = static_cast<uint32_t>(g() % 200);
+    std::vector<uint16_t> u = random_units(g, g() % 200);
+    uint32_t cap = static_cast<uint32_t>(g() % 700);
     to8 fast = utf16_to_8(u, cap);
     auto slow = xfmt::oracle::unicode_to_utf8(u, cap);
     ASSERT_EQ(fast.bytes, slow.bytes) << "case " << c;
@@ -152,9 +153,22 @@ TEST(utf8_to_unicode, random_bytes_match_the_oracle) {
   auto g = xfmt::test::rng(72);
   const uint64_t cases = xfmt::test::scaled(3000);
   for (uint64_t c = 0; c < cases; ++c) {
-    std::string s(g() % 80, '\0');
-    for (auto &ch : s) ch = static_cast<char>(g() % 3 ? g() % 0x80 : g() % 256);
-    uint32_t cap = static_cast<uint32_t>(g() % 180);
+    std::string s(g() % 300, '\0');
+    if (c % 2) {
+      for (auto &ch : s) ch = static_cast<char>(g() % 3 ? g() % 0x80 : g() % 256);
+    } else {
+      // Well-formed text of one- to four-byte characters, a stray byte now and then.
+      s.clear();
+      while (s.size() < 300 && g() % 100) {
+        uint8_t buf[4];
+        uint32_t n = 0;
+        const uint32_t cp = static_cast<uint32_t>(g() % 4 == 0 ? g() % 0x110000 : g() % 4 == 0 ? g() % 0x800 : g() % 0x80);
+        UTF32_UTF8(cp, buf, 4, &n);
+        s.append(reinterpret_cast<const char *>(buf), n);
+        if (g() % 50 == 0) s += static_cast<char>(0x80 + g() % 0x80);
+      }
+    }
+    uint32_t cap = static_cast<uint32_t>(g() % 700);
     to16 fast = utf8_to_16(s, cap);
     auto slow = xfmt::oracle::utf8_to_unicode(s, cap / 2);
     ASSERT_EQ(fast.units, slow.units) << "case " << c;
@@ -181,6 +195,76 @@ TEST(latin1_to_unicode, small_destination_fills_what_fits_and_returns_2) {
   EXPECT_EQ(out[1], 0xE9);
   EXPECT_EQ(LATIN1ToUNICODE(in, 0, out.data(), 0, &n), 0u);
   EXPECT_EQ(n, 0u);
+}
+
+// Both block loops (portable and SSSE3) against the oracle on texts long
+// enough to reach them: runs of ASCII, two-byte and three-byte characters,
+// with a broken sequence now and then.
+std::string long_mixed_utf8(std::mt19937_64 &g) {
+  std::string s;
+  const size_t target = 16 + g() % 400;
+  while (s.size() < target) {
+    const uint32_t run = 1 + static_cast<uint32_t>(g() % 20);
+    const uint32_t kind = static_cast<uint32_t>(g() % 5);
+    for (uint32_t k = 0; k < run; ++k) {
+      const uint64_t r = g();
+      const uint32_t cp = static_cast<uint32_t>(kind == 0 ? 0x20 + r % 0x5F : kind == 1 ? 0x80 + r % 0x780 : kind == 2 ? 0x800 + r % 0xF000 : kind == 3 ? 0x10000 + r % 0x1000 : r % 0x800);
+      uint8_t buf[4];
+      uint32_t n = 0;
+      UTF32_UTF8(cp, buf, 4, &n);
+      s.append(reinterpret_cast<const char *>(buf), n);
+    }
+    if (g() % 8 == 0) s += static_cast<char>(g() % 2 ? 0x80 + g() % 0x40 : 0xC0 + g() % 0x40);
+  }
+  return s;
+}
+
+TEST(utf16_block_loops, both_loops_match_the_oracle_from_utf8) {
+  auto g = xfmt::test::rng(73);
+  const uint64_t cases = xfmt::test::scaled(3000);
+  for (uint64_t c = 0; c < cases; ++c) {
+    const std::string s = long_mixed_utf8(g);
+    const uint32_t cap_bytes = static_cast<uint32_t>(c % 4 == 0 ? g() % (2 * s.size() + 2) : 2 * s.size() + 64);
+    const auto slow = xfmt::oracle::utf8_to_unicode(s, cap_bytes / 2);
+    for (bool wide : {false, true}) {
+      if (wide && !xfmt::text::have_ssse3()) continue;
+      std::vector<uint16_t> out(cap_bytes / 2 + 1);
+      uint32_t chars = 0, bytes = 0;
+      const uint32_t r = xfmt::text::utf8_to_units(reinterpret_cast<const uint8_t *>(s.data()),
+                                                   static_cast<uint32_t>(s.size()), out.data(), cap_bytes, &chars,
+                                                   &bytes, wide);
+      ASSERT_EQ(r, slow.result) << "case " << c << " wide " << wide;
+      ASSERT_EQ(std::vector<uint16_t>(out.begin(), out.begin() + chars), slow.units) << "case " << c << " wide " << wide;
+    }
+  }
+}
+
+TEST(utf16_block_loops, both_loops_match_the_oracle_to_utf8) {
+  auto g = xfmt::test::rng(74);
+  const uint64_t cases = xfmt::test::scaled(3000);
+  for (uint64_t c = 0; c < cases; ++c) {
+    std::vector<uint16_t> u;
+    const size_t target = 8 + g() % 300;
+    while (u.size() < target) {
+      const uint32_t run = 1 + static_cast<uint32_t>(g() % 12);
+      const uint32_t kind = static_cast<uint32_t>(g() % 4);
+      for (uint32_t k = 0; k < run; ++k)
+        u.push_back(static_cast<uint16_t>(kind == 0 ? g() % 0x80 : kind == 1 ? g() % 0x800 : kind == 2 ? g() : 0x7F + g() % 3));
+    }
+    const uint32_t cap = static_cast<uint32_t>(c % 4 == 0 ? g() % (3 * u.size() + 2) : 3 * u.size() + 32);
+    const auto slow = xfmt::oracle::unicode_to_utf8(u, cap);
+    for (bool wide : {false, true}) {
+      if (wide && !xfmt::text::have_ssse3()) continue;
+      std::vector<uint8_t> out(cap + 1);
+      uint32_t chars = 0, bytes = 0;
+      const uint32_t r = xfmt::text::units_to_utf8(u.data(), static_cast<uint32_t>(2 * u.size()), out.data(), cap,
+                                                   &chars, &bytes, wide);
+      ASSERT_EQ(r, slow.result) << "case " << c << " wide " << wide;
+      ASSERT_EQ(chars, slow.chars);
+      ASSERT_EQ(std::string(reinterpret_cast<const char *>(out.data()), bytes), slow.bytes)
+          << "case " << c << " wide " << wide;
+    }
+  }
 }
 
 }  // namespace

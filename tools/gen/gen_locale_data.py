@@ -123,9 +123,13 @@ def icu_dump(ids):
 
 # Letters of ICU date patterns and what they become; a run's length picks the
 # form. "d" (one letter) is the unpadded day, "dd" the two-digit one, and so on.
-def icu_letter(ch, n):
+class NoConversion(ValueError):
+    """An ICU field the date expander has no conversion for."""
+
+
+def icu_letter(ch, n, era):
     if ch in "yu":
-        return "%y" if n == 2 else "%Y"
+        return ("%+y" if era else "%y") if n == 2 else ("%+Y" if era else "%Y")
     if ch == "M":
         return {1: "%#m", 2: "%m", 3: "%b", 4: "%B"}.get(n, "%b")
     if ch == "L":
@@ -152,10 +156,10 @@ def icu_letter(ch, n):
         return "%p"
     if ch in "zZvVOxX":
         return "%Z"
-    if ch == "Q":
-        return "%Q" if n == 4 else "%q"
-    if ch == "q":
-        return "%#Q" if n == 4 else "%#q"
+    if ch in "Qq":  # the quarter number alone has no conversion
+        if n < 3:
+            raise NoConversion(ch)
+        return ("%Q" if n == 4 else "%q") if ch == "Q" else ("%#Q" if n == 4 else "%#q")
     if ch == "w":
         return "%U"
     if ch == "D":
@@ -165,7 +169,7 @@ def icu_letter(ch, n):
     raise ValueError(f"ICU pattern letter {ch!r}")
 
 
-def from_icu(p):
+def from_icu(p, era=False):
     out, i, n = [], 0, len(p)
     while i < n:
         c = p[i]
@@ -181,12 +185,32 @@ def from_icu(p):
             j = i
             while j < n and p[j] == c:
                 j += 1
-            out.append(icu_letter(c, j - i))
+            out.append(icu_letter(c, j - i, era))
             i = j
         else:
             out.append("%%" if c == "%" else c)
             i += 1
     return tidy("".join(out))
+
+
+def numeric_quarter(u, key, names, letters, era):
+    """A pattern with the quarter number alone ("y年第Q季度"): the literal text
+    around it that every quarter name of the set shares ("第" and "季度" of
+    "第一季度") is taken into a quarter-name conversion ("%Y年%Q"). The widest
+    such window wins; None when no window explains the names."""
+    p = u[key]
+    m = re.search(r"(?<![A-Za-z])Q{1,2}(?![A-Za-z])", p)
+    if m is None:
+        return None
+    q = [u[f"{names}{i}"] for i in range(4)]
+    before = re.search(r"[^A-Za-z']*$", p[:m.start()]).group(0)
+    after = re.match(r"[^A-Za-z']*", p[m.end():]).group(0)
+    for nb in range(len(before), -1, -1):
+        for na in range(len(after), -1, -1):
+            pre, suf = before[len(before) - nb:], after[:na]
+            if (nb or na) and all(x.startswith(pre) and x.endswith(suf) and len(x) > nb + na for x in q):
+                return from_icu(p[:m.start() - nb] + letters + p[m.end() + na:], era)
+    return None
 
 
 # Bidirectional marks are left out (single-byte code pages have none of them)
@@ -215,10 +239,16 @@ def from_glibc(p):
         while i < n and p[i] in "-_0^#":
             nopad = nopad or p[i] in "-_"
             i += 1
+        alt_era = False
         while i < n and p[i] in "EO":
+            alt_era = alt_era or p[i] == "E"
             i += 1
         L = p[i]
         i += 1
+        # "%Ey" is the year of the locale's era (Buddhist in Thailand).
+        if alt_era and L in "yY":
+            out.append("%+" + L)
+            continue
         rep = {"h": "%b", "D": "%m/%d/%y", "F": "%Y-%m-%d", "R": "%H:%M", "r": "%I:%M:%S %p",
                "k": "%H", "l": "%I", "P": "%p", "n": " ", "t": " ", "C": "", "s": ""}.get(L)
         if rep is None:
@@ -233,7 +263,7 @@ def from_glibc(p):
 
 def date_order(pat):
     pos = {}
-    for m in re.finditer(r"%#?([a-zA-Z])", pat):
+    for m in re.finditer(r"%#?\+?([a-zA-Z])", pat):
         k = {"d": "D", "e": "D", "m": "M", "b": "M", "B": "M", "Y": "Y", "y": "Y"}.get(m.group(1))
         if k and k not in pos:
             pos[k] = m.start()
@@ -247,6 +277,13 @@ def date_separator(pat):
         if c in "-./":
             return c
     return None
+
+
+# The narrow no-break space that newer locale sources use between digit groups
+# exists in no single-byte code page; the no-break space does (0xA0 in the
+# Latin and Windows pages), so groups stay apart after transcoding.
+def separator(s):
+    return s.replace("\u202f", "\u00a0")
 
 
 def grouping(vals):
@@ -296,30 +333,39 @@ def build_record(ident, full, code, icu):
     # Dates: the numeric form from the C library when it is numeric, else ICU's
     # short form with a four-digit year.
     d_fmt = from_glibc(first(t.get("d_fmt")))
-    if not re.search(r"%#?m", d_fmt) or not re.search(r"%#?[dDeE]", d_fmt):
-        d_fmt = from_icu(u["date_short"]).replace("%y", "%Y")
+    # When the C library counts years in the locale's era, so do the others.
+    era = "%+" in d_fmt
+    if re.search(r"%#?[aAbB]", d_fmt) or not re.search(r"%#?m", d_fmt) or not re.search(r"%#?[de]", d_fmt):
+        d_fmt = from_icu(u["date_short"], era).replace("%y", "%Y")
+
+    def icu(key, fallback=None):
+        try:
+            return from_icu(u[key], era)
+        except NoConversion:
+            return fallback
+
     r[6] = date_order(d_fmt)
     r[29] = d_fmt
-    r[30] = from_icu(u["date_medium"])
-    r[31] = r[28] = from_icu(u["date_long"])
-    r[32] = from_icu(u["date_full"])
+    r[30] = icu("date_medium")
+    r[31] = r[28] = icu("date_long")
+    r[32] = icu("date_full")
     r[33] = r[32].replace("%A", "%a").replace("%B", "%b").replace("%#B", "%#b")
-    r[34] = from_icu(u["skel_yMMMM"])
-    r[35] = from_icu(u["skel_yMMM"])
-    r[36] = from_icu(u["skel_MMMMd"])
-    r[37] = from_icu(u["skel_MMMd"])
-    r[38] = from_icu(u["skel_y"])
-    r[39] = from_icu(u["skel_yy"])
-    r[40] = from_icu(u["skel_yQQQQ"])
-    r[41] = from_icu(u["skel_yQQQ"])
+    r[34] = icu("skel_yMMMM")
+    r[35] = icu("skel_yMMM")
+    r[36] = icu("skel_MMMMd")
+    r[37] = icu("skel_MMMd")
+    r[38] = icu("skel_y")
+    r[39] = icu("skel_yy")
+    r[40] = icu("skel_yQQQQ") or numeric_quarter(u, "skel_yQQQQ", "q_wide", "QQQQ", era) or "%Q %Y"
+    r[41] = icu("skel_yQQQ") or numeric_quarter(u, "skel_yQQQ", "q_abbr", "QQQ", era) or "%q %Y"
     r[42], r[43] = "%Y-W%U", "%y-W%U"
 
     # Times: 24-hour from the C library (its own if it is a 24-hour form);
     # the locale's usual clock from ICU.
     t_fmt = from_glibc(first(t.get("t_fmt"))).replace("%Z", "").strip()
     r[53] = t_fmt if re.search(r"%#?H|%T", t_fmt) else "%H:%M:%S"
-    r[55] = r[52] = from_icu(u["time_medium"])
-    r[54] = from_icu(u["time_short"])
+    r[55] = r[52] = icu("time_medium")
+    r[54] = icu("time_short")
     r[56] = r[57] = r[55] + " %Z"
     r[44] = r[31] + " " + r[55]
     r[45] = r[30] + " " + r[55]
@@ -349,6 +395,9 @@ def build_record(ident, full, code, icu):
     if not am_pm[0] or not am_pm[1]:
         am_pm = [u["ampm0"], u["ampm1"]]
     r[151], r[152] = am_pm[0], am_pm[1]
+    # Some sources pad names to a common width (" 1<U6708>" in Japanese);
+    # the formats pad by themselves where a layout asks for it.
+    r[59:153] = [str(x).strip() for x in r[59:153]]
     r[153] = date_separator(d_fmt) or date_separator(from_icu(u["date_short"])) or "/"
     r[154] = "0"
 
@@ -359,7 +408,7 @@ def build_record(ident, full, code, icu):
         r[155] = first(mon_.get("int_curr_symbol")).strip()
         r[156] = first(mon_.get("currency_symbol"))
     r[157] = first(mon_.get("mon_decimal_point"), ".")
-    r[158] = first(mon_.get("mon_thousands_sep"))
+    r[158] = separator(first(mon_.get("mon_thousands_sep")))
     r[159] = grouping(mon_.get("mon_grouping", []))
     r[160] = first(mon_.get("positive_sign"))
     r[161] = first(mon_.get("negative_sign"), "-")
@@ -375,7 +424,7 @@ def build_record(ident, full, code, icu):
 
     # Numbers.
     r[172] = first(num.get("decimal_point"), ".")
-    r[173] = first(num.get("thousands_sep"))
+    r[173] = separator(first(num.get("thousands_sep")))
     r[174] = grouping(num.get("grouping", []))
     r[175], r[176] = r[160], r[161]
     r[177:183] = r[164:170]
@@ -414,6 +463,14 @@ def escape(s, field):
     return "".join(out)
 
 
+def locales_version():
+    try:
+        return subprocess.check_output(["dpkg-query", "-W", "-f=${Version}", "locales"], text=True,
+                                       stderr=subprocess.DEVNULL).strip()
+    except (OSError, subprocess.CalledProcessError):
+        return "unknown"
+
+
 def c_string(s):
     return '"' + s.replace("\\", "\\\\").replace('"', '\\"').replace("??", '?""?') + '"'
 
@@ -429,10 +486,10 @@ def main():
     icu = icu_dump(ids)
 
     out = ["// Generated by tools/gen/gen_locale_data.py; regenerate with: python3 tools/gen/gen_locale_data.py\n",
-           f"// Sources: /usr/share/i18n/locales (package locales), ICU {icu['-']['icu']} data (package libicu-dev).\n",
+           f"// Sources: /usr/share/i18n/locales (package locales {locales_version()}), ICU {icu['-']['icu']} data (package libicu-dev).\n",
            "// 136 locale records of 189 fields; locale id k is row k-1. Characters outside ASCII\n",
            "// are written as <U00A0> escapes. Do not edit: change the generator and rerun it.\n",
-           '#include "xfmt/xfmt.h"\n\n',
+           '#include "xfmt/xfmt.h"\n\n#include <cstdint>\n\n',
            "#define F(s) {sizeof(s) - 1, s}\n",
            "#define E {0, nullptr}\n\n",
            "extern \"C\" const zav_locale_field ZAVlocaleData[136][189] = {\n"]
@@ -443,7 +500,17 @@ def main():
             v = escape(str(v), k)
             out.append(f"        F({c_string(v)}),  // {k}\n" if v else f"        E,  // {k}\n")
         out.append("    },\n")
-    out.append("};\n\n#undef F\n#undef E\n")
+    out.append("};\n\n#undef F\n#undef E\n\n")
+    # Fields 4 and 5 again, lower case and packed four bytes to a word
+    # (language in the low half), so the ZAV_LOCALE scan compares integers.
+    out.append("namespace xfmt::nls {\n\n")
+    out.append("extern const uint32_t locale_codes[136];\n")
+    out.append("const uint32_t locale_codes[136] = {\n")
+    for ident, full, code in recs:
+        c = code[:2].lower() + code[3:5].lower()
+        word = sum(ord(ch) << (8 * i) for i, ch in enumerate(c))
+        out.append(f"    0x{word:08X}u,  // {ident} {c[:2]} {c[2:]}\n")
+    out.append("};\n\n}  // namespace xfmt::nls\n")
     with open(args.out, "w", encoding="ascii", newline="\n") as f:
         f.write("".join(out))
 

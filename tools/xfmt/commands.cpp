@@ -73,7 +73,7 @@ std::string upper(std::string s) {
 std::string list_row(const char *module, const fmtinfo_eachfmt &r, const char *state) {
   std::string name(r.name, r.name_length);
   char line[160];
-  std::snprintf(line, sizeof line, "%-16s %-9s %5u-%-5u (%5u)  %2u-%-2u (%2u)  %s", name.c_str(), module,
+  std::snprintf(line, sizeof line, "%-16s %-9s %5u %5u %5u  %5u %5u %5u  %s", name.c_str(), module,
                 unsigned{r.min_width}, unsigned{r.max_width}, unsigned{r.default_width},
                 unsigned{r.min_decimals}, unsigned{r.max_decimals}, unsigned{r.default_decimals}, state);
   return line;
@@ -151,7 +151,8 @@ int cmd_list(const std::vector<std::string> &args, const run_options &opt) {
   }
   list_user_formats(opt, prefix, lines);
   if (lines.empty()) return fail("no conversion name begins with '" + prefix + "'");
-  std::printf("%-16s %-9s %-19s  %-13s  %s\n", "NAME", "MODULE", "WIDTH (DEFAULT)", "DECIMALS", "STATE");
+  std::printf("%-16s %-9s %5s %5s %5s  %5s %5s %5s  %s\n", "NAME", "MODULE", "MIN_W", "MAX_W", "DEF_W", "MIN_D",
+              "MAX_D", "DEF_D", "STATE");
   for (const std::string &l : lines) write_line(l, false);
   return 0;
 }

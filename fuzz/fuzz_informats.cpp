@@ -1,0 +1,80 @@
+// Every informat of JAZWIMSC on arbitrary bytes: byte 0 picks the row, byte
+// 1 the width, byte 2 the decimals, the rest is the text. Input and output
+// are exact-size heap buffers, so a one-byte overrun is seen by
+// AddressSanitizer; the same call twice must give the same bytes and status,
+// and a numeric informat stores either a number or a missing value, with a
+// failure status only beside the ordinary missing value.
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+#include "catalog/missing.hpp"
+#include "xfmt/xfmt.h"
+
+namespace {
+
+struct outcome {
+  xf_status status;
+  uint32_t length;
+  std::unique_ptr<unsigned char[]> bytes;
+};
+
+outcome run(xf_routine routine, const unsigned char *text, size_t n, int32_t w, int32_t d,
+            uint32_t capacity) {
+  std::unique_ptr<unsigned char[]> in(new unsigned char[n == 0 ? 1 : n]);
+  if (n) std::memcpy(in.get(), text, n);
+  outcome o{0, 0, std::unique_ptr<unsigned char[]>(new unsigned char[capacity == 0 ? 1 : capacity])};
+  std::memset(o.bytes.get(), 0xEE, capacity == 0 ? 1 : capacity);
+  xf_frame f{};
+  f.width = w;
+  f.decimals = d;
+  f.input = in.get();
+  f.input_length = static_cast<uint32_t>(n);
+  f.output = capacity == 0 ? nullptr : o.bytes.get();
+  f.output_capacity = capacity;
+  o.status = routine(&f);
+  o.length = f.output_length;
+  if (o.length > capacity) std::abort();
+  return o;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+  if (size < 3) return 0;
+  const fmtinfo *m = jazwimsc();
+  const fmtinfo_eachfmt &row = m->rows[data[0] % m->count];
+  if (row.routine == nullptr) return 0;
+  bool character = row.name[1] == '$';
+  int32_t w = static_cast<int8_t>(data[1]);  // -128 .. 127
+  int32_t d = data[2] % 104;                 // 0 .. 103, past 31 and through 98/99
+  const unsigned char *text = data + 3;
+  size_t n = size - 3;
+  uint32_t capacity = character ? (w > 0 ? static_cast<uint32_t>(w) : 0) : 8;
+  if (data[2] >= 240) capacity = data[2] - 240u;  // now and then a short buffer
+
+  outcome a = run(row.routine, text, n, w, d, capacity);
+  outcome b = run(row.routine, text, n, w, d, capacity);
+  if (a.status != b.status || a.length != b.length ||
+      std::memcmp(a.bytes.get(), b.bytes.get(), capacity) != 0)
+    std::abort();
+
+  if (!character && capacity >= 8) {
+    if (a.length != 8) std::abort();
+    uint64_t bits;
+    std::memcpy(&bits, a.bytes.get(), 8);
+    double v;
+    std::memcpy(&v, &bits, 8);
+    bool missing = xfmt::is_missing_bits(bits);
+    if (v != v && !missing) std::abort();                      // a NaN that is no missing value
+    if (v - v != 0 && !missing) std::abort();                   // an infinity
+    if (bits == 0x8000000000000000ull) std::abort();            // -0 is never stored
+    if (a.status != XF_OK && bits != xfmt::missing_ordinary_bits) std::abort();
+    if (a.status != XF_OK && a.status != XF_IN_INVALID && a.status != XF_IN_RANGE_WARNING &&
+        a.status != XF_IN_BAD_WIDTH)
+      std::abort();
+  }
+  return 0;
+}

@@ -1,0 +1,71 @@
+// The C library behind platform.hpp.
+#include "catalog/platform.hpp"
+
+#include <atomic>
+#include <cctype>     // __ctype_toupper_loc through toupper's table
+#include <cstdlib>    // getenv, exit
+#include <ctime>      // localtime_r, tzset, timezone
+#include <iconv.h>    // iconv_open, iconv, iconv_close
+#include <sys/time.h> // gettimeofday
+
+namespace xfmt::platform {
+
+namespace {
+
+wall_time system_now() {
+  timeval tv{};
+  gettimeofday(&tv, nullptr);
+  return {static_cast<int64_t>(tv.tv_sec), static_cast<int32_t>(tv.tv_usec)};
+}
+
+bool system_local(int64_t seconds, local_time *out) {
+  const time_t t = static_cast<time_t>(seconds);
+  tm parts{};
+  if (localtime_r(&t, &parts) == nullptr) return false;
+  *out = {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour,
+          parts.tm_min,         parts.tm_sec,     parts.tm_isdst > 0};
+  return true;
+}
+
+int32_t system_zone() {
+  tzset();
+  return static_cast<int32_t>(timezone);
+}
+
+constexpr clock_source system_source{system_now, system_local, system_zone};
+std::atomic<const clock_source *> installed{nullptr};
+
+}  // namespace
+
+const clock_source &system_clock() { return system_source; }
+
+const clock_source &current_clock() {
+  const clock_source *c = installed.load(std::memory_order_acquire);
+  return c != nullptr ? *c : system_source;
+}
+
+void set_clock(const clock_source *clock) { installed.store(clock, std::memory_order_release); }
+
+const char *environment(const char *name) { return std::getenv(name); }
+
+const int32_t *toupper_table() { return *__ctype_toupper_loc(); }
+
+void *iconv_begin(const char *to_code, const char *from_code) {
+  iconv_t h = iconv_open(to_code, from_code);
+  return h == reinterpret_cast<iconv_t>(-1) ? nullptr : static_cast<void *>(h);
+}
+
+bool iconv_step(void *handle, const char **in, size_t *in_left, char **out, size_t *out_left) {
+  char *src = const_cast<char *>(*in);  // iconv's prototype lacks the const; it never writes there
+  const size_t r = iconv(static_cast<iconv_t>(handle), &src, in_left, out, out_left);
+  *in = src;
+  return r != static_cast<size_t>(-1);
+}
+
+void iconv_end(void *handle) {
+  if (handle != nullptr) iconv_close(static_cast<iconv_t>(handle));
+}
+
+void exit_process(int status) { std::exit(status); }
+
+}  // namespace xfmt::platform

@@ -1,0 +1,59 @@
+// The one funnel to the C library's process-wide services: the clock and
+// local time, the time-zone offset, the environment, the toupper table and
+// iconv. Tests swap the clock for a fixed one; nothing else in the library
+// calls these C functions directly.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace xfmt::platform {
+
+struct wall_time {
+  int64_t seconds;       // since 1970-01-01 00:00:00 UTC
+  int32_t microseconds;  // 0-999999
+};
+
+struct local_time {
+  int32_t year;    // four digits
+  int32_t month;   // 1-12
+  int32_t day;     // 1-31
+  int32_t hour;    // 0-23
+  int32_t minute;  // 0-59
+  int32_t second;  // 0-60
+  bool dst;        // daylight saving time in force
+};
+
+// A source of the current time. The system one reads gettimeofday,
+// localtime_r and the C library's timezone variable (after tzset).
+struct clock_source {
+  wall_time (*now)();
+  bool (*to_local)(int64_t seconds, local_time *out);
+  int32_t (*zone_seconds_west)();  // standard time, seconds west of UTC
+};
+
+const clock_source &system_clock();
+// The clock in use: the system clock unless a test installed another.
+const clock_source &current_clock();
+// Tests only: installs a clock (nullptr restores the system clock). Not to be
+// called while conversions run on other threads.
+void set_clock(const clock_source *clock);
+
+// getenv; NULL when the variable is not set.
+const char *environment(const char *name);
+
+// The current locale's toupper table, indexable by -128..255; fetch it once
+// per call of a routine, not per byte.
+const int32_t *toupper_table();
+
+// iconv: an opaque handle, NULL when the conversion is not available.
+void *iconv_begin(const char *to_code, const char *from_code);
+// Converts as iconv does; returns false on any error (with the pointers and
+// counts advanced past what was converted).
+bool iconv_step(void *handle, const char **in, size_t *in_left, char **out, size_t *out_left);
+void iconv_end(void *handle);
+
+// Ends the process with the given status.
+[[noreturn]] void exit_process(int status);
+
+}  // namespace xfmt::platform

@@ -1,0 +1,210 @@
+// Formats of one part of a date: DATE (day, month abbreviation, year),
+// MONYY, DAY, MONTH, YEAR, QTR, QTRR, WEEKDAY, JULIAN and JULDATE, JULDAY,
+// and the Japanese era date NENGO.
+#include "xfmt/xfmt.h"
+
+#include <cstring>
+
+#include "catalog/field.hpp"
+#include "datetime/calendar.hpp"
+#include "datetime/date_field.hpp"
+
+using namespace xfmt::datetime;
+using xfmt::frame_out;
+using xfmt::frame_value;
+using xfmt::write_int_right;
+
+namespace {
+
+const char month_abbr[12][4] = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
+                                "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
+const char month_alphabet[] = "0123456789ABC";
+const char *const roman[5] = {"", "I", "II", "III", "IV"};
+
+// The month abbreviation and the year in n = 5 ("JUL23") or 7 ("JUL2023")
+// characters; a five-digit year shows as "****".
+void monyy_text(char *out, int32_t n, const ymd &c) {
+  std::memcpy(out, month_abbr[c.month - 1], 3);
+  if (n == 5) put2(out + 3, c.year % 100);
+  else write_int_right(out + 3, 4, c.year);
+}
+
+xf_status finish(xf_frame *f) {
+  f->output_length = static_cast<uint32_t>(f->width);
+  return XF_OK;
+}
+
+// Blank-fills the first w - n positions and returns where n characters of
+// right-justified text begin.
+char *right_part(xf_frame *f, int32_t n) {
+  char *out = frame_out(f);
+  if (f->width > n) std::memset(out, ' ', static_cast<size_t>(f->width - n));
+  return out + (f->width - n);
+}
+
+}  // namespace
+
+extern "C" {
+
+XF_API xf_status zfmmony(xf_frame *f) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 1, st)) return st;
+  if (f->width < 5) return too_narrow(f);
+  const ymd c = ymd_of_value(frame_value(f));
+  monyy_text(right_part(f, f->width >= 7 ? 7 : 5), f->width >= 7 ? 7 : 5, c);
+  return finish(f);
+}
+
+// DATE5 04JUL, DATE7 04JUL23, DATE9 04JUL2023, DATE11 04-JUL-2023; the even
+// widths 6, 8 and 10 put a blank before the next narrower layout.
+XF_API xf_status zfmdate(xf_frame *f) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 1, st)) return st;
+  if (f->width < 2) return too_narrow(f);
+  const ymd c = ymd_of_value(frame_value(f));
+  if (f->width >= 11) {
+    char *p = right_part(f, 11);
+    put2(p, c.day);
+    p[2] = '-';
+    std::memcpy(p + 3, month_abbr[c.month - 1], 3);
+    p[6] = '-';
+    write_int_right(p + 7, 4, c.year);
+    return finish(f);
+  }
+  int32_t n = f->width;
+  if (n == 6 || n == 8 || n == 10) --n;
+  char *p = right_part(f, n);
+  put2(p, c.day);
+  char monyy[7];
+  monyy_text(monyy, n < 9 ? 5 : 7, c);
+  std::memcpy(p + 2, monyy, static_cast<size_t>(n - 2));
+  return finish(f);
+}
+
+XF_API xf_status zfmday(xf_frame *f) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 1, st)) return st;
+  write_int_right(frame_out(f), f->width, ymd_of_value(frame_value(f)).day);
+  return finish(f);
+}
+
+// MONTH1 writes one character: months 10, 11, 12 are A, B, C.
+XF_API xf_status zfmmont(xf_frame *f) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 1, st)) return st;
+  const int32_t m = ymd_of_value(frame_value(f)).month;
+  if (f->width == 1) frame_out(f)[0] = month_alphabet[m];
+  else write_int_right(frame_out(f), f->width, m);
+  return finish(f);
+}
+
+// No range guard here: a date out of range shows stars with status 0.
+// YEAR2 of 2005 is 05, YEAR4 2005, YEAR6 "  2005".
+XF_API xf_status zfmyear(xf_frame *f) {
+  xf_status st = XF_OK;
+  if (!width_usable(f, st)) return st;
+  const double v = frame_value(f);
+  if (xfmt::is_missing(v)) return xfmt::write_missing(f, f->width, f->decimals);
+  const double year = zyear(v);
+  if (unusable(year)) return xfmt::fail_stars(f, f->width, XF_OK);
+  const int32_t w = f->width;
+  const auto y = static_cast<int64_t>(year);
+  const int64_t shown = w < 4 ? y % 100 : y;
+  char *out = frame_out(f);
+  if (write_int_right(out, w, shown) && shown < 10 && w >= 2) out[w - 2] = '0';
+  return finish(f);
+}
+
+XF_API xf_status zfmqtr(xf_frame *f) {
+  xf_status st = XF_OK;
+  if (!width_usable(f, st)) return st;
+  const double v = frame_value(f);
+  if (xfmt::is_missing(v)) return xfmt::write_missing(f, f->width, f->decimals);
+  const double q = zqtr(v);
+  if (unusable(q)) return xfmt::fail_stars(f, f->width, XF_E_DATE_RANGE);
+  write_int_right(frame_out(f), f->width, static_cast<int64_t>(q));
+  return finish(f);
+}
+
+XF_API xf_status zfmqtrr(xf_frame *f) {
+  xf_status st = XF_OK;
+  if (!width_usable(f, st)) return st;
+  const double v = frame_value(f);
+  if (xfmt::is_missing(v)) return xfmt::write_missing(f, f->width, f->decimals);
+  const double q = zqtr(v);
+  if (unusable(q) || q < 1 || q > 4) return xfmt::fail_stars(f, f->width, XF_E_DATE_RANGE);
+  const char *numeral = roman[static_cast<int32_t>(q)];
+  const auto r = static_cast<int32_t>(std::strlen(numeral));
+  if (f->width < r) return too_narrow(f);
+  std::memcpy(right_part(f, r), numeral, static_cast<size_t>(r));
+  return finish(f);
+}
+
+// Before 1600-01-02 the weekday is 1, 0 or negative (see zwekday) and is
+// written as it is: WEEKDAY1 of a negative one is "*".
+XF_API xf_status zfmweek(xf_frame *f) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 1, st)) return st;
+  write_int_right(frame_out(f), f->width, static_cast<int64_t>(zwekday(frame_value(f))));
+  return finish(f);
+}
+
+// JULIAN5 of 2005-01-01 is 05001: below width 7 the century goes, and the
+// last five positions are always digits.
+XF_API xf_status zfmjul(xf_frame *f) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 1, st)) return st;
+  const int32_t w = f->width;
+  auto j = static_cast<int64_t>(zjuldat(frame_value(f)));
+  if (w < 7) j %= 100000;
+  char *out = frame_out(f);
+  if (write_int_right(out, w, j))
+    for (int32_t i = w < 5 ? 0 : w - 5; i < w; ++i)
+      if (out[i] == ' ') out[i] = '0';
+  return finish(f);
+}
+
+XF_API xf_status zfmjuld(xf_frame *f) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 1, st)) return st;
+  const ymd c = ymd_of_value(frame_value(f));
+  write_int_right(frame_out(f), f->width, day_of_year(c.year, c.month, c.day));
+  return finish(f);
+}
+
+// Era letter, era year, month, day, written from the left; the width
+// decides the punctuation: NENGO10 R.01/05/01, NENGO8 R.010501,
+// NENGO5 R0105, NENGO2 the era year alone.
+XF_API xf_status zfmneng(xf_frame *f) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 1, st)) return st;
+  const int32_t w = f->width;
+  if (w < 2) return too_narrow(f);
+  const double v = frame_value(f);
+  int32_t era = 0;
+  while (era < 5 && reigns[era][0] <= v) ++era;
+  if (era == 0) return xfmt::fail_stars(f, w, XF_OK);  // before 1868-04-06
+  xfmt::blank_field(f, w);
+  const ymd c = ymd_of_value(v);
+  const int64_t era_year = c.year - (static_cast<int64_t>(reigns[era - 1][1]) - 1);
+  char *p = frame_out(f);
+  if (w > 2) {
+    *p++ = letters[era];
+    if (w == 4 || w == 8 || w == 10) *p++ = '.';
+  }
+  if (era_year < 1 || era_year > 99) p[0] = p[1] = '*';
+  else put2(p, era_year);
+  p += 2;
+  if (w > 4) {
+    if (w == 6 || w >= 9) *p++ = '/';
+    put2(p, c.month);
+    p += 2;
+  }
+  if (w >= 7) {
+    if (w >= 9) *p++ = '/';
+    put2(p, c.day);
+  }
+  return finish(f);
+}
+
+}  // extern "C"

@@ -1,0 +1,238 @@
+// The numeric date layouts: day-month-year, month-day-year, year-month-day
+// (three fields), month-year, year-month, year-quarter with a digit and with
+// a Roman numeral, each with its separators.
+#include "xfmt/xfmt.h"
+
+#include <cstring>
+
+#include "catalog/field.hpp"
+#include "datetime/calendar.hpp"
+#include "datetime/date_field.hpp"
+
+using namespace xfmt::datetime;
+using xfmt::frame_out;
+using xfmt::write_int_right;
+
+namespace {
+
+enum class order { dmy, mdy, ymd };
+
+// One field of the three-field layouts, written to end at area + pos:
+// values above 99 (years) take four positions ("****" past 9999), others
+// two with a leading zero.
+int32_t put_field(char *area, int32_t pos, int32_t v) {
+  if (v > 99) {
+    write_int_right(area + pos - 4, 4, v);
+    return pos - 4;
+  }
+  if (v < 0) {
+    area[pos - 1] = area[pos - 2] = '*';
+  } else {
+    put2(area + pos - 2, v);
+  }
+  return pos - 2;
+}
+
+xf_status three_fields(xf_frame *f, char sep, order o) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 1, st)) return st;
+  const ymd c = ymd_of_value(xfmt::frame_value(f));
+  const int32_t w = f->width;
+  // The century shows only when the full width is there: 10 with
+  // separators, 8 without.
+  const int64_t y = w < (sep != '\0' ? 10 : 8) ? c.year % 100 : c.year;
+  const auto yy = static_cast<int32_t>(y);
+  switch (o) {
+    case order::dmy: zfmcprt(w, sep, frame_out(f), c.day, c.month, yy); break;
+    case order::mdy: zfmcprt(w, sep, frame_out(f), c.month, c.day, yy); break;
+    case order::ymd: zfmcprt(w, sep, frame_out(f), yy, c.month, c.day); break;
+  }
+  f->output_length = static_cast<uint32_t>(w);
+  return XF_OK;
+}
+
+// Year of the two-field layouts: reduced to two digits (with a leading
+// zero) or the whole year, right-justified and blank padded in n positions.
+void put_year(char *out, int32_t n, int64_t year, bool two_digits) {
+  if (two_digits) {
+    write_int_right(out, n, year % 100);
+    if (n >= 2 && out[n - 2] == ' ') out[n - 2] = '0';
+  } else {
+    write_int_right(out, n, year);
+  }
+}
+
+const char *const roman[5] = {"", "I", "II", "III", "IV"};
+
+}  // namespace
+
+extern "C" {
+
+XF_API int32_t zfmcymd(double *year, double *month, double *day, double date) {
+  const double j = zjuldat(date);
+  zymdjul(year, month, day, j);
+  if (unusable(*year) || unusable(*month) || unusable(*day)) return -1;
+  return 1;
+}
+
+// Worked example, 2023-07-04 as DDMMYY with "/": width 10 builds
+// "04/07/2023"; width 9 "04/07/23" after a blank; width 7 drops the
+// separators (" 040723"); width 5 keeps only day and month with the
+// separator between ("04/07"); width 3 the day alone (" 04").
+XF_API void zfmcprt(int32_t width, char separator, char *output, int32_t left, int32_t middle,
+                    int32_t right) {
+  if (width < 1) return;
+  char area[16];
+  std::memset(area, ' ', sizeof area);
+  int32_t pos = 16;
+  if (width > 5) {
+    pos = put_field(area, pos, right);
+    if (width >= 8 && separator != '\0') area[--pos] = separator;
+  }
+  if (width > 3) {
+    pos = put_field(area, pos, middle);
+    if (separator != '\0' && (width == 5 || width >= 8)) area[--pos] = separator;
+  }
+  put_field(area, pos, left);
+  const int32_t n = width < 10 ? width : 10;
+  if (width > 10) std::memset(output, ' ', static_cast<size_t>(width - 10));
+  std::memcpy(output + (width - n), area + 16 - n, static_cast<size_t>(n));
+}
+
+XF_API xf_status zfmdmy(xf_frame *f) { return three_fields(f, '/', order::dmy); }
+XF_API xf_status zfmdmyb(xf_frame *f) { return three_fields(f, ' ', order::dmy); }
+XF_API xf_status zfmdmyc(xf_frame *f) { return three_fields(f, ':', order::dmy); }
+XF_API xf_status zfmdmyd(xf_frame *f) { return three_fields(f, '-', order::dmy); }
+XF_API xf_status zfmdmyn(xf_frame *f) { return three_fields(f, '\0', order::dmy); }
+XF_API xf_status zfmdmyp(xf_frame *f) { return three_fields(f, '.', order::dmy); }
+XF_API xf_status zfmmdy(xf_frame *f) { return three_fields(f, '/', order::mdy); }
+XF_API xf_status zfmmdyb(xf_frame *f) { return three_fields(f, ' ', order::mdy); }
+XF_API xf_status zfmmdyc(xf_frame *f) { return three_fields(f, ':', order::mdy); }
+XF_API xf_status zfmmdyd(xf_frame *f) { return three_fields(f, '-', order::mdy); }
+XF_API xf_status zfmmdyn(xf_frame *f) { return three_fields(f, '\0', order::mdy); }
+XF_API xf_status zfmmdyp(xf_frame *f) { return three_fields(f, '.', order::mdy); }
+XF_API xf_status zfmymd(xf_frame *f) { return three_fields(f, '-', order::ymd); }
+XF_API xf_status zfmymdb(xf_frame *f) { return three_fields(f, ' ', order::ymd); }
+XF_API xf_status zfmymdc(xf_frame *f) { return three_fields(f, ':', order::ymd); }
+XF_API xf_status zfmymdn(xf_frame *f) { return three_fields(f, '\0', order::ymd); }
+XF_API xf_status zfmymdp(xf_frame *f) { return three_fields(f, '.', order::ymd); }
+XF_API xf_status zfmymds(xf_frame *f) { return three_fields(f, '/', order::ymd); }
+
+// Month, separator, year: MMYY5 07M23, MMYY7 07M2023, MMYYN4 0723. The
+// century needs width 7 with a separator, 6 without.
+XF_API xf_status zfmdlmy(xf_frame *f, char separator) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 1, st)) return st;
+  const int32_t w = f->width, s = separator != '\0' ? 1 : 0;
+  const bool two = w < 7 - (1 - s);
+  const int32_t yl = two ? 2 : 4, area = w - s - yl;
+  if (area < 2) return too_narrow(f);
+  const ymd c = ymd_of_value(xfmt::frame_value(f));
+  char *out = frame_out(f);
+  write_int_right(out, area, c.month);
+  if (out[area - 2] == ' ') out[area - 2] = '0';
+  if (s) out[area] = separator;
+  put_year(out + area + s, yl, c.year, two);
+  f->output_length = static_cast<uint32_t>(w);
+  return XF_OK;
+}
+
+// Year, separator, month: YYMM7 2023M07, YYMM5 23M07, YYMM8 " 2023M07".
+XF_API xf_status zfmdlym(xf_frame *f, char separator) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 1, st)) return st;
+  const int32_t w = f->width, s = separator != '\0' ? 1 : 0;
+  const bool two = w < 7 - (1 - s);
+  const int32_t area = w - s - 2;
+  if (area < 2) return too_narrow(f);
+  const ymd c = ymd_of_value(xfmt::frame_value(f));
+  char *out = frame_out(f);
+  put_year(out, area, c.year, two);
+  if (s) out[area] = separator;
+  put2(out + area + s, c.month);
+  f->output_length = static_cast<uint32_t>(w);
+  return XF_OK;
+}
+
+// Year, separator, quarter digit: YYQC4 23:3, YYQC6 2023:3, YYQN3 233,
+// YYQN5 20233.
+XF_API xf_status zfmdlqy(xf_frame *f, char separator) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 1, st)) return st;
+  const int32_t w = f->width, s = separator != '\0' ? 1 : 0;
+  const bool two = w < 6 - (1 - s);
+  const int32_t area = w - s - 1;
+  if (area < 2) return too_narrow(f);
+  const ymd c = ymd_of_value(xfmt::frame_value(f));
+  char *out = frame_out(f);
+  put_year(out, area, c.year, two);
+  if (s) out[area] = separator;
+  out[w - 1] = static_cast<char>('0' + (c.month - 1) / 3 + 1);
+  f->output_length = static_cast<uint32_t>(w);
+  return XF_OK;
+}
+
+// Year, separator, Roman quarter. The century goes only when the numeral
+// needs its room: YYQR6 gives 2023QI for the first quarter but 23QIII for
+// the third.
+XF_API xf_status zfmdlyq(xf_frame *f, char separator) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 1, st)) return st;
+  const ymd c = ymd_of_value(xfmt::frame_value(f));
+  const char *numeral = roman[(c.month - 1) / 3 + 1];
+  const auto r = static_cast<int32_t>(std::strlen(numeral));
+  const int32_t w = f->width, s = separator != '\0' ? 1 : 0;
+  const bool two = w < r + 4 + s;
+  const int32_t area = w - s - r;
+  if (area < 2) return too_narrow(f);
+  char *out = frame_out(f);
+  put_year(out, area, c.year, two);
+  if (s) out[area] = separator;
+  std::memcpy(out + area + s, numeral, static_cast<size_t>(r));
+  f->output_length = static_cast<uint32_t>(w);
+  return XF_OK;
+}
+
+// YYQ4 23Q3, YYQ6 2023Q3, YYQ8 "  2023Q3": the two positions before "Q"
+// never stay blank.
+XF_API xf_status zfmyyq(xf_frame *f) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 1, st)) return st;
+  const int32_t w = f->width, area = w - 2;
+  if (area < 2) return too_narrow(f);
+  const ymd c = ymd_of_value(xfmt::frame_value(f));
+  char *out = frame_out(f);
+  write_int_right(out, area, w < 6 ? c.year % 100 : c.year);
+  if (out[area - 2] == ' ') out[area - 2] = '0';
+  if (out[area - 1] == ' ') out[area - 1] = '0';
+  out[area] = 'Q';
+  out[area + 1] = static_cast<char>('0' + (c.month - 1) / 3 + 1);
+  f->output_length = static_cast<uint32_t>(w);
+  return XF_OK;
+}
+
+XF_API xf_status zfmmmy(xf_frame *f) { return zfmdlmy(f, 'M'); }
+XF_API xf_status zfmmmyc(xf_frame *f) { return zfmdlmy(f, ':'); }
+XF_API xf_status zfmmmyd(xf_frame *f) { return zfmdlmy(f, '-'); }
+XF_API xf_status zfmmmyn(xf_frame *f) { return zfmdlmy(f, '\0'); }
+XF_API xf_status zfmmmyp(xf_frame *f) { return zfmdlmy(f, '.'); }
+XF_API xf_status zfmmmys(xf_frame *f) { return zfmdlmy(f, '/'); }
+XF_API xf_status zfmyym(xf_frame *f) { return zfmdlym(f, 'M'); }
+XF_API xf_status zfmyymc(xf_frame *f) { return zfmdlym(f, ':'); }
+XF_API xf_status zfmyymd(xf_frame *f) { return zfmdlym(f, '-'); }
+XF_API xf_status zfmyymn(xf_frame *f) { return zfmdlym(f, '\0'); }
+XF_API xf_status zfmyymp(xf_frame *f) { return zfmdlym(f, '.'); }
+XF_API xf_status zfmyyms(xf_frame *f) { return zfmdlym(f, '/'); }
+XF_API xf_status zfmyyqc(xf_frame *f) { return zfmdlqy(f, ':'); }
+XF_API xf_status zfmyyqd(xf_frame *f) { return zfmdlqy(f, '-'); }
+XF_API xf_status zfmyyqn(xf_frame *f) { return zfmdlqy(f, '\0'); }
+XF_API xf_status zfmyyqp(xf_frame *f) { return zfmdlqy(f, '.'); }
+XF_API xf_status zfmyyqs(xf_frame *f) { return zfmdlqy(f, '/'); }
+XF_API xf_status zfmyyqr(xf_frame *f) { return zfmdlyq(f, 'Q'); }
+XF_API xf_status zfmyqrc(xf_frame *f) { return zfmdlyq(f, ':'); }
+XF_API xf_status zfmyqrd(xf_frame *f) { return zfmdlyq(f, '-'); }
+XF_API xf_status zfmyqrn(xf_frame *f) { return zfmdlyq(f, '\0'); }
+XF_API xf_status zfmyqrp(xf_frame *f) { return zfmdlyq(f, '.'); }
+XF_API xf_status zfmyqrs(xf_frame *f) { return zfmdlyq(f, '/'); }
+
+}  // extern "C"

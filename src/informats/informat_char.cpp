@@ -1,0 +1,68 @@
+// The character informats: @$CHAR and @$F (zifmc), @$CHARZB (zifmzbc) and
+// @$QUOTE (zifmcq). Each delivers w bytes: the first min(w, input length)
+// bytes of the text, padded with blanks to w.
+#include "xfmt/xfmt.h"
+
+#include <cstring>
+
+
+namespace {
+
+// Writes text[0, n) padded with blanks to w bytes, each byte through map.
+// With less than w bytes of room the field is cut to the capacity and the
+// status says so.
+xf_status deliver(xf_frame *f, const char *text, size_t n, int64_t w, char (*map)(char)) {
+  size_t room = f->output == nullptr ? 0 : f->output_capacity;
+  size_t field = static_cast<size_t>(w);
+  size_t out_n = field < room ? field : room;
+  char *out = static_cast<char *>(f->output);
+  size_t copy = n < out_n ? n : out_n;
+  for (size_t i = 0; i < copy; ++i) out[i] = map(text[i]);
+  if (out_n > copy) std::memset(out + copy, ' ', out_n - copy);
+  f->output_length = static_cast<uint32_t>(out_n);
+  f->output_encoding = XF_ENC_SINGLE_BYTE;
+  return out_n < field ? XF_E_CAPACITY : XF_OK;
+}
+
+char keep(char c) { return c; }
+char zero_to_blank(char c) { return c == '\0' ? ' ' : c; }
+
+size_t text_length(const xf_frame *f) {
+  if (f->input == nullptr || f->width <= 0) return 0;
+  size_t w = static_cast<size_t>(f->width);
+  return w < f->input_length ? w : f->input_length;
+}
+
+xf_status char_informat(xf_frame *f, char (*map)(char)) {
+  if (f->width < 0) {
+    f->output_length = 0;
+    return XF_IN_BAD_WIDTH;
+  }
+  return deliver(f, static_cast<const char *>(f->input), text_length(f), f->width, map);
+}
+
+}  // namespace
+
+extern "C" xf_status zifmc(xf_frame *f) { return char_informat(f, keep); }
+
+extern "C" xf_status zifmzbc(xf_frame *f) { return char_informat(f, zero_to_blank); }
+
+// One pair of matching quotes goes: blanks before the opening quote are
+// dropped, and when the last non-blank byte is the same quote the text
+// between them is delivered as it stands ("'a''b'" gives a''b). Text
+// without such a pair is delivered unchanged.
+extern "C" xf_status zifmcq(xf_frame *f) {
+  if (f->width < 0) {
+    f->output_length = 0;
+    return XF_IN_BAD_WIDTH;
+  }
+  const char *text = static_cast<const char *>(f->input);
+  size_t n = text_length(f);
+  size_t first = 0;
+  while (first < n && text[first] == ' ') ++first;
+  size_t last = n;
+  while (last > first && text[last - 1] == ' ') --last;
+  if (last - first >= 2 && (text[first] == '\'' || text[first] == '"') && text[last - 1] == text[first])
+    return deliver(f, text + first + 1, last - first - 2, f->width, keep);
+  return deliver(f, text, n, f->width, keep);
+}

@@ -1,0 +1,58 @@
+# The xfmt command end to end: fields on stdout, one-line errors on stderr
+# with a non-zero exit status, and nothing half printed.
+#   cmake -DXFMT=path/to/xfmt -DSAMPLE=examples/sample.csv -P check_cli.cmake
+
+set(failures 0)
+
+# expect(<exit status> <expected stdout> <stderr regex> args...)
+function(expect want_rc want_out want_err)
+  execute_process(COMMAND ${XFMT} ${ARGN} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+  string(REPLACE ";" " " cmd "${ARGN}")
+  if(NOT rc EQUAL want_rc)
+    message(SEND_ERROR "xfmt ${cmd}: exit ${rc}, expected ${want_rc}\n${err}")
+  endif()
+  if(NOT "${out}" STREQUAL "${want_out}")
+    message(SEND_ERROR "xfmt ${cmd}: stdout [${out}], expected [${want_out}]")
+  endif()
+  if(NOT "${err}" MATCHES "${want_err}")
+    message(SEND_ERROR "xfmt ${cmd}: stderr [${err}] does not match [${want_err}]")
+  endif()
+endfunction()
+
+expect(0 "hello     \na longer t\n" "^$" put "$CHAR10." hello "a longer text")
+expect(0 "abc     \n" "^$" put "$" abc)
+expect(0 "ab\n" "^$" put "$f2." abcdef)
+expect(0 "X\n" "^$" put "_C_R_A_S_H_." 1)
+expect(0 "Apr 18 2019 13:09:42\n" "^$" put "INTRINSIC-CRDATE." 0)
+expect(0 "YES\nNO \n" "^$" put "$IS-INTRINSIC." date text)
+expect(0 "ab  \n" "^$" --locale de_DE put "$CHAR4." ab)
+# Limits and unknown names: one line, exit 1, nothing on stdout.
+expect(1 "" "^xfmt: width 40000 is outside the limits of \\$CHAR \\(1 to 32767\\)\n$" put "$CHAR40000." x)
+expect(1 "" "^xfmt: format 'NOSUCH' is not known\n$" put NOSUCH. 1)
+expect(1 "" "^xfmt: unknown locale 'xx_YY'[^\n]*\n$" --locale xx_YY put "$" a)
+expect(1 "" "^xfmt: unknown option '--bogus'[^\n]*\n$" --bogus put "$" a)
+expect(1 "" "^xfmt: unknown command 'frobnicate'[^\n]*\n$" frobnicate)
+expect(1 "" "^xfmt: no conversion name begins with 'ZZZ'\n$" list zzz)
+expect(1 "" "^xfmt: cannot open '/nonexistent.csv'\n$" csv /nonexistent.csv)
+execute_process(COMMAND ${XFMT} --help OUTPUT_VARIABLE help)
+if(NOT help MATCHES " csv ")
+  message(SEND_ERROR "xfmt --help does not name the csv command")
+endif()
+execute_process(COMMAND ${XFMT} list PIBR OUTPUT_VARIABLE listing)
+if(NOT listing MATCHES "PIBR +JAZWFBIN +1 +8 +1 +0 +10 +0")
+  message(SEND_ERROR "xfmt list PIBR: [${listing}]")
+endif()
+# The bundled sample prints as a report with one line per data row.
+execute_process(COMMAND ${XFMT} csv ${SAMPLE} RESULT_VARIABLE rc OUTPUT_VARIABLE report)
+file(STRINGS ${SAMPLE} rows)
+list(LENGTH rows n_rows)
+string(REGEX MATCHALL "\n" newlines "${report}")
+list(LENGTH newlines n_lines)
+math(EXPR want "${n_rows} + 1")  # heading and rule replace the format line
+if(NOT rc EQUAL 0 OR NOT n_lines EQUAL want)
+  message(SEND_ERROR "xfmt csv ${SAMPLE}: exit ${rc}, ${n_lines} lines, expected ${want}")
+endif()
+# A bad value anywhere stops the report before its first line.
+set(bad ${CMAKE_CURRENT_BINARY_DIR}/bad.csv)
+file(WRITE ${bad} "$CHAR4.,$CHAR3.\nab,cd\nx,\"unterminated\n")
+expect(1 "" "^xfmt: [^\n]*bad.csv:3: unterminated quote\n$" csv ${bad})

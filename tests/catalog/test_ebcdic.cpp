@@ -1,0 +1,76 @@
+// The ASCII/Latin-1 <-> EBCDIC tables and translations.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+
+#include "catalog/ebcdic.hpp"
+#include "xfmt/xfmt.h"
+
+namespace {
+
+TEST(ebcdic, tables_are_inverse_permutations) {
+  bool seen[256] = {};
+  for (int b = 0; b < 256; ++b) {
+    EXPECT_FALSE(seen[as2eb[b]]) << b;
+    seen[as2eb[b]] = true;
+    EXPECT_EQ(eb2as[as2eb[b]], b);
+    EXPECT_EQ(as2eb[eb2as[b]], b);
+  }
+}
+
+TEST(ebcdic, both_copies_are_equal) {
+  for (int b = 0; b < 256; ++b) {
+    EXPECT_EQ(xfmt::catalog::wz_atoe[b], as2eb[b]);
+    EXPECT_EQ(xfmt::catalog::wz_etoa[b], eb2as[b]);
+  }
+}
+
+TEST(ebcdic, anchors) {
+  EXPECT_EQ(as2eb[static_cast<uint8_t>('[')], 0xAD);
+  EXPECT_EQ(as2eb[static_cast<uint8_t>(']')], 0xBD);
+  EXPECT_EQ(as2eb[static_cast<uint8_t>('^')], 0x5F);
+  EXPECT_EQ(as2eb[static_cast<uint8_t>('\n')], 0x15);
+  EXPECT_EQ(as2eb[0x85], 0x25);
+  EXPECT_EQ(eb2as[0x15], '\n');
+  EXPECT_EQ(eb2as[0x25], 0x85);
+  EXPECT_EQ(as2eb[static_cast<uint8_t>(' ')], 0x40);
+  EXPECT_EQ(as2eb[static_cast<uint8_t>('A')], 0xC1);
+  EXPECT_EQ(as2eb[static_cast<uint8_t>('a')], 0x81);
+  EXPECT_EQ(as2eb[static_cast<uint8_t>('0')], 0xF0);
+}
+
+TEST(ebcdic, translations_in_place) {
+  uint8_t text[] = {'[', 'A', '\n', ']', '^'};
+  zas2eb(text, 5);
+  const uint8_t want[] = {0xAD, 0xC1, 0x15, 0xBD, 0x5F};
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(text[i], want[i]);
+  zeb2as(text, 5);
+  EXPECT_EQ(std::string(reinterpret_cast<char *>(text), 5), "[A\n]^");
+  wztxatoe(text, 5);
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(text[i], want[i]);
+  wztxetoa(text, 5);
+  EXPECT_EQ(std::string(reinterpret_cast<char *>(text), 5), "[A\n]^");
+  wztxatoe(text, 0);
+  wztxatoe(text, -3);
+  EXPECT_EQ(std::string(reinterpret_cast<char *>(text), 5), "[A\n]^");
+}
+
+TEST(ebcdic, every_byte_round_trips_through_both_routines) {
+  uint8_t all[256];
+  for (int i = 0; i < 256; ++i) all[i] = static_cast<uint8_t>(i);
+  wztxatoe(all, 256);
+  zeb2as(all, 256);
+  for (int i = 0; i < 256; ++i) EXPECT_EQ(all[i], i);
+}
+
+TEST(ebcdic, generator_reproduces_the_committed_file) {
+  std::string here = __FILE__;
+  std::string root = here.substr(0, here.rfind("/tests/"));
+  if (std::system("command -v iconv >/dev/null 2>&1 && command -v python3 >/dev/null 2>&1") != 0)
+    GTEST_SKIP() << "iconv or python3 missing";
+  std::string cmd = "cd '" + root + "' && python3 tools/gen/gen_ebcdic.py --check";
+  EXPECT_EQ(std::system(cmd.c_str()), 0);
+}
+
+}  // namespace

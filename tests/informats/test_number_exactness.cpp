@@ -1,0 +1,344 @@
+// Exactness of the number reader: the power table and big integers it rests
+// on, agreement with strtod over millions of random decimals of every shape,
+// shortest round-trip texts of random doubles and of floats, midpoints
+// between doubles, the fast methods against the exact one, and the literal
+// procedure wherever that procedure is exact.
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cerrno>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "informats/big_integer.hpp"
+#include "informats/decimal_cases.hpp"
+#include "informats/decimal_to_double.hpp"
+#include "informats/informat_run.hpp"
+#include "informats/number_scan.hpp"
+#include "informats/pow5_table.hpp"
+#include "oracle/number_reader_oracle.hpp"
+#include "support/random.hpp"
+
+namespace {
+
+using namespace xfmt::informats;
+using xfmt::test::decimal_case;
+using xfmt::test::decimal_shape;
+using xfmt::test::hex;
+using xfmt::test::make_decimal;
+using xfmt::test::rng;
+using xfmt::test::scaled;
+
+// A reusable frame over a text: the informat as hosts call it, w = length.
+struct reader {
+  double out = 0;
+  xf_frame f{};
+  xf_status read(const std::string &text, int d) {
+    f.width = static_cast<int32_t>(text.size());
+    f.decimals = d;
+    f.input = text.data();
+    f.input_length = static_cast<uint32_t>(text.size());
+    f.output = &out;
+    f.output_capacity = 8;
+    return wzifmn(&f);
+  }
+  uint64_t bits() const { return std::bit_cast<uint64_t>(out); }
+};
+
+// What a correct reader gives for a case, by strtod on the plain form.
+struct expected {
+  xf_status status;
+  uint64_t bits;
+};
+expected by_strtod(const decimal_case &c) {
+  if (c.zero) return {XF_OK, 0};
+  double v = std::strtod(c.plain.c_str(), nullptr);
+  if (v == 0 || std::isinf(v)) return {XF_IN_RANGE_WARNING, xfmt::missing_ordinary_bits};
+  return {XF_OK, std::bit_cast<uint64_t>(v)};
+}
+
+void differential(uint64_t salt, const decimal_shape &shape, uint64_t count) {
+  auto g = rng(salt);
+  reader r;
+  uint64_t failures = 0;
+  for (uint64_t i = 0; i < count && failures < 10; ++i) {
+    decimal_case c = make_decimal(g, shape);
+    expected e = by_strtod(c);
+    xf_status st = r.read(c.text, c.d);
+    if (st != e.status || r.bits() != e.bits) {
+      ++failures;
+      ADD_FAILURE() << "text [" << c.text << "] d " << c.d << " plain " << c.plain << ": status "
+                    << st << " bits " << hex(r.bits()) << ", strtod " << e.status << " "
+                    << hex(e.bits) << " (case " << i << ", seed " << xfmt::test::test_seed() << ")";
+    }
+  }
+}
+
+// ---------------------------------------------------------------- foundations
+
+TEST(big_integer, multiplies_shifts_and_compares) {
+  big_integer a(0xFFFFFFFFFFFFFFFFull);
+  a.mul_u64(0xFFFFFFFFFFFFFFFFull);  // (2^64 - 1)^2 = 2^128 - 2^65 + 1
+  big_integer b(1);
+  b.shift_left(128);
+  EXPECT_LT(a.compare(b), 0);
+  EXPECT_EQ(a.bit_length(), 128);
+  EXPECT_EQ(a.limb(0), 1u);
+  EXPECT_EQ(a.limb(1), 0u);
+  EXPECT_EQ(a.limb(2), 0xFFFFFFFEu);
+  EXPECT_EQ(a.limb(3), 0xFFFFFFFFu);
+  big_integer c(0x0000000100000000ull);  // a carry that is 2^32 exactly
+  c.mul_u64(0x0000000100000000ull);
+  EXPECT_EQ(c.size(), 3);
+  EXPECT_EQ(c.bit_length(), 65);
+  big_integer p(1);
+  p.mul_pow5(27);
+  EXPECT_EQ(p.limb(0), static_cast<uint32_t>(7450580596923828125ull));
+  EXPECT_EQ(p.limb(1), static_cast<uint32_t>(7450580596923828125ull >> 32));
+  big_integer s(3);
+  s.shift_left(37);
+  EXPECT_EQ(s.limb(1), 3u << 5);
+  big_integer z(5);
+  z.add_small(0xFFFFFFFFu);
+  EXPECT_EQ(z.limb(1), 1u);
+  EXPECT_EQ(z.limb(0), 4u);
+  EXPECT_FALSE(p.overflowed());
+}
+
+// Every row: T * 2^(f-127) <= 5^q < (T + 1) * 2^(f-127), 2^127 <= T < 2^128.
+TEST(pow5_table, every_row_is_the_truncated_power) {
+  for (int q = pow5_min_exponent; q <= pow5_max_exponent; ++q) {
+    const pow5_entry &t = pow5(q);
+    ASSERT_TRUE(t.hi >> 63) << q;
+    auto make = [&](uint64_t add) {
+      big_integer x(t.hi);
+      x.shift_left(32);
+      x.add_small(static_cast<uint32_t>(t.lo >> 32));
+      x.shift_left(32);
+      x.add_small(static_cast<uint32_t>(t.lo));
+      if (add) x.add_small(1);
+      return x;
+    };
+    big_integer lo = make(0), hi = make(1);
+    big_integer five(1);
+    // Compare T * 2^(f - 127) with 5^q; for q < 0 as T * 5^-q with 2^(127 - f).
+    int shift = t.log2_floor - 127;
+    if (q >= 0) {
+      five.mul_pow5(q);
+      if (shift >= 0) {
+        lo.shift_left(shift);
+        hi.shift_left(shift);
+      } else {
+        five.shift_left(-shift);
+      }
+      EXPECT_LE(lo.compare(five), 0) << q;
+      EXPECT_GT(hi.compare(five), 0) << q;
+    } else {
+      lo.mul_pow5(-q);
+      hi.mul_pow5(-q);
+      big_integer two(1);
+      two.shift_left(-shift);
+      EXPECT_LE(lo.compare(two), 0) << q;
+      EXPECT_GT(hi.compare(two), 0) << q;
+    }
+  }
+}
+
+// ---------------------------------------------------------------- against strtod
+// Ten shapes of about a million texts each at scale 1.
+
+TEST(number_exactness, short_realistic_numbers) {
+  differential(1, {1, 17, 10, true, -30, 30, 30, true, 0}, scaled(1000000));
+}
+TEST(number_exactness, long_mantissas_20_to_40_digits) {
+  differential(2, {20, 40, 10, true, -330, 310, 70, true, 0}, scaled(1000000));
+}
+TEST(number_exactness, long_mantissas_without_point) {
+  differential(3, {20, 40, 10, false, -340, 300, 70, true, 31}, scaled(1000000));
+}
+TEST(number_exactness, many_zeros) {
+  differential(4, {5, 40, 85, true, -320, 300, 50, true, 0}, scaled(1000000));
+}
+TEST(number_exactness, huge_exponents) {
+  differential(5, {1, 25, 10, true, 280, 330, 100, false, 0}, scaled(1000000));
+}
+TEST(number_exactness, tiny_exponents) {
+  differential(6, {1, 25, 10, true, -360, -290, 100, false, 0}, scaled(1000000));
+}
+TEST(number_exactness, implied_decimals) {
+  differential(7, {1, 20, 20, false, -40, 40, 40, false, 31}, scaled(1000000));
+}
+TEST(number_exactness, blanks_tabs_and_signs) {
+  differential(8, {1, 30, 20, true, -320, 310, 50, true, 0}, scaled(1000000));
+}
+TEST(number_exactness, nineteen_and_twenty_digits) {
+  differential(9, {18, 21, 5, true, -330, 310, 80, true, 0}, scaled(1000000));
+}
+TEST(number_exactness, extreme_exponent_texts) {
+  differential(10, {1, 40, 30, true, -100000, 100000, 100, true, 0}, scaled(1000000));
+}
+
+// ---------------------------------------------------------------- round trips
+
+TEST(number_exactness, shortest_texts_of_random_doubles_read_back) {
+  auto g = rng(11);
+  reader r;
+  uint64_t n = scaled(2000000), failures = 0;
+  for (uint64_t i = 0; i < n && failures < 10; ++i) {
+    uint64_t bits = g() & 0x7FFFFFFFFFFFFFFFull;
+    if ((bits >> 52) == 0x7FF || bits == 0) continue;  // no infinities, NaNs or zero
+    double v = std::bit_cast<double>(bits);
+    char buf[64];
+    auto res = std::to_chars(buf, buf + sizeof buf, v);
+    std::string text(buf, res.ptr);
+    if (r.read(text, 0) != XF_OK || r.bits() != bits) {
+      ++failures;
+      ADD_FAILURE() << text << " read " << hex(r.bits()) << " expected " << hex(bits);
+    }
+  }
+}
+
+// Every float (as a double) printed shortest reads back exactly. The full
+// sweep of 2^32 patterns runs with XFMT_EXHAUSTIVE=1; by default every
+// 61st pattern is taken.
+TEST(number_exactness, shortest_texts_of_floats_read_back) {
+  const char *full = std::getenv("XFMT_EXHAUSTIVE");
+  uint64_t step = full && *full == '1' ? 1 : 61 * 4;
+  step = static_cast<uint64_t>(static_cast<double>(step) / std::min(1.0, static_cast<double>(scaled(1000)) / 1000.0));
+  reader r;
+  uint64_t failures = 0;
+  for (uint64_t p = 1; p < 0x7F800000ull && failures < 10; p += step) {
+    float fl = std::bit_cast<float>(static_cast<uint32_t>(p));
+    double v = fl;
+    char buf[64];
+    auto res = std::to_chars(buf, buf + sizeof buf, v);
+    std::string text(buf, res.ptr);
+    if (r.read(text, 0) != XF_OK || r.bits() != std::bit_cast<uint64_t>(v)) {
+      ++failures;
+      ADD_FAILURE() << text << " read " << hex(r.bits());
+    }
+  }
+}
+
+// ---------------------------------------------------------------- midpoints
+
+// The exact decimal of (2m + 1) * 2^(k - 1), by schoolbook decimal arithmetic.
+std::string midpoint_text(uint64_t odd, int64_t two_exp) {
+  std::string digits = std::to_string(odd);  // most significant first
+  int64_t point_from_right = 0;
+  for (; two_exp > 0; --two_exp) {
+    int carry = 0;
+    for (size_t i = digits.size(); i-- > 0;) {
+      int v = (digits[i] - '0') * 2 + carry;
+      digits[i] = static_cast<char>('0' + v % 10);
+      carry = v / 10;
+    }
+    if (carry) digits.insert(digits.begin(), static_cast<char>('0' + carry));
+  }
+  for (; two_exp < 0; ++two_exp) {  // x / 2 = x * 5 / 10
+    int carry = 0;
+    for (size_t i = digits.size(); i-- > 0;) {
+      int v = (digits[i] - '0') * 5 + carry;
+      digits[i] = static_cast<char>('0' + v % 10);
+      carry = v / 10;
+    }
+    if (carry) digits.insert(digits.begin(), static_cast<char>('0' + carry));
+    ++point_from_right;
+  }
+  return digits + "E-" + std::to_string(point_from_right);
+}
+
+TEST(number_exactness, midpoints_between_doubles_and_their_neighbours) {
+  auto g = rng(12);
+  reader r;
+  uint64_t n = scaled(20000), failures = 0;
+  for (uint64_t i = 0; i < n && failures < 10; ++i) {
+    // Doubles between 2^-120 and 2^120 keep the exact midpoints short.
+    uint64_t biased = 1023 - 120 + g() % 241;
+    uint64_t bits = (biased << 52) | (g() & ((uint64_t{1} << 52) - 1));
+    uint64_t m = (bits & ((uint64_t{1} << 52) - 1)) | (uint64_t{1} << 52);
+    int64_t k = static_cast<int64_t>(biased) - 1075;
+    std::string mid = midpoint_text(2 * m + 1, k - 1);
+    size_t e = mid.find('E');
+    std::string digits = mid.substr(0, e), exp = mid.substr(e);
+    std::string above = digits + "000000000000000000000000001" + exp;
+    // exp is "E-p": appending 27 digits needs p + 27.
+    above = digits + "000000000000000000000000001E-" + std::to_string(std::stoll(exp.substr(2)) + 27);
+    for (const std::string &t : {mid, above}) {
+      decimal_case c;
+      c.text = t;
+      c.plain = t;
+      expected want = by_strtod(c);
+      if (r.read(t, 0) != want.status || r.bits() != want.bits) {
+        ++failures;
+        ADD_FAILURE() << t << " read " << hex(r.bits()) << " strtod " << hex(want.bits);
+      }
+    }
+    // The midpoint itself rounds to the even neighbour.
+    r.read(mid, 0);
+    EXPECT_EQ(r.bits(), (bits & 1) == 0 ? bits : bits + 1) << mid;
+  }
+}
+
+// ---------------------------------------------------------------- fast against exact
+
+TEST(number_exactness, fast_methods_agree_with_the_exact_one) {
+  auto g = rng(13);
+  const decimal_shape shapes[] = {{1, 19, 10, true, -340, 320, 80, false, 0},
+                                  {20, 60, 20, true, -340, 320, 80, false, 0}};
+  uint64_t n = scaled(100000), failures = 0;
+  for (uint64_t i = 0; i < n && failures < 10; ++i) {
+    decimal_case c = make_decimal(g, shapes[i % 2]);
+    if (c.zero) continue;
+    scan_result s = scan_number(c.text.data(), c.text.data() + c.text.size(), c.d);
+    ASSERT_EQ(s.kind, scan_kind::number) << c.text;
+    uint64_t fast = decimal_to_bits(s.num);
+    uint64_t exact = exact_decimal_bits(s.num);
+    if (fast != exact) {
+      ++failures;
+      ADD_FAILURE() << c.text << " fast " << hex(fast) << " exact " << hex(exact);
+    }
+    uint64_t product;
+    if (!s.num.inexact && s.num.head_exp10 >= pow5_min_exponent &&
+        s.num.head_exp10 <= pow5_max_exponent &&
+        scaled_product_bits(s.num.head, static_cast<int>(s.num.head_exp10), product)) {
+      EXPECT_EQ(hex(product), hex(exact)) << c.text;
+    }
+  }
+}
+
+// ---------------------------------------------------------------- the literal procedure
+
+// Texts over the reader's alphabet: the status always agrees with the
+// literal procedure, and the value too wherever the procedure is exact
+// (at most 15 digits, scale within 22) or both give a missing value.
+TEST(number_exactness, agrees_with_the_literal_procedure) {
+  auto g = rng(14);
+  static const char alphabet[] = "0123456789000.+-eEdDaA_. \t";
+  reader r;
+  uint64_t n = scaled(500000), failures = 0, exact_compared = 0;
+  for (uint64_t i = 0; i < n && failures < 10; ++i) {
+    std::string t;
+    size_t len = 1 + g() % 12;
+    for (size_t k = 0; k < len; ++k) t.push_back(alphabet[g() % (sizeof alphabet - 1)]);
+    int d = static_cast<int>(g() % 5);
+    auto want = xfmt::oracle::read_number_literally(t, static_cast<int>(t.size()), d);
+    xf_status st = r.read(t, d);
+    bool exact_domain = want.significant_digits <= 15 && want.scale >= -22 && want.scale <= 22;
+    bool value_checked = want.status != XF_OK || exact_domain || std::isnan(want.value) ||
+                         want.value == 0;
+    exact_compared += value_checked && want.status == XF_OK;
+    if (st != want.status ||
+        (value_checked && r.bits() != std::bit_cast<uint64_t>(want.value))) {
+      ++failures;
+      ADD_FAILURE() << "[" << t << "] d " << d << ": " << st << " " << hex(r.bits())
+                    << ", literal " << want.status << " " << hex(std::bit_cast<uint64_t>(want.value));
+    }
+  }
+  EXPECT_GT(exact_compared, n / 10);
+}
+
+}  // namespace

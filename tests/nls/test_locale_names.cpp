@@ -1,0 +1,253 @@
+// LocnameToID and EncnameToID: the edge cases, every key of both tables, the
+// bucket placement, and random names against the linear-scan oracle.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "nls/locale_names.hpp"
+#include "oracle/locale_names_oracle.hpp"
+#include "support/random.hpp"
+#include "xfmt/xfmt.h"
+
+namespace {
+
+uint32_t loc(std::string s, uint32_t *id_out = nullptr, std::string *after = nullptr) {
+  uint32_t id = 999;
+  uint32_t rc = LocnameToID(s.data(), static_cast<uint32_t>(s.size()), &id);
+  if (id_out) *id_out = id;
+  if (after) *after = s;
+  return rc == 0 ? id : 1000 + rc;  // 1005: not found, id checked separately
+}
+
+uint32_t enc(std::string s, uint32_t *id_out = nullptr, std::string *after = nullptr) {
+  uint32_t id = 999;
+  uint32_t rc = EncnameToID(s.data(), static_cast<int32_t>(s.size()), &id);
+  if (id_out) *id_out = id;
+  if (after) *after = s;
+  return rc == 0 ? id : 1000 + rc;  // 1004: not found
+}
+
+std::string source_dir() {
+  std::string f = __FILE__;
+  return f.substr(0, f.rfind("/tests/nls/"));
+}
+
+// The encoding list the table was generated from: id, name per line.
+std::vector<std::pair<uint32_t, std::string>> encoding_list() {
+  std::vector<std::pair<uint32_t, std::string>> v;
+  std::ifstream in(source_dir() + "/tools/gen/encoding_names.txt");
+  std::string line;
+  while (std::getline(in, line)) {
+    if (line.empty() || line[0] == '#') continue;
+    auto tab = line.find('\t');
+    v.emplace_back(static_cast<uint32_t>(std::stoul(line.substr(0, tab))), line.substr(tab + 1));
+  }
+  return v;
+}
+
+TEST(locname_to_id, edge_cases) {
+  uint32_t id;
+  std::string after;
+  EXPECT_EQ(loc("iw_il", &id, &after), 71u);
+  EXPECT_EQ(after, "IW_IL");                           // upper-cased in place
+  EXPECT_EQ(loc("en_US ", &id), 1005u);                // six characters
+  EXPECT_EQ(id, 0u);
+  EXPECT_EQ(loc("en_U", &id), 1005u);
+  EXPECT_EQ(loc("", &id), 1005u);
+  EXPECT_EQ(loc("xx_YY", &id, &after), 1005u);         // unknown, still upper-cased
+  EXPECT_EQ(after, "XX_YY");
+  EXPECT_EQ(id, 0u);
+  EXPECT_EQ(loc("en-US"), 1005u);                      // the separator is compared
+  EXPECT_EQ(loc("en_us"), 53u);
+  EXPECT_EQ(loc("HE_IL"), 71u);
+  EXPECT_EQ(loc("sr_cs"), 101u);
+  EXPECT_EQ(loc("sh_yu"), 105u);
+  EXPECT_EQ(loc("SH_CS"), 105u);
+  EXPECT_EQ(loc("pl_xx"), 135u);
+  EXPECT_EQ(loc("zh_xx"), 136u);
+  uint32_t got = 7;
+  EXPECT_EQ(LocnameToID(nullptr, 5, &got), 5u);
+  EXPECT_EQ(got, 0u);
+}
+
+TEST(locname_to_id, bytes_above_ascii_stay) {
+  std::string s = "\xE9n_US";
+  std::string after;
+  EXPECT_EQ(loc(s, nullptr, &after), 1005u);
+  EXPECT_EQ(after, "\xE9N_US");
+}
+
+TEST(locname_to_id, every_key_round_trips) {
+  int keys = 0;
+  for (const zav_locname_bucket &b : table) {
+    for (int32_t i = 0; i < b.count; ++i) {
+      std::string key(b.entries[i].key, 5);
+      std::string lower = key;
+      for (char &c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+      EXPECT_EQ(loc(key), b.entries[i].id) << key;
+      EXPECT_EQ(loc(lower), b.entries[i].id) << lower;
+      // id -> record -> code: the key itself, or the record's own code for
+      // the four aliases.
+      const uint32_t id = b.entries[i].id;
+      const zav_locale_field &l = ZAVlocaleData[id - 1][4], &c = ZAVlocaleData[id - 1][5];
+      std::string code = std::string(l.text, l.length) + "_" + std::string(c.text, c.length);
+      for (char &ch : code) ch = static_cast<char>(std::toupper(static_cast<unsigned char>(ch)));
+      const bool alias = key == "IW_IL" || key == "SR_CS" || key == "SH_YU" || key == "SH_CS";
+      if (!alias) {
+        EXPECT_EQ(code, key);
+      }
+      ++keys;
+    }
+  }
+  EXPECT_EQ(keys, 140);
+}
+
+TEST(locname_to_id, record_codes_round_trip) {
+  // id -> fields 4 and 5 -> key -> the same id, for all 136 records.
+  for (uint32_t id = 1; id <= 136; ++id) {
+    const zav_locale_field &l = ZAVlocaleData[id - 1][4], &c = ZAVlocaleData[id - 1][5];
+    std::string key = std::string(l.text, l.length) + "_" + std::string(c.text, c.length);
+    EXPECT_EQ(loc(key), id) << key;
+  }
+}
+
+TEST(locname_to_id, buckets_hold_their_hash) {
+  for (uint32_t b = 0; b < 79; ++b) {
+    ASSERT_EQ(table[b].count == 0, table[b].entries == nullptr) << b;
+    for (int32_t i = 0; i < table[b].count; ++i) {
+      const auto *k = reinterpret_cast<const unsigned char *>(table[b].entries[i].key);
+      uint64_t h = k[0] + 12573u;
+      h = h * 33 + k[1];
+      h = h * 33 + k[3];
+      h = h * 33 + k[4];
+      EXPECT_EQ(h % 79, b) << table[b].entries[i].key;
+    }
+  }
+}
+
+TEST(locname_to_id, random_codes_match_the_linear_scan) {
+  auto g = xfmt::test::rng(61);
+  const std::string alphabet = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_-.";
+  std::uniform_int_distribution<size_t> pick(0, alphabet.size() - 1);
+  // Real codes with random case mixed with random text, so both outcomes occur.
+  std::vector<std::string> real;
+  for (const zav_locname_bucket &b : table)
+    for (int32_t i = 0; i < b.count; ++i) real.emplace_back(b.entries[i].key, 5);
+  const uint64_t n = xfmt::test::scaled(40000);
+  for (uint64_t k = 0; k < n; ++k) {
+    std::string s;
+    if (k % 2 == 0) {
+      s = real[k / 2 % real.size()];
+      for (char &c : s)
+        if (g() & 1) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    } else {
+      for (int i = 0; i < 5; ++i) s += alphabet[pick(g)];
+    }
+    uint32_t id = 0;
+    std::string copy = s;
+    uint32_t rc = LocnameToID(copy.data(), 5, &id);
+    uint32_t want = xfmt::oracle::locale_id_linear(s);
+    ASSERT_EQ(rc, want ? 0u : 5u) << s << " seed " << xfmt::test::test_seed();
+    ASSERT_EQ(id, want) << s;
+  }
+}
+
+TEST(encname_to_id, edge_cases) {
+  uint32_t id;
+  std::string after;
+  EXPECT_EQ(enc("utf-8", &id, &after), 20u);
+  EXPECT_EQ(after, "UTF-8");
+  EXPECT_EQ(enc("UTF8"), 20u);
+  EXPECT_EQ(enc("UTF", &id, &after), 1004u);   // shorter than 4: not even upper-cased
+  EXPECT_EQ(id, 0u);
+  EXPECT_EQ(enc("utf", nullptr, &after), 1004u);
+  EXPECT_EQ(after, "utf");
+  EXPECT_EQ(enc("LATIN", &id, &after), 1004u);
+  EXPECT_EQ(id, 0u);
+  EXPECT_EQ(enc("latin1"), 29u);
+  EXPECT_EQ(enc("lat1"), 29u);
+  EXPECT_EQ(enc("utf-16le"), 25u);
+  EXPECT_EQ(enc("THAI"), 39u);
+  EXPECT_EQ(enc("big5"), 123u);
+  EXPECT_EQ(enc("ETPC"), 77u);
+  EXPECT_EQ(enc("user"), 171u);
+  EXPECT_EQ(enc("sjs4"), 248u);
+  EXPECT_EQ(enc("UTF-8 "), 1004u);             // the length counts
+  uint32_t got = 7;
+  EXPECT_EQ(EncnameToID(nullptr, 5, &got), 4u);
+  EXPECT_EQ(got, 0u);
+  std::string s = "UTF8";
+  EXPECT_EQ(EncnameToID(s.data(), -1, &got), 4u);
+}
+
+TEST(encname_to_id, every_name_of_the_list) {
+  auto list = encoding_list();
+  ASSERT_EQ(list.size(), 438u);
+  std::set<uint32_t> ids;
+  for (const auto &[id, name] : list) {
+    EXPECT_EQ(enc(name), id) << name;
+    std::string lower = name;
+    for (char &c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    EXPECT_EQ(enc(lower), id) << lower;
+    ids.insert(id);
+  }
+  for (uint32_t gap : {21u, 22u, 23u, 115u, 116u, 161u, 162u, 203u, 204u}) EXPECT_EQ(ids.count(gap), 0u);
+  EXPECT_EQ(*ids.begin(), 20u);
+  EXPECT_EQ(*ids.rbegin(), 248u);
+  // Every table entry comes from the list, once (THAI and BIG5 twice).
+  std::map<std::string, int> seen;
+  int entries = 0;
+  for (const zav_encname_bucket &b : etable)
+    for (int32_t i = 0; i < b.count; ++i, ++entries) seen[b.entries[i].name]++;
+  EXPECT_EQ(entries, 438);
+  EXPECT_EQ(seen["THAI"], 2);
+  EXPECT_EQ(seen["BIG5"], 2);
+  EXPECT_EQ(seen.size(), 436u);
+}
+
+TEST(encname_to_id, buckets_hold_their_hash) {
+  for (uint32_t b = 0; b < 122; ++b) {
+    ASSERT_EQ(etable[b].count == 0, etable[b].entries == nullptr) << b;
+    for (int32_t i = 0; i < etable[b].count; ++i) {
+      const zav_encname_entry &e = etable[b].entries[i];
+      const auto *c = reinterpret_cast<const unsigned char *>(e.name);
+      const auto n = static_cast<size_t>(e.length);
+      ASSERT_EQ(std::string(e.name).size(), n);
+      uint32_t h = c[0] + 3u * c[1] + 5u * c[n - 3] + 7u * c[n - 2] + 9u * c[n - 1];
+      EXPECT_EQ(h % 122, b) << e.name;
+    }
+  }
+}
+
+TEST(encname_to_id, random_names_match_the_linear_scan) {
+  auto g = xfmt::test::rng(62);
+  auto list = encoding_list();
+  const std::string alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
+  std::uniform_int_distribution<size_t> pick(0, alphabet.size() - 1), len(4, 14);
+  const uint64_t n = xfmt::test::scaled(40000);
+  for (uint64_t k = 0; k < n; ++k) {
+    std::string s;
+    if (k % 3 == 0) {
+      s = list[k / 3 % list.size()].second;
+      for (char &c : s)
+        if (g() & 1) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    } else if (k % 3 == 1) {
+      s = list[k % list.size()].second;  // one byte changed
+      s[g() % s.size()] = alphabet[pick(g)];
+    } else {
+      for (size_t i = 0, m = len(g); i < m; ++i) s += alphabet[pick(g)];
+    }
+    uint32_t id = 0;
+    std::string copy = s;
+    uint32_t rc = EncnameToID(copy.data(), static_cast<int32_t>(copy.size()), &id);
+    uint32_t want = xfmt::oracle::encoding_id_linear(s);
+    ASSERT_EQ(rc, want ? 0u : 4u) << s << " seed " << xfmt::test::test_seed();
+    ASSERT_EQ(id, want) << s;
+  }
+}
+
+}  // namespace
