@@ -1077,6 +1077,334 @@ XF_API uint32_t LocnameToID(char *name, uint32_t length, uint32_t *id);
  * writes the caller's buffer. */
 XF_API uint32_t EncnameToID(char *name, int32_t length, uint32_t *id);
 
+/* National output encoder: text (*length bytes, non-ASCII characters as
+ * "<UXXXX>" escapes, U+00A4 becoming the marker U+0001) is converted to the
+ * process codeset (UTF-16LE when the frame asks for encoding 25) and cut,
+ * character by character, to width. On return text holds the converted bytes
+ * and *length their count; text must have room for max(*length, capacity)
+ * bytes. Returns the converted length minus width (<= 0) when the text fits
+ * whole, 1 when trailing characters were dropped, 2 when the result is longer
+ * than capacity (text unchanged), 4 when it cannot be converted. */
+XF_API int getExpResultFromNarrowCharBuf(const xf_frame *frame, char *text, int32_t *length,
+                                         int32_t width, uint32_t capacity);
+
+/* Monetary conventions of one currency, in the shape of the monetary part of
+ * the C library's locale conventions. Texts are NUL-terminated; non-ASCII
+ * characters are written as "<UXXXX>" escapes. */
+typedef struct xf_monetary {
+    const char *int_curr_symbol;     /* ISO 4217 code, "USD" */
+    const char *currency_symbol;     /* local symbol, "US$" */
+    const char *mon_decimal_point;
+    const char *mon_thousands_sep;
+    const char *mon_grouping;        /* digits per group as text, "3" */
+    const char *positive_sign;
+    const char *negative_sign;
+    char int_frac_digits, frac_digits;
+    char p_cs_precedes, p_sep_by_space, n_cs_precedes, n_sep_by_space;
+    char p_sign_posn, n_sign_posn;
+} xf_monetary;
+
+/* The 82 currencies, in alphabetical order of the code (AED ... ZWD). */
+XF_API extern const xf_monetary lconv_monetary[82];
+/* Placement of digits (V), symbol ($), sign (-) and parentheses, indexed by
+ * (symbol precedes + 2 * space between) * 5 + sign position. */
+XF_API extern const char *const CurrencyFormatPatterns[20];
+
+/* NLMNL and NLMNI: an amount in the currency of entry with the local symbol
+ * (nlmnyloc) or the international code (nlmnyint), punctuated and placed by
+ * the frame's locale, right-aligned in w; drops grouping, then the symbol,
+ * then switches to exponent form before giving a field of '*'. Validation
+ * (option XF_OPT_VALIDATE): w 8..32, d 0..28, else 39..42. */
+XF_API xf_status nlmnyloc(xf_frame *frame, const xf_monetary *entry);
+XF_API xf_status nlmnyint(xf_frame *frame, const xf_monetary *entry);
+/* One routine per NLMNI/NLMNL format: nlmnyint or nlmnyloc on the
+ * currency's row of lconv_monetary. */
+XF_API xf_status nlmniaed(xf_frame *frame);
+XF_API xf_status nlmniaud(xf_frame *frame);
+XF_API xf_status nlmnibgn(xf_frame *frame);
+XF_API xf_status nlmnibrl(xf_frame *frame);
+XF_API xf_status nlmnicad(xf_frame *frame);
+XF_API xf_status nlmnichf(xf_frame *frame);
+XF_API xf_status nlmnicny(xf_frame *frame);
+XF_API xf_status nlmniczk(xf_frame *frame);
+XF_API xf_status nlmnidkk(xf_frame *frame);
+XF_API xf_status nlmnieek(xf_frame *frame);
+XF_API xf_status nlmniegp(xf_frame *frame);
+XF_API xf_status nlmnieur(xf_frame *frame);
+XF_API xf_status nlmnigbp(xf_frame *frame);
+XF_API xf_status nlmnihkd(xf_frame *frame);
+XF_API xf_status nlmnihrk(xf_frame *frame);
+XF_API xf_status nlmnihuf(xf_frame *frame);
+XF_API xf_status nlmniidr(xf_frame *frame);
+XF_API xf_status nlmniils(xf_frame *frame);
+XF_API xf_status nlmniinr(xf_frame *frame);
+XF_API xf_status nlmnijpy(xf_frame *frame);
+XF_API xf_status nlmnikrw(xf_frame *frame);
+XF_API xf_status nlmniltl(xf_frame *frame);
+XF_API xf_status nlmnilvl(xf_frame *frame);
+XF_API xf_status nlmnimop(xf_frame *frame);
+XF_API xf_status nlmnimxn(xf_frame *frame);
+XF_API xf_status nlmnimyr(xf_frame *frame);
+XF_API xf_status nlmninok(xf_frame *frame);
+XF_API xf_status nlmninzd(xf_frame *frame);
+XF_API xf_status nlmnipln(xf_frame *frame);
+XF_API xf_status nlmnirol(xf_frame *frame);
+XF_API xf_status nlmnirub(xf_frame *frame);
+XF_API xf_status nlmnirur(xf_frame *frame);
+XF_API xf_status nlmnisek(xf_frame *frame);
+XF_API xf_status nlmnisgd(xf_frame *frame);
+XF_API xf_status nlmniskk(xf_frame *frame);
+XF_API xf_status nlmnithb(xf_frame *frame);
+XF_API xf_status nlmnitry(xf_frame *frame);
+XF_API xf_status nlmnitwd(xf_frame *frame);
+XF_API xf_status nlmniusd(xf_frame *frame);
+XF_API xf_status nlmnizar(xf_frame *frame);
+XF_API xf_status nlmnlaed(xf_frame *frame);
+XF_API xf_status nlmnlaud(xf_frame *frame);
+XF_API xf_status nlmnlbgn(xf_frame *frame);
+XF_API xf_status nlmnlbrl(xf_frame *frame);
+XF_API xf_status nlmnlcad(xf_frame *frame);
+XF_API xf_status nlmnlchf(xf_frame *frame);
+XF_API xf_status nlmnlcny(xf_frame *frame);
+XF_API xf_status nlmnlczk(xf_frame *frame);
+XF_API xf_status nlmnldkk(xf_frame *frame);
+XF_API xf_status nlmnleek(xf_frame *frame);
+XF_API xf_status nlmnlegp(xf_frame *frame);
+XF_API xf_status nlmnleur(xf_frame *frame);
+XF_API xf_status nlmnlgbp(xf_frame *frame);
+XF_API xf_status nlmnlhkd(xf_frame *frame);
+XF_API xf_status nlmnlhrk(xf_frame *frame);
+XF_API xf_status nlmnlhuf(xf_frame *frame);
+XF_API xf_status nlmnlidr(xf_frame *frame);
+XF_API xf_status nlmnlils(xf_frame *frame);
+XF_API xf_status nlmnlinr(xf_frame *frame);
+XF_API xf_status nlmnljpy(xf_frame *frame);
+XF_API xf_status nlmnlkrw(xf_frame *frame);
+XF_API xf_status nlmnlltl(xf_frame *frame);
+XF_API xf_status nlmnllvl(xf_frame *frame);
+XF_API xf_status nlmnlmop(xf_frame *frame);
+XF_API xf_status nlmnlmxn(xf_frame *frame);
+XF_API xf_status nlmnlmyr(xf_frame *frame);
+XF_API xf_status nlmnlnok(xf_frame *frame);
+XF_API xf_status nlmnlnzd(xf_frame *frame);
+XF_API xf_status nlmnlpln(xf_frame *frame);
+XF_API xf_status nlmnlrol(xf_frame *frame);
+XF_API xf_status nlmnlrub(xf_frame *frame);
+XF_API xf_status nlmnlrur(xf_frame *frame);
+XF_API xf_status nlmnlsek(xf_frame *frame);
+XF_API xf_status nlmnlsgd(xf_frame *frame);
+XF_API xf_status nlmnlskk(xf_frame *frame);
+XF_API xf_status nlmnlthb(xf_frame *frame);
+XF_API xf_status nlmnltry(xf_frame *frame);
+XF_API xf_status nlmnltwd(xf_frame *frame);
+XF_API xf_status nlmnlusd(xf_frame *frame);
+XF_API xf_status nlmnlzar(xf_frame *frame);
+
+/* --- National dates and times ------------------------------------------- */
+
+/* One row of a member's pattern table: a pattern, or NULL for the locale
+ * field numbered by code (4096 + field: a datetime field; 190: the member's
+ * short numeric form). */
+typedef struct xf_nl_pattern {
+    const char *pattern;
+    int32_t     code;
+} xf_nl_pattern;
+
+/* Expands a national date/time pattern (pattern_length bytes, "%d %B %Y"
+ * ...) for a date value and an hour, minute and second (each may be missing)
+ * with the names of locale_id (0 or outside 1-136: ZAV_LOCALE). Writes |*width|
+ * bytes at out: blank filled, the text left-aligned (right-aligned for a
+ * negative *width). Returns 0 with the text length in *width, 1 when the text
+ * is longer (out holds its first |*width| bytes), -2 for an unknown
+ * conversion letter. Non-ASCII characters stay "<UXXXX>" escapes. */
+XF_API int expand(double date, double hours, double minutes, double seconds, int32_t locale_id,
+                  const char *pattern, int32_t pattern_length, char *out, int32_t *width,
+                  int32_t decimals);
+/* Expands pattern (NUL-terminated) or, when it is NULL, the locale field
+ * numbered by code for a date value into text (room *length on entry, text
+ * length on return). Returns -3 for a date outside [-138061, 6589336), -1 for
+ * an unreadable field, else the expand result. */
+XF_API int zkfdate(double date, int32_t locale_id, char *text, int32_t *length,
+                   const char *pattern, int32_t code);
+/* As zkfdate for a datetime (seconds from 1960) rounded to decimals; the
+ * field is code & 0xFF and code bit 256 appends " %z". Range
+ * [-11928470400, 569318630400) seconds, else -3. */
+XF_API int zkfdttm(double datetime, int32_t locale_id, char *text, int32_t *length,
+                   const char *pattern, int32_t code, int32_t decimals);
+/* As zkfdttm for a time of day; the date part is missing. */
+XF_API int zkftime(double time, int32_t locale_id, char *text, int32_t *length,
+                   const char *pattern, int32_t code, int32_t decimals);
+
+/* Pattern tables of the one-pattern members (first row used). */
+XF_API extern const xf_nl_pattern nldatel_pat[3];
+XF_API extern const xf_nl_pattern nldatem_pat[2];
+XF_API extern const xf_nl_pattern nldateyml_pat[3];
+XF_API extern const xf_nl_pattern nldateymm_pat[2];
+XF_API extern const xf_nl_pattern nldateyql_pat[3];
+XF_API extern const xf_nl_pattern nldateyqm_pat[2];
+XF_API extern const xf_nl_pattern nldatemdl_pat[3];
+XF_API extern const xf_nl_pattern nldatemdm_pat[2];
+XF_API extern const xf_nl_pattern nldatew_pat[4];
+XF_API extern const xf_nl_pattern nldatemn_pat[3];
+XF_API extern const xf_nl_pattern nldatewn_pat[3];
+XF_API extern const xf_nl_pattern nldatmdt_pat[3];
+XF_API extern const xf_nl_pattern nldatmyml_pat[3];
+XF_API extern const xf_nl_pattern nldatmymm_pat[2];
+XF_API extern const xf_nl_pattern nldatmyql_pat[3];
+XF_API extern const xf_nl_pattern nldatmyqm_pat[2];
+XF_API extern const xf_nl_pattern nldatmmdl_pat[3];
+XF_API extern const xf_nl_pattern nldatmmdm_pat[2];
+XF_API extern const xf_nl_pattern nldatml_pat[4];
+XF_API extern const xf_nl_pattern nldatmm_pat[3];
+XF_API extern const xf_nl_pattern nldatms_pat[1];
+XF_API extern const xf_nl_pattern nldatmw_pat[6];
+XF_API extern const xf_nl_pattern nldatmmn_pat[3];
+XF_API extern const xf_nl_pattern nldatmwn_pat[3];
+
+/* The national date, datetime and time members. Each reads the frame's
+ * value (a date, datetime or time), locale id and validation bit, writes the
+ * locale's text left-aligned into the blank-filled capacity (output length:
+ * the text's bytes; UTF-16LE when the host asks for encoding 25) and returns
+ * 0, 39-42 (validation), XF_E_DATE_RANGE (two-pattern and S members: value
+ * out of range, field of '*'), XF_E_OVERFLOW (nothing fits, field of '*') or
+ * XF_E_CAPACITY. One-pattern members deliver nothing (output length 0) for a
+ * value out of range. */
+XF_API xf_status nldate(xf_frame *frame);
+XF_API xf_status nldatemd(xf_frame *frame);
+XF_API xf_status nldateym(xf_frame *frame);
+XF_API xf_status nldateyr(xf_frame *frame);
+XF_API xf_status nldateyq(xf_frame *frame);
+XF_API xf_status nldateyw(xf_frame *frame);
+XF_API xf_status nldatel(xf_frame *frame);
+XF_API xf_status nldatem(xf_frame *frame);
+XF_API xf_status nldateyml(xf_frame *frame);
+XF_API xf_status nldateymm(xf_frame *frame);
+XF_API xf_status nldateyql(xf_frame *frame);
+XF_API xf_status nldateyqm(xf_frame *frame);
+XF_API xf_status nldatemdl(xf_frame *frame);
+XF_API xf_status nldatemdm(xf_frame *frame);
+XF_API xf_status nldatew(xf_frame *frame);
+XF_API xf_status nldatemn(xf_frame *frame);
+XF_API xf_status nldatewn(xf_frame *frame);
+XF_API xf_status nldates(xf_frame *frame);
+XF_API xf_status nldateyms(xf_frame *frame);
+XF_API xf_status nldatemds(xf_frame *frame);
+XF_API xf_status nldateyqs(xf_frame *frame);
+XF_API xf_status nldatm(xf_frame *frame);
+XF_API xf_status nldatmap(xf_frame *frame);
+XF_API xf_status nldatmz(xf_frame *frame);
+XF_API xf_status nldatmwz(xf_frame *frame);
+XF_API xf_status nldatmtm(xf_frame *frame);
+XF_API xf_status nldatmtz(xf_frame *frame);
+XF_API xf_status nldatmmd(xf_frame *frame);
+XF_API xf_status nldatmym(xf_frame *frame);
+XF_API xf_status nldatmyr(xf_frame *frame);
+XF_API xf_status nldatmyq(xf_frame *frame);
+XF_API xf_status nldatmyw(xf_frame *frame);
+XF_API xf_status nldatml(xf_frame *frame);
+XF_API xf_status nldatmm(xf_frame *frame);
+XF_API xf_status nldatms(xf_frame *frame);
+XF_API xf_status nldatmw(xf_frame *frame);
+XF_API xf_status nldatmdt(xf_frame *frame);
+XF_API xf_status nldatmyml(xf_frame *frame);
+XF_API xf_status nldatmymm(xf_frame *frame);
+XF_API xf_status nldatmyql(xf_frame *frame);
+XF_API xf_status nldatmyqm(xf_frame *frame);
+XF_API xf_status nldatmmdl(xf_frame *frame);
+XF_API xf_status nldatmmdm(xf_frame *frame);
+XF_API xf_status nldatmmn(xf_frame *frame);
+XF_API xf_status nldatmwn(xf_frame *frame);
+XF_API xf_status nldatmyms(xf_frame *frame);
+XF_API xf_status nldatmmds(xf_frame *frame);
+XF_API xf_status nldatmyqs(xf_frame *frame);
+XF_API xf_status nltime(xf_frame *frame);
+XF_API xf_status nltimap(xf_frame *frame);
+XF_API xf_status nlstrmon(xf_frame *frame);
+XF_API xf_status nlstrqtr(xf_frame *frame);
+XF_API xf_status nlstrwk(xf_frame *frame);
+
+/* --- Euro conversion ----------------------------------------------------- */
+
+/* The process-wide conversion state: the working copy of the 26 rates, the
+ * currency list and its length, the currency sign ('E' once set up). */
+typedef struct xf_euro_state {
+    double     *rates;
+    const char *currencies;
+    uint32_t    currencies_length;
+    char        currency_sign;
+} xf_euro_state;
+
+/* Units per euro, index 0 the euro itself, in the order of valid_curr. */
+XF_API extern const double conv_rate[26];
+/* "EUR ATS BEF ... SIT ": 26 codes of three letters and a blank (104 bytes). */
+XF_API extern const char valid_curr[105];
+XF_API extern xf_euro_state euro_reentstr;
+/* Both return &euro_reentstr. */
+XF_API xf_euro_state *estrent(void);
+XF_API xf_euro_state *getrent(void);
+/* Allocates a working copy of conv_rate into state->rates (once per call;
+ * a replaced copy is kept alive) and sets the currency list to valid_curr
+ * when none is set. Safe to call from several threads at once. */
+XF_API void eurconv(xf_euro_state *state);
+/* Sets the currency sign to 'E'. */
+XF_API void eurochr(xf_euro_state *state);
+/* EURFRxxx: an amount in the national currency xxx printed in euros (value /
+ * rate) exactly as EUROX w.d prints it; EURTOxxx: an amount in euros printed
+ * in xxx (value * rate) as w.d does. Missing values go to EUROX or w.d
+ * unchanged. The output length is the width (within the capacity); the
+ * status is the printing format's. First use sets up the rate copy; safe
+ * from any number of threads. */
+XF_API xf_status eurfrats(xf_frame *frame);
+XF_API xf_status eurfrbef(xf_frame *frame);
+XF_API xf_status eurfrfim(xf_frame *frame);
+XF_API xf_status eurfrfrf(xf_frame *frame);
+XF_API xf_status eurfrdem(xf_frame *frame);
+XF_API xf_status eurfriep(xf_frame *frame);
+XF_API xf_status eurfritl(xf_frame *frame);
+XF_API xf_status eurfrluf(xf_frame *frame);
+XF_API xf_status eurfrnlg(xf_frame *frame);
+XF_API xf_status eurfrpte(xf_frame *frame);
+XF_API xf_status eurfresp(xf_frame *frame);
+XF_API xf_status eurfrchf(xf_frame *frame);
+XF_API xf_status eurfrdkk(xf_frame *frame);
+XF_API xf_status eurfrgbp(xf_frame *frame);
+XF_API xf_status eurfrgrd(xf_frame *frame);
+XF_API xf_status eurfrsek(xf_frame *frame);
+XF_API xf_status eurfrczk(xf_frame *frame);
+XF_API xf_status eurfrhuf(xf_frame *frame);
+XF_API xf_status eurfrnok(xf_frame *frame);
+XF_API xf_status eurfrrur(xf_frame *frame);
+XF_API xf_status eurfrtrl(xf_frame *frame);
+XF_API xf_status eurfrplz(xf_frame *frame);
+XF_API xf_status eurfrrol(xf_frame *frame);
+XF_API xf_status eurfryud(xf_frame *frame);
+XF_API xf_status eurfrsit(xf_frame *frame);
+XF_API xf_status eurtoats(xf_frame *frame);
+XF_API xf_status eurtobef(xf_frame *frame);
+XF_API xf_status eurtofim(xf_frame *frame);
+XF_API xf_status eurtofrf(xf_frame *frame);
+XF_API xf_status eurtodem(xf_frame *frame);
+XF_API xf_status eurtoiep(xf_frame *frame);
+XF_API xf_status eurtoitl(xf_frame *frame);
+XF_API xf_status eurtoluf(xf_frame *frame);
+XF_API xf_status eurtonlg(xf_frame *frame);
+XF_API xf_status eurtopte(xf_frame *frame);
+XF_API xf_status eurtoesp(xf_frame *frame);
+XF_API xf_status eurtochf(xf_frame *frame);
+XF_API xf_status eurtodkk(xf_frame *frame);
+XF_API xf_status eurtogbp(xf_frame *frame);
+XF_API xf_status eurtogrd(xf_frame *frame);
+XF_API xf_status eurtosek(xf_frame *frame);
+XF_API xf_status eurtoczk(xf_frame *frame);
+XF_API xf_status eurtohuf(xf_frame *frame);
+XF_API xf_status eurtonok(xf_frame *frame);
+XF_API xf_status eurtorur(xf_frame *frame);
+XF_API xf_status eurtotrl(xf_frame *frame);
+XF_API xf_status eurtoplz(xf_frame *frame);
+XF_API xf_status eurtorol(xf_frame *frame);
+XF_API xf_status eurtoyud(xf_frame *frame);
+XF_API xf_status eurtosit(xf_frame *frame);
+
 /* ======================================================================
  * Text and encodings
  * ====================================================================== */

@@ -1,5 +1,8 @@
 // xfmt: format values, read them back, list the catalog, and print CSV
 // files as fixed-width reports, through the library's C interface.
+#include <langinfo.h>  // nl_langinfo: the codeset of the terminal
+
+#include <cctype>
 #include <clocale>  // setlocale: the process locale national formats consult
 #include <cstdio>
 #include <cstdlib>  // getenv
@@ -63,12 +66,22 @@ bool readable(const std::string &path) {
   return f != nullptr;
 }
 
+// The codeset the C library reports for the process locale is UTF-8.
+bool codeset_is_utf8() {
+  const char *cs = nl_langinfo(CODESET);
+  if (cs == nullptr) return false;
+  std::string c(cs);
+  for (char &ch : c) ch = static_cast<char>(std::tolower(static_cast<unsigned char>(ch)));
+  return c == "utf-8" || c == "utf8";
+}
+
 }  // namespace
 
 int main(int argc, char **argv) {
   using namespace xfmt::cli;
   set_process_locale();
   run_options opt;
+  opt.utf8_terminal = codeset_is_utf8();
   std::vector<std::string> args;
   bool options_done = false;
   for (int i = 1; i < argc; ++i) {

@@ -170,6 +170,38 @@ bool conversion::is_built() const {
   return static_cast<const fmtposs_row *>(handle_)->row.routine != nullptr;
 }
 
+bool conversion::writes_windows_1252() const {
+  const auto *kind = static_cast<const char *>(handle_) + 8;
+  if (*kind == '+' || *kind == '-') return false;
+  const auto *row = static_cast<const fmtposs_row *>(handle_);
+  return std::memcmp(row->module_name, "JAZWFNLS", 8) != 0;
+}
+
+namespace {
+
+// Windows-1252 bytes (the euro sign 0x80, the yen sign 0xA5, ...) as UTF-8,
+// so that a terminal shows the mark rather than a replacement character.
+std::string windows_1252_to_utf8(const std::string &text) {
+  std::string out;
+  out.reserve(text.size() + 8);
+  for (char c : text) {
+    uint16_t u = wlt1unic[static_cast<unsigned char>(c)];
+    if (u < 0x80) {
+      out += static_cast<char>(u);
+    } else if (u < 0x800) {
+      out += static_cast<char>(0xC0 | (u >> 6));
+      out += static_cast<char>(0x80 | (u & 0x3F));
+    } else {
+      out += static_cast<char>(0xE0 | (u >> 12));
+      out += static_cast<char>(0x80 | ((u >> 6) & 0x3F));
+      out += static_cast<char>(0x80 | (u & 0x3F));
+    }
+  }
+  return out;
+}
+
+}  // namespace
+
 xf_status conversion::run(xf_frame &frame) const {
   frame.width = width_;
   frame.decimals = decimals_;
@@ -215,6 +247,8 @@ bool conversion::put(std::string_view value, std::string &field, xf_status &stat
       wide += static_cast<char>(u >> 8);
     }
     field = wide;
+  } else if (!opt_.utf16 && opt_.utf8_terminal && writes_windows_1252()) {
+    field = windows_1252_to_utf8(field);
   }
   return true;
 }

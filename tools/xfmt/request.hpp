@@ -17,6 +17,7 @@ struct run_options {
   uint32_t locale_id = 0;  // 0: the process locale (ZAV_LOCALE)
   bool utf16 = false;      // ask for UTF-16LE output
   std::string control_file;  // user-defined formats are read from it; empty: none
+  bool utf8_terminal = false;  // the process codeset is UTF-8: show Windows-1252 marks as UTF-8
 };
 
 // A resolved conversion; owns its handle.
@@ -38,6 +39,10 @@ class conversion {
   bool explicit_width() const { return explicit_width_; }
   bool is_character() const { return !name_.empty() && name_[0] == '$'; }
   bool is_built() const;
+  // True when the conversion writes single-byte Windows-1252 text (every
+  // catalogued format outside the national-language module, whose text is
+  // already in the process codeset).
+  bool writes_windows_1252() const;
   // Limits of the width block, for messages.
   uint16_t min_width() const { return block_[0]; }
   uint16_t max_width() const { return block_[1]; }

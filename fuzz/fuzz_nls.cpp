@@ -1,0 +1,123 @@
+// The national formats on arbitrary frames: any routine of the JAZWFNLS
+// table and the euro formats, any value bits, width, decimals, locale id,
+// validation bit and output encoding, into an exact-size heap buffer. Each
+// call runs twice and must give the same status and bytes, stay inside the
+// capacity and never deliver more than the width. Also the pattern expander
+// on arbitrary patterns.
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <vector>
+
+#include "xfmt/xfmt.h"
+
+namespace {
+
+struct reader {
+  const uint8_t *p;
+  size_t n;
+  uint8_t byte() {
+    if (n == 0) return 0;
+    --n;
+    return *p++;
+  }
+  uint64_t u64() {
+    uint64_t v = 0;
+    for (int i = 0; i < 8; ++i) v |= static_cast<uint64_t>(byte()) << (8 * i);
+    return v;
+  }
+};
+
+void check(bool ok) {
+  if (!ok) std::abort();
+}
+
+// A value: raw bits, or one near the calendar and money ranges.
+double value_of(reader &r) {
+  const uint8_t how = r.byte();
+  uint64_t bits = r.u64();
+  double v;
+  std::memcpy(&v, &bits, sizeof v);
+  switch (how % 4) {
+    case 0: return v;
+    case 1: return static_cast<double>(static_cast<int32_t>(bits)) / 8;       // dates
+    case 2: return static_cast<double>(static_cast<int64_t>(bits) >> 24);     // datetimes
+    default: {
+      uint64_t miss = 0xFFFF000000000000ull | (bits & 0xFF) << 40;            // missing kinds
+      std::memcpy(&v, &miss, sizeof v);
+      return v;
+    }
+  }
+}
+
+struct run_result {
+  xf_status st;
+  uint32_t length;
+  std::vector<uint8_t> bytes;
+};
+
+run_result run(xf_routine routine, const xf_frame &model, double v) {
+  std::vector<uint8_t> buf(model.output_capacity);
+  xf_frame f = model;
+  f.input = &v;
+  f.input_length = 8;
+  f.output = buf.empty() ? nullptr : buf.data();
+  run_result r{routine(&f), f.output_length, {}};
+  r.bytes = buf;
+  return r;
+}
+
+void one_format(reader &r) {
+  const fmtinfo *nls = jazwfnls();
+  const fmtinfo *msc = jazwfmsc();
+  const fmtinfo *m = r.byte() & 1 ? msc : nls;
+  const uint32_t index = r.byte() | static_cast<uint32_t>(r.byte()) << 8;
+  const fmtinfo_eachfmt &row = m->rows[index % m->count];
+  if (row.routine == nullptr) return;
+  if (m == msc && std::memcmp(row.name, "EUR", 3) != 0) return;
+  xf_frame f{};
+  f.width = static_cast<int8_t>(r.byte());
+  if (r.byte() & 1) f.width = row.max_width + f.width % 8;
+  f.decimals = static_cast<int8_t>(r.byte()) % 40;
+  f.output_capacity = r.byte();
+  f.option_word = r.byte() | (r.byte() & 1 ? XF_OPT_VALIDATE : 0);
+  f.requested_output_encoding = r.byte() & 1 ? XF_ENC_UTF16LE : 0;
+  const double v = value_of(r);
+  run_result a = run(row.routine, f, v), b = run(row.routine, f, v);
+  check(a.st == b.st && a.length == b.length && a.bytes == b.bytes);
+  check(a.length <= f.output_capacity);
+  const uint32_t unit = f.requested_output_encoding == XF_ENC_UTF16LE ? 2 : 1;
+  if (f.width >= 0 && m == nls) check(a.length <= static_cast<uint32_t>(f.width) * unit);
+}
+
+void one_pattern(reader &r) {
+  const int locale = r.byte();
+  const double date = value_of(r);
+  const double hour = r.byte() % 30, minute = r.byte() % 60, second = r.byte() % 61 + 0.5;
+  int32_t width = static_cast<int8_t>(r.byte());
+  const int32_t decimals = r.byte() % 12;
+  std::vector<char> pattern(r.p, r.p + r.n);
+  // Exact-size buffers; a zero width still gets a valid (empty) buffer.
+  const size_t field = static_cast<size_t>(width < 0 ? -width : width);
+  std::vector<char> out(field + 1), out2(field + 1);
+  out.pop_back();
+  out2.pop_back();
+  int32_t w1 = width, w2 = width;
+  int a = expand(date, hour, minute, second, locale, pattern.data(),
+                 static_cast<int32_t>(pattern.size()), out.data(), &w1, decimals);
+  int b = expand(date, hour, minute, second, locale, pattern.data(),
+                 static_cast<int32_t>(pattern.size()), out2.data(), &w2, decimals);
+  check(a == b && w1 == w2 && out == out2);
+  check(a == 0 || a == 1 || a == -2);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+  if (size == 0) return 0;
+  reader r{data + 1, size - 1};
+  if (data[0] & 1) one_pattern(r);
+  else one_format(r);
+  return 0;
+}

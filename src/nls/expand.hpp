@@ -1,0 +1,72 @@
+// The national date and time pattern expander: turns a locale pattern such as
+// "%d %B %Y" into text with the locale's names, still in the record's narrow
+// form (non-ASCII characters as "<UXXXX>" escapes; nl_encode turns them into
+// the output encoding).
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace xfmt::nls {
+
+// Where the expander and the members read locale text. The production reader
+// wraps the generated database; tests hand in a record of their own.
+struct field_reader {
+  const void *context = nullptr;
+  // Stores the field's text and returns true; false when it cannot be read.
+  bool (*read)(const void *context, int field, std::string_view *text) = nullptr;
+
+  bool get(int field, std::string_view *text) const {
+    return read != nullptr && read(context, field, text);
+  }
+};
+
+// A date and a time of day taken apart once, before expansion. Each part may
+// be missing; the calendar fields are meaningful only when has_date is set.
+struct moment {
+  bool has_date = false;
+  int64_t day_number = 0;  // days from 1960-01-01
+  int year = 0;            // 1582 .. 20000
+  int month = 0;           // 1 .. 12
+  int day = 0;             // 1 .. 31
+  int yday = 0;            // 1 .. 366
+  int wday = -1;           // 0 Sunday .. 6 Saturday
+  int iso_year = 0;        // ISO 8601 week-numbering year
+  int iso_week = 0;        // 1 .. 53
+  int monday_week = 0;     // 0 .. 53, weeks beginning on Monday
+  // When set, the three week fields are not filled in: the expander asks for
+  // them only for "%G", "%g", "%V" and "%W", which few patterns hold.
+  void (*weeks)(const moment &m, int *iso_year, int *iso_week, int *monday_week) = nullptr;
+
+  bool has_hour = false, has_minute = false, has_second = false;
+  int64_t hour = 0;   // 0 .. 23 for a time of day
+  int minute = 0;     // 0 .. 59
+  double second = 0;  // 0 <= s < 60, fraction kept
+};
+
+// Outcome of expand.
+inline constexpr int expand_fits = 0;
+inline constexpr int expand_too_long = 1;
+inline constexpr int expand_bad_letter = -2;
+
+// Expands pattern into out (room for |*width| bytes). A negative *width asks
+// for right alignment; |*width| is the field. The field is blank filled; the
+// text goes left (or right) aligned. Returns expand_fits and stores the
+// text's length in *width, expand_too_long with the first |*width| bytes of
+// the text in out, or expand_bad_letter for an unknown conversion.
+int expand(const moment &m, const field_reader &loc, const char *pattern, size_t pattern_length,
+           char *out, int32_t *width, int32_t decimals);
+
+// The expansion alone: at most room bytes of text, its full length in
+// *length (more than room: the text was cut). expand_fits or expand_bad_letter.
+int expand_text(const moment &m, const field_reader &loc, const char *pattern,
+                size_t pattern_length, char *text, size_t room, size_t *length, int32_t decimals);
+
+// Era-adjusted year of "%+Y" for the locale's country code (field 5).
+int era_year(const moment &m, std::string_view country);
+
+// Length in characters of a record text: each "<UXXXX>" escape counts one.
+size_t escaped_length(std::string_view text);
+
+}  // namespace xfmt::nls

@@ -1,0 +1,328 @@
+// The member rules shared by every national date, datetime and time format.
+#include "xfmt/xfmt.h"
+
+#include "nls/nl_member.hpp"
+
+#include <cmath>
+#include <cstring>
+#include <string_view>
+
+#include "catalog/field.hpp"
+#include "nls/locale_reader.hpp"
+#include "nls/nl_encode.hpp"
+#include "nls/zkf.hpp"
+
+namespace xfmt::nls {
+namespace {
+
+constexpr size_t text_room = 1024;
+constexpr int max_width = 200;
+constexpr int code_short_form = 190;
+constexpr int field_date_order = 6;
+constexpr int field_date_separator = 153;
+// Beyond the encoder's results: the pattern could not be read or expanded.
+constexpr int format_failed = 8;
+
+bool wants_utf16(const xf_frame *f) { return f->requested_output_encoding == XF_ENC_UTF16LE; }
+
+bool value_in_range(value_kind k, double v) {
+  return k == value_kind::date ? date_value_in_range(v) : datetime_value_in_range(v);
+}
+
+moment moment_for(value_kind k, double v, int32_t d) {
+  switch (k) {
+    case value_kind::date:
+      return date_moment_of(v);
+    case value_kind::datetime:
+      return datetime_moment_of(v, d, true);
+    case value_kind::date_of_datetime:
+      return date_moment_of(zdatprt(v));
+    case value_kind::time:
+      return datetime_moment_of(v, d, false);
+  }
+  return moment{};
+}
+
+int32_t pattern_decimals(value_kind k, int32_t d) {
+  return (k == value_kind::datetime || k == value_kind::time) && d > 0 ? d : 0;
+}
+
+// The encoded text goes straight to the output field: the encoder writes
+// nothing when it fails, so a field that must stay as it was does.
+struct encoded {
+  uint32_t n = 0;
+};
+
+// Expands one pattern (or locale field code) and encodes it against w.
+int format_one(xf_frame *f, const moment &m, const field_reader &loc, const char *pattern,
+               size_t pattern_length, int code, int32_t d, bool strip, encoded &out) {
+  char text[text_room];
+  int32_t len = static_cast<int32_t>(sizeof text);
+  if (zkf_expand(m, loc, pattern, pattern_length, code, text, &len, d) != expand_fits)
+    return format_failed;
+  const char *t = text;
+  if (strip) {
+    while (len > 0 && *t == ' ') ++t, --len;
+    while (len > 0 && t[len - 1] == ' ') --len;
+  }
+  return encode_text(wants_utf16(f), t, static_cast<size_t>(len), f->width, frame_out(f),
+                     f->output_capacity, &out.n);
+}
+
+// The date order of field 6 as three letters: "YMD" when the text is not an
+// order, empty when the locale cannot be read (no short form then).
+std::string_view date_order(const field_reader &loc) {
+  std::string_view o;
+  if (!loc.get(field_date_order, &o)) return {};
+  if (o.size() != 3) return "YMD";
+  if (o.find('D') == o.npos || o.find('M') == o.npos || o.find('Y') == o.npos) return "YMD";
+  return o;
+}
+
+std::string_view date_separator(const field_reader &loc) {
+  std::string_view s;
+  if (!loc.get(field_date_separator, &s) || s.empty() || s.find('%') != s.npos || s.size() > 8)
+    return "-";
+  return s;
+}
+
+struct pattern_text {
+  char p[64];
+  size_t n = 0;
+  void put(std::string_view s) {
+    for (char c : s)
+      if (n < sizeof p) p[n++] = c;
+  }
+};
+
+// The day, month and year of the locale's order, leaving out what skip names.
+void put_dmy(pattern_text &t, std::string_view order, std::string_view sep, bool long_year,
+             char skip) {
+  bool first = true;
+  for (char c : order) {
+    if (c == skip) continue;
+    if (!first) t.put(sep);
+    first = false;
+    t.put(c == 'D' ? "%d" : c == 'M' ? "%m" : long_year ? "%Y" : "%y");
+  }
+}
+
+// The short numeric pattern for a form and width; empty when nothing fits.
+//   date          dd.mm.yyyy (w >= 10), dd.mm.yy (8), ddmmyy (6), in locale order
+//   year_month    yyyy-mm (7), yy-mm (5), yymm (4)
+//   month_day     dd.mm (5), ddmm (4)
+//   year_quarter  yyyyQn (6), yyQn (4)
+//   datetime      date (10 or 8) and hh:mm:ss[.fff], or date (8) and hh:mm
+pattern_text short_pattern(short_form form, int w, int32_t d, const field_reader &loc,
+                           const moment &m) {
+  pattern_text t;
+  const std::string_view order = date_order(loc);
+  if (order.empty()) return t;
+  const std::string_view sep = date_separator(loc);
+  const int s = static_cast<int>(sep.size());
+  switch (form) {
+    case short_form::none:
+      break;
+    case short_form::date:
+      if (w >= 8 + 2 * s)
+        put_dmy(t, order, sep, true, 0);
+      else if (w >= 6 + 2 * s)
+        put_dmy(t, order, sep, false, 0);
+      else if (w >= 6)
+        put_dmy(t, order, "", false, 0);
+      break;
+    case short_form::year_month:
+      if (w >= 6 + s)
+        put_dmy(t, order, sep, true, 'D');
+      else if (w >= 4 + s)
+        put_dmy(t, order, sep, false, 'D');
+      else if (w >= 4)
+        put_dmy(t, order, "", false, 'D');
+      break;
+    case short_form::month_day:
+      if (w >= 4 + s)
+        put_dmy(t, order, sep, false, 'Y');
+      else if (w >= 4)
+        put_dmy(t, order, "", false, 'Y');
+      break;
+    case short_form::year_quarter: {
+      const char q[3] = {'Q', static_cast<char>('1' + (m.month - 1) / 3), '\0'};
+      if (w >= 6)
+        t.put("%Y");
+      else if (w >= 4)
+        t.put("%y");
+      else
+        break;
+      t.put(q);
+      break;
+    }
+    case short_form::datetime: {
+      const int date10 = 8 + 2 * s, date8 = 6 + 2 * s;
+      if (d > 0 && w >= date10 + 10 + d) {
+        put_dmy(t, order, sep, true, 0);
+        t.put(" %H:%M:%S");
+      } else if (w >= date10 + 9) {
+        put_dmy(t, order, sep, true, 0);
+        t.put(" %H:%M:%s");
+      } else if (w >= date8 + 9) {
+        put_dmy(t, order, sep, false, 0);
+        t.put(" %H:%M:%s");
+      } else if (w >= date8 + 6) {
+        put_dmy(t, order, sep, false, 0);
+        t.put(" %H:%M");
+      }
+      break;
+    }
+  }
+  return t;
+}
+
+int format_short(xf_frame *f, const member_spec &spec, short_form form, const moment &m,
+                 const field_reader &loc, encoded &out) {
+  pattern_text t = short_pattern(form, f->width, f->decimals, loc, m);
+  if (t.n == 0) return format_failed;
+  return format_one(f, m, loc, t.p, t.n, 0, pattern_decimals(spec.kind, f->decimals), true, out);
+}
+
+xf_status overflow(xf_frame *f, bool no_room) {
+  return fail_stars(f, f->width, no_room ? XF_E_CAPACITY : XF_E_OVERFLOW);
+}
+
+// Validation, missing values and the range: 1 when the caller may go on.
+bool prologue(xf_frame *f, const member_spec &spec, bool stars_out_of_range, xf_status *st) {
+  f->output_encoding = XF_ENC_SINGLE_BYTE;
+  *st = validate(f, spec.min_width, spec.max_decimals);
+  if (*st != XF_OK) return false;
+  const double v = frame_value(f);
+  if (is_missing(v)) {
+    *st = write_missing(f, f->width, 0);
+    return false;
+  }
+  if (!value_in_range(spec.kind, v)) {
+    // The one-pattern members leave the field as it was: nothing delivered.
+    if (stars_out_of_range)
+      *st = fail_stars(f, f->width, XF_E_DATE_RANGE);
+    else
+      f->output_length = 0;
+    return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+xf_status validate(const xf_frame *f, int min_width, int max_decimals) {
+  if ((f->option_word & XF_OPT_VALIDATE) == 0) return XF_OK;
+  if (f->width < min_width) return XF_NL_WIDTH_LOW;
+  if (f->width > max_width) return XF_NL_WIDTH_HIGH;
+  if (f->decimals < 0) return XF_NL_DECIMALS_LOW;
+  if (f->decimals > max_decimals) return XF_NL_DECIMALS_HIGH;
+  return XF_OK;
+}
+
+void place_left(xf_frame *f, uint32_t n, bool utf16) {
+  char *out = frame_out(f);
+  const uint32_t cap = f->output_capacity;
+  if (utf16) {
+    for (uint32_t i = n; i + 1 < cap; i += 2) {
+      out[i] = ' ';
+      out[i + 1] = '\0';
+    }
+    if (cap > n && (cap - n) % 2) out[cap - 1] = ' ';
+  } else if (cap > n) {
+    fill_bytes(out + n, cap - n, ' ');
+  }
+  f->output_length = n;
+  f->output_encoding = utf16 ? XF_ENC_UTF16LE : XF_ENC_SINGLE_BYTE;
+}
+
+xf_status run_two_pattern(xf_frame *f, const member_spec &spec) {
+  xf_status st;
+  if (!prologue(f, spec, true, &st)) return st;
+  const field_reader loc = locale_reader(frame_locale_id(f));
+  const moment m = moment_for(spec.kind, frame_value(f), f->decimals);
+  const int32_t d = pattern_decimals(spec.kind, f->decimals);
+  encoded out;
+  bool no_room = false;
+  for (int code : {spec.first, spec.second}) {
+    if (code == 0) continue;
+    int r = format_one(f, m, loc, nullptr, 0, code, d, false, out);
+    if (r <= 0) {
+      place_left(f, out.n, wants_utf16(f));
+      return XF_OK;
+    }
+    no_room = no_room || r == encode_no_room;
+  }
+  if (spec.fallback != short_form::none) {
+    int r = format_short(f, spec, spec.fallback, m, loc, out);
+    if (r <= 0) {
+      place_left(f, out.n, wants_utf16(f));
+      return XF_OK;
+    }
+    no_room = no_room || r == encode_no_room;
+  }
+  return overflow(f, no_room);
+}
+
+xf_status run_one_pattern(xf_frame *f, const member_spec &spec, const xf_nl_pattern *table) {
+  if (table[0].pattern == nullptr && table[0].code == code_short_form) return run_short(f, spec);
+  xf_status st;
+  if (!prologue(f, spec, false, &st)) return st;
+  const field_reader loc = locale_reader(frame_locale_id(f));
+  const moment m = moment_for(spec.kind, frame_value(f), f->decimals);
+  const char *p = table[0].pattern;
+  encoded out;
+  int r =
+      format_one(f, m, loc, p, p != nullptr ? std::strlen(p) : 0, p != nullptr ? 0 : table[0].code,
+                 pattern_decimals(spec.kind, f->decimals), false, out);
+  if (r <= encode_shortened) {
+    place_left(f, out.n, wants_utf16(f));
+    return XF_OK;
+  }
+  // Too long for the buffer, or unconvertible: the field stays as it was.
+  f->output_length = 0;
+  return r == encode_no_room ? XF_E_CAPACITY : XF_E_OVERFLOW;
+}
+
+xf_status run_short(xf_frame *f, const member_spec &spec) {
+  xf_status st;
+  if (!prologue(f, spec, true, &st)) return st;
+  const field_reader loc = locale_reader(frame_locale_id(f));
+  const moment m = moment_for(spec.kind, frame_value(f), f->decimals);
+  encoded out;
+  int r = format_short(f, spec, spec.fallback, m, loc, out);
+  if (r <= 0) {
+    place_left(f, out.n, wants_utf16(f));
+    return XF_OK;
+  }
+  return overflow(f, r == encode_no_room);
+}
+
+xf_status run_name(xf_frame *f, int full_first, int abbrev_first, int count) {
+  f->output_encoding = XF_ENC_SINGLE_BYTE;
+  xf_status st = validate(f, 1, 3);
+  if (st != XF_OK) return st;
+  const double v = frame_value(f);
+  if (is_missing(v)) return write_missing(f, f->width, 0);
+  if (!std::isfinite(v) || std::trunc(v) < 1 || std::trunc(v) > count)
+    return fail_stars(f, f->width, XF_E_OVERFLOW);
+  const int k = static_cast<int>(std::trunc(v)) - 1;
+  const field_reader loc = locale_reader(frame_locale_id(f));
+  encoded out;
+  bool no_room = false;
+  // The full name when it fits whole, else the abbreviation, cut if need be.
+  for (int first : {full_first, abbrev_first}) {
+    std::string_view name;
+    if (!loc.get(first + k, &name) || name.empty()) continue;
+    int r = encode_text(wants_utf16(f), name.data(), name.size(), f->width, frame_out(f),
+                        f->output_capacity, &out.n);
+    if (r <= 0 || (r == encode_shortened && first == abbrev_first)) {
+      place_left(f, out.n, wants_utf16(f));
+      return XF_OK;
+    }
+    no_room = no_room || r == encode_no_room;
+  }
+  return overflow(f, no_room);
+}
+
+}  // namespace xfmt::nls

@@ -1,0 +1,55 @@
+// The common body of the NLDATE, NLDATM and NLTIME members: validation, the
+// missing and range rules, the two-pattern and one-pattern rules, the short
+// numeric forms, and placing the encoded text in the field.
+#pragma once
+
+#include <cstdint>
+
+#include "xfmt/xfmt.h"
+
+namespace xfmt::nls {
+
+enum class value_kind : uint8_t {
+  date,              // a date value
+  datetime,          // a datetime value, datetime patterns
+  date_of_datetime,  // a datetime value shown by its date part
+  time,              // a time of day
+};
+
+// Short numeric forms, built from the locale's date order (field 6) and
+// separator (field 153) to suit the width.
+enum class short_form : uint8_t { none, date, year_month, month_day, year_quarter, datetime };
+
+struct member_spec {
+  int16_t min_width;
+  int16_t max_decimals;
+  value_kind kind;
+  int32_t first;   // locale field code of the first pattern
+  int32_t second;  // of the second; 0: none
+  short_form fallback;
+};
+
+// NLDATE, NLDATM, NLTIME and their kin: first pattern, second pattern, the
+// short numeric form when there is one, else a field of '*'.
+xf_status run_two_pattern(xf_frame *f, const member_spec &spec);
+
+// The L, M, N and W members: the first row of their pattern table only; a
+// shortened text is accepted.
+xf_status run_one_pattern(xf_frame *f, const member_spec &spec, const xf_nl_pattern *table);
+
+// The S members: the short numeric form alone.
+xf_status run_short(xf_frame *f, const member_spec &spec);
+
+// NLSTRMON, NLSTRQTR, NLSTRWK: the name numbered by the value (1..count),
+// full when it fits, else abbreviated.
+xf_status run_name(xf_frame *f, int full_first, int abbrev_first, int count);
+
+// Shared by the members: validation of w and d (when the frame asks),
+// 39-42, or 0 to go on.
+xf_status validate(const xf_frame *f, int min_width, int max_decimals);
+
+// The encoded text stands in the first n bytes of the output: the rest of
+// the capacity becomes blank, and n the output length.
+void place_left(xf_frame *f, uint32_t n, bool utf16);
+
+}  // namespace xfmt::nls

@@ -1,0 +1,12 @@
+// NLSTRMON, NLSTRQTR, NLSTRWK: the locale's name of a month (1-12), quarter
+// (1-4) or weekday (1-7, Sunday first) given as a number. The full name when
+// it fits the width, else the abbreviation; another number gives '*'.
+#include "xfmt/xfmt.h"
+
+#include "nls/nl_member.hpp"
+
+using namespace xfmt::nls;
+
+extern "C" xf_status nlstrmon(xf_frame *f) { return run_name(f, 71, 59, 12); }
+extern "C" xf_status nlstrqtr(xf_frame *f) { return run_name(f, 139, 135, 4); }
+extern "C" xf_status nlstrwk(xf_frame *f) { return run_name(f, 114, 107, 7); }

@@ -1,0 +1,16 @@
+// NLTIME and NLTIMAP: a time of day in the locale's 24-hour or 12-hour form.
+#include "xfmt/xfmt.h"
+
+#include "nls/nl_member.hpp"
+
+using namespace xfmt::nls;
+
+extern "C" xf_status nltime(xf_frame *f) {
+  static constexpr member_spec spec{10, 3, value_kind::time, 53, 0, short_form::none};
+  return run_two_pattern(f, spec);
+}
+
+extern "C" xf_status nltimap(xf_frame *f) {
+  static constexpr member_spec spec{4, 3, value_kind::time, 52, 0, short_form::none};
+  return run_two_pattern(f, spec);
+}

@@ -1,0 +1,157 @@
+// zkfdate, zkfdttm, zkftime and the exported expand: values taken apart with
+// the calendar, then handed to the expander.
+#include "xfmt/xfmt.h"
+
+#include "nls/zkf.hpp"
+
+#include <cmath>
+#include <cstring>
+
+#include "catalog/missing.hpp"
+#include "datetime/calendar.hpp"
+#include "nls/locale_reader.hpp"
+
+namespace xfmt::nls {
+namespace {
+
+// The week rules of the calendar, run only when a pattern asks for a week.
+void week_rules(const moment &m, int *iso_year, int *iso_week, int *monday_week) {
+  double y = -1, w = -1, d = -1;
+  const double day = static_cast<double>(m.day_number);
+  get_yywwdd("V", 0, &y, &w, &d, day);
+  *iso_year = static_cast<int>(y);
+  *iso_week = static_cast<int>(w);
+  get_yywwdd("W", 0, &y, &w, &d, day);
+  *monday_week = static_cast<int>(w);
+}
+
+// Rounds |v| to decimals the way the plain number printer does: add half a
+// unit of the last place, nudge by one ulp, truncate.
+double round_to(double v, int32_t decimals) {
+  if (decimals <= 0 && v == std::floor(v)) return v;
+  const int d = decimals < 0 ? 0 : (decimals > 9 ? 9 : decimals);
+  const double scale = std::pow(10.0, d);
+  const double mag = (std::fabs(v) + 0.5 / scale) * 1.0000000000000002;
+  const double r = std::floor(mag * scale) / scale;
+  return v < 0 ? -r : r;
+}
+
+}  // namespace
+
+bool date_value_in_range(double v) { return datetime::date_in_range(v); }
+bool datetime_value_in_range(double v) { return datetime::datetime_in_range(v); }
+
+moment date_moment_of(double date) {
+  static constexpr moment no_date{};
+  moment m = no_date;
+  if (is_missing(date) || !date_value_in_range(date)) return m;
+  const int64_t n = static_cast<int64_t>(std::floor(date));
+  const datetime::ymd c = datetime::ymd_from_days(n);
+  m.has_date = true;
+  m.day_number = n;
+  m.year = static_cast<int>(c.year);
+  m.month = c.month;
+  m.day = c.day;
+  m.yday = datetime::day_of_year(c.year, c.month, c.day);
+  // The true weekday (1960-01-01 was a Friday), also before 1600.
+  int64_t w = (n + 5) % 7;
+  m.wday = static_cast<int>(w < 0 ? w + 7 : w);
+  m.weeks = &week_rules;
+  return m;
+}
+
+moment datetime_moment_of(double value, int32_t decimals, bool with_date) {
+  const double r = round_to(value, decimals);
+  moment m = with_date ? date_moment_of(zdatprt(r)) : moment{};
+  const double h = zhour(r), mi = zminute(r), s = zsecond(r);
+  m.has_hour = !is_missing(h);
+  m.has_minute = !is_missing(mi);
+  m.has_second = !is_missing(s);
+  if (m.has_hour) m.hour = static_cast<int64_t>(h);
+  if (m.has_minute) m.minute = static_cast<int>(mi);
+  if (m.has_second) m.second = s;
+  return m;
+}
+
+int zkf_expand(const moment &m, const field_reader &loc, const char *pattern, size_t pattern_length,
+               int code, char *text, int32_t *length, int32_t decimals) {
+  // A locale pattern with " %z" appended: patterns are short, 200 is ample.
+  char joined[256];
+  std::string_view p;
+  if (pattern != nullptr) {
+    p = std::string_view(pattern, pattern_length);
+  } else {
+    if (code <= 0 || !loc.get(code & 0xFF, &p)) return zkf_unreadable;
+  }
+  if (code > 0 && (code & code_with_zone) != 0) {
+    if (p.size() + 3 > sizeof joined) return zkf_unreadable;
+    std::memcpy(joined, p.data(), p.size());
+    std::memcpy(joined + p.size(), " %z", 3);
+    p = std::string_view(joined, p.size() + 3);
+  }
+  const size_t room = *length > 0 ? static_cast<size_t>(*length) : 0;
+  size_t n = 0;
+  const int r = expand_text(m, loc, p.data(), p.size(), text, room, &n, decimals);
+  if (r != expand_fits) return r;
+  if (n > room) return expand_too_long;  // text holds its first room bytes
+  *length = static_cast<int32_t>(n);
+  return expand_fits;
+}
+
+}  // namespace xfmt::nls
+
+namespace {
+
+size_t pattern_size(const char *p) { return p != nullptr ? std::strlen(p) : 0; }
+
+}  // namespace
+
+extern "C" int expand(double date, double hours, double minutes, double seconds, int32_t locale_id,
+                      const char *pattern, int32_t pattern_length, char *out, int32_t *width,
+                      int32_t decimals) {
+  using namespace xfmt::nls;
+  if (pattern == nullptr || pattern_length < 0 || out == nullptr || width == nullptr)
+    return expand_bad_letter;
+  moment m = date_moment_of(date);
+  if (!xfmt::is_missing(hours) && std::isfinite(hours)) {
+    m.has_hour = true;
+    m.hour = static_cast<int64_t>(hours);
+  }
+  if (!xfmt::is_missing(minutes) && std::isfinite(minutes)) {
+    m.has_minute = true;
+    m.minute = static_cast<int>(minutes);
+  }
+  if (!xfmt::is_missing(seconds) && std::isfinite(seconds)) {
+    m.has_second = true;
+    m.second = seconds;
+  }
+  const field_reader loc = locale_reader(resolve_locale_id(locale_id));
+  return zkf_expand(m, loc, pattern, static_cast<size_t>(pattern_length), 0, out, width, decimals);
+}
+
+extern "C" int zkfdate(double date, int32_t locale_id, char *text, int32_t *length,
+                       const char *pattern, int32_t code) {
+  using namespace xfmt::nls;
+  if (!date_value_in_range(date)) return zkf_out_of_range;
+  const field_reader loc = locale_reader(resolve_locale_id(locale_id));
+  return zkf_expand(date_moment_of(date), loc, pattern, pattern_size(pattern), code, text, length,
+                    0);
+}
+
+extern "C" int zkfdttm(double dt, int32_t locale_id, char *text, int32_t *length,
+                       const char *pattern, int32_t code, int32_t decimals) {
+  using namespace xfmt::nls;
+  if (!datetime_value_in_range(dt)) return zkf_out_of_range;
+  const field_reader loc = locale_reader(resolve_locale_id(locale_id));
+  return zkf_expand(datetime_moment_of(dt, decimals, true), loc, pattern, pattern_size(pattern),
+                    code, text, length, decimals);
+}
+
+extern "C" int zkftime(double t, int32_t locale_id, char *text, int32_t *length,
+                       const char *pattern, int32_t code, int32_t decimals) {
+  using namespace xfmt::nls;
+  if (!datetime_value_in_range(t)) return zkf_out_of_range;
+  const field_reader loc = locale_reader(resolve_locale_id(locale_id));
+  return zkf_expand(datetime_moment_of(t, decimals, false), loc, pattern, pattern_size(pattern),
+                    code, text, length, decimals);
+}

@@ -1,0 +1,146 @@
+// The euro conversion formats: same bytes as EUROX and w.d on the converted
+// amount, the rate table and list, and first use from many threads at once.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "catalog/missing.hpp"
+#include "support/frame.hpp"
+#include "support/random.hpp"
+
+namespace {
+
+using xfmt::test::frame_box;
+
+struct printed {
+  std::string text;
+  xf_status status;
+  uint32_t length;
+};
+
+printed run(xf_routine r, double v, int w, int d, int64_t capacity = -1) {
+  frame_box b = frame_box::number(v, w, d, capacity);
+  xf_status st = r(&b.f);
+  return {b.buffer(), st, b.f.output_length};
+}
+
+constexpr const char *codes[25] = {"ATS", "BEF", "FIM", "FRF", "DEM", "IEP", "ITL", "LUF", "NLG",
+                                   "PTE", "ESP", "CHF", "DKK", "GBP", "GRD", "SEK", "CZK", "HUF",
+                                   "NOK", "RUR", "TRL", "PLZ", "ROL", "YUD", "SIT"};
+const xf_routine from_routines[25] = {
+    eurfrats, eurfrbef, eurfrfim, eurfrfrf, eurfrdem, eurfriep, eurfritl, eurfrluf, eurfrnlg,
+    eurfrpte, eurfresp, eurfrchf, eurfrdkk, eurfrgbp, eurfrgrd, eurfrsek, eurfrczk, eurfrhuf,
+    eurfrnok, eurfrrur, eurfrtrl, eurfrplz, eurfrrol, eurfryud, eurfrsit};
+const xf_routine to_routines[25] = {
+    eurtoats, eurtobef, eurtofim, eurtofrf, eurtodem, eurtoiep, eurtoitl, eurtoluf, eurtonlg,
+    eurtopte, eurtoesp, eurtochf, eurtodkk, eurtogbp, eurtogrd, eurtosek, eurtoczk, eurtohuf,
+    eurtonok, eurtorur, eurtotrl, eurtoplz, eurtorol, eurtoyud, eurtosit};
+
+TEST(euro_tables, rates_and_currency_list) {
+  EXPECT_EQ(std::strlen(valid_curr), 104u);
+  EXPECT_EQ(std::string(valid_curr, 4), "EUR ");
+  EXPECT_EQ(conv_rate[0], 1.0);
+  EXPECT_EQ(conv_rate[5], 1.95583);  // DEM
+  EXPECT_EQ(conv_rate[7], 1936.27);  // ITL
+  EXPECT_EQ(conv_rate[20], 19.768);  // RUR
+  EXPECT_EQ(conv_rate[25], 191.0);   // SIT
+  for (int i = 0; i < 25; ++i) EXPECT_EQ(std::string(valid_curr + 4 * (i + 1), 3), codes[i]);
+  EXPECT_EQ(estrent(), &euro_reentstr);
+  EXPECT_EQ(getrent(), &euro_reentstr);
+}
+
+TEST(euro, from_dem_prints_what_eurox_prints) {
+  printed a = run(eurfrdem, 195.583, 10, 2);
+  printed b = run(zfmerx, 100, 10, 2);
+  EXPECT_EQ(a.text, b.text);
+  EXPECT_EQ(a.status, b.status);
+  EXPECT_EQ(a.length, 10u);
+}
+
+TEST(euro, to_itl_prints_what_w_d_prints) {
+  printed a = run(eurtoitl, 1, 12, 0);
+  printed b = run(zfmt, 1936.27, 12, 0);
+  EXPECT_EQ(a.text, b.text);
+  EXPECT_EQ(a.text, "        1936");
+  EXPECT_EQ(a.length, 12u);
+}
+
+TEST(euro, bef_and_luf_share_a_rate) {
+  for (double v : {1.0, 40.3399, 123456.78, -5.5})
+    EXPECT_EQ(run(eurfrbef, v, 14, 2).text, run(eurfrluf, v, 14, 2).text) << v;
+}
+
+TEST(euro, missing_values_go_to_the_printing_format) {
+  double miss = xfmt::missing_ordinary();
+  EXPECT_EQ(run(eurtogbp, miss, 8, 2).text, run(zfmt, miss, 8, 2).text);
+  EXPECT_EQ(run(eurfrgbp, miss, 8, 2).text, run(zfmerx, miss, 8, 2).text);
+  EXPECT_EQ(run(eurtogbp, xfmt::missing_value(5), 6, 0).text,
+            run(zfmt, xfmt::missing_value(5), 6, 0).text);
+}
+
+TEST(euro, set_up_fills_the_state) {
+  run(eurfrats, 1, 8, 2);
+  run(eurtoats, 1, 8, 2);
+  ASSERT_NE(euro_reentstr.rates, nullptr);
+  EXPECT_EQ(std::memcmp(euro_reentstr.rates, conv_rate, sizeof conv_rate), 0);
+  EXPECT_EQ(euro_reentstr.currencies, valid_curr);
+  EXPECT_EQ(euro_reentstr.currencies_length, 104u);
+  EXPECT_EQ(euro_reentstr.currency_sign, 'E');
+}
+
+TEST(euro, every_currency_against_its_printer) {
+  auto gen = xfmt::test::rng(0xe0);
+  std::uniform_real_distribution<double> amount(-1e7, 1e7);
+  std::uniform_int_distribution<int> width(1, 32), dec(0, 31);
+  const uint64_t n = xfmt::test::scaled(400);
+  for (int c = 0; c < 25; ++c) {
+    for (uint64_t i = 0; i < n; ++i) {
+      double v = amount(gen);
+      int w = width(gen), d = dec(gen);
+      printed a = run(from_routines[c], v, w, d);
+      printed b = run(zfmerx, v / conv_rate[c + 1], w, d);
+      ASSERT_EQ(a.text, b.text) << codes[c] << " " << std::hexfloat << v << " " << w << "." << d;
+      ASSERT_EQ(a.status, b.status);
+      printed t = run(to_routines[c], v, w, d);
+      printed u = run(zfmt, v * conv_rate[c + 1], w, d);
+      ASSERT_EQ(t.text, u.text) << codes[c] << " " << std::hexfloat << v << " " << w << "." << d;
+      ASSERT_EQ(t.status, u.status);
+    }
+  }
+}
+
+// Many threads make their first call at the same moment; each must see the
+// same bytes as a lone call. Run under ThreadSanitizer to check the set-up.
+TEST(euro, first_use_from_many_threads) {
+  const printed want_fr = run(zfmerx, 1000 / conv_rate[14], 12, 2);
+  const printed want_to = run(zfmt, 1000 * conv_rate[14], 12, 2);
+  std::vector<std::thread> pool;
+  std::atomic<int> bad{0};
+  std::atomic<bool> go{false};
+  for (int t = 0; t < 8; ++t) {
+    pool.emplace_back([&, t] {
+      while (!go.load()) std::this_thread::yield();
+      for (int i = 0; i < 200; ++i) {
+        printed p = (t + i) % 2 ? run(eurfrgbp, 1000, 12, 2) : run(eurtogbp, 1000, 12, 2);
+        const printed &want = (t + i) % 2 ? want_fr : want_to;
+        if (p.text != want.text || p.status != want.status) ++bad;
+      }
+    });
+  }
+  go = true;
+  for (auto &th : pool) th.join();
+  EXPECT_EQ(bad.load(), 0);
+}
+
+TEST(euro, never_past_the_capacity) {
+  printed a = run(eurtoitl, 1e9, 20, 2, 20);
+  EXPECT_EQ(a.text.size(), 20u);
+  EXPECT_LE(a.length, 20u);
+  printed b = run(eurfrdem, 1e9, 4, 0, 4);
+  EXPECT_EQ(b.text, "****");
+}
+
+}  // namespace

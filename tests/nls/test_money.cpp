@@ -1,0 +1,191 @@
+// NLMNL/NLMNI printing on test records: placement, the fallback attempts,
+// symbols the codeset cannot show, UTF-16, and a differential run against
+// the literal printer.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <string>
+
+#include "catalog/missing.hpp"
+#include "nls/money.hpp"
+#include "oracle/nls_money_oracle.hpp"
+#include "record.hpp"
+#include "support/frame.hpp"
+#include "support/random.hpp"
+
+namespace {
+
+using xfmt::nls::money_conventions;
+using xfmt::test::frame_box;
+using xfmt::test::test_record;
+
+const xf_monetary &currency(const char *code) {
+  for (const auto &e : lconv_monetary)
+    if (std::strcmp(e.int_curr_symbol, code) == 0) return e;
+  ADD_FAILURE() << code;
+  return lconv_monetary[0];
+}
+
+test_record monetary_record(const char *point, const char *sep, const char *grouping,
+                            std::initializer_list<const char *> flags) {
+  test_record r;
+  r.fields[157] = point;
+  r.fields[158] = sep;
+  r.fields[159] = grouping;
+  r.fields[160] = "";
+  r.fields[161] = "-";
+  r.set_range(164, flags);
+  return r;
+}
+
+const test_record us = monetary_record(".", ",", "3", {"1", "0", "1", "0", "1", "1"});
+const test_record de = monetary_record(",", ".", "3", {"0", "1", "0", "1", "1", "1"});
+const test_record paren = monetary_record(".", ",", "3", {"1", "0", "1", "0", "1", "0"});
+const test_record fr = monetary_record(",", "<U00A0>", "3", {"0", "1", "0", "1", "1", "1"});
+
+std::string money(const test_record &rec, const char *code, bool intl, double v, int w, int d,
+                  xf_status *st = nullptr) {
+  frame_box b = frame_box::number(v, w, d);
+  xf_status s = xfmt::nls::money_format(&b.f, xfmt::nls::read_money_conventions(rec.reader()),
+                                        currency(code), intl);
+  if (st) *st = s;
+  return b.str();
+}
+
+TEST(money_tables, currencies_sorted_unique_and_complete) {
+  ASSERT_EQ(sizeof lconv_monetary / sizeof lconv_monetary[0], 82u);
+  EXPECT_STREQ(lconv_monetary[0].int_curr_symbol, "AED");
+  EXPECT_STREQ(lconv_monetary[81].int_curr_symbol, "ZWD");
+  for (size_t i = 0; i < 82; ++i) {
+    EXPECT_EQ(std::strlen(lconv_monetary[i].int_curr_symbol), 3u);
+    EXPECT_GT(std::strlen(lconv_monetary[i].currency_symbol), 0u);
+    if (i) {
+      EXPECT_LT(std::strcmp(lconv_monetary[i - 1].int_curr_symbol,
+                            lconv_monetary[i].int_curr_symbol), 0);
+    }
+  }
+  EXPECT_STREQ(currency("AED").currency_symbol, "<U062F>.<U0625>.");
+  EXPECT_STREQ(currency("TWD").currency_symbol, "NT$");
+  EXPECT_STREQ(currency("USD").currency_symbol, "US$");
+  EXPECT_STREQ(currency("ZAR").currency_symbol, "R");
+}
+
+TEST(money_tables, placement_patterns) {
+  const char *expected[20] = {"(V$)",  "-V$",  "V$-",  "V-$",  "V$-",    // after
+                              "($V)",  "-$V",  "$V-",  "-$V",  "$-V",    // before
+                              "(V $)", "-V $", "V $-", "V- $", "V $-",   // after, space
+                              "($ V)", "-$ V", "$ V-", "-$ V", "$ -V"};  // before, space
+  for (int i = 0; i < 20; ++i) EXPECT_STREQ(CurrencyFormatPatterns[i], expected[i]) << i;
+}
+
+struct money_case {
+  const test_record *rec;
+  const char *code;
+  bool intl;
+  double value;
+  int w, d;
+  const char *expected;  // every blank of the field
+};
+
+TEST(money, placement_and_fallbacks) {
+  const money_case cases[] = {
+      {&us, "USD", false, 1234.5, 12, 2,    " US$1,234.50"},
+      {&us, "USD", true, 1234.5, 12, 2,     " USD1,234.50"},
+      {&us, "USD", false, -1234.5, 12, 2,   "-US$1,234.50"},
+      {&de, "USD", false, 1234.5, 12, 2,    "1.234,50 US$"},
+      {&de, "USD", false, -1234.5, 13, 2,   "-1.234,50 US$"},
+      {&us, "USD", false, 1234.5, 11, 2,    "US$1,234.50"},
+      {&us, "USD", false, 1234.5, 10, 2,    "US$1234.50"},   // grouping dropped
+      {&us, "USD", false, 1234.5, 9, 2,     "  1234.50"},    // symbol dropped
+      {&us, "USD", false, 1234.5, 8, 2,     " 1234.50"},
+      {&us, "USD", false, 123456789.0, 8, 2, " 1.2E+08"},
+      {&paren, "USD", false, 1234.5, 14, 2, "  US$1,234.50 "},
+      {&paren, "USD", false, -1234.5, 14, 2, " (US$1,234.50)"},
+      {&us, "ZAR", false, 0.0, 8, 2,        "   R0.00"},
+      {&us, "JPY", true, 1e6, 14, 0,        "  JPY1,000,000"},
+      {&us, "USD", false, 5.0, 8, 0,        "    US$5"},
+  };
+  for (const auto &c : cases) {
+    xf_status st = 99;
+    EXPECT_EQ(money(*c.rec, c.code, c.intl, c.value, c.w, c.d, &st), c.expected)
+        << c.code << " " << c.value << " w" << c.w;
+    EXPECT_EQ(st, XF_OK);
+  }
+}
+
+TEST(money, nothing_fits_gives_stars) {
+  xf_status st = 0;
+  EXPECT_EQ(money(us, "USD", false, -1.5e300, 8, 2, &st), "********");
+  EXPECT_EQ(st, XF_E_OVERFLOW);
+}
+
+TEST(money, missing_values) {
+  EXPECT_EQ(money(us, "USD", false, xfmt::missing_ordinary(), 12, 2), "           .");
+  EXPECT_EQ(money(us, "USD", false, xfmt::missing_value(2), 8, 2), "       A");
+}
+
+TEST(money, validation_when_asked) {
+  const struct { int w, d; xf_status st; } cases[] = {
+      {7, 2, XF_NL_WIDTH_LOW}, {33, 2, XF_NL_WIDTH_HIGH}, {12, -1, XF_NL_DECIMALS_LOW},
+      {12, 29, XF_NL_DECIMALS_HIGH}, {8, 0, XF_OK}, {32, 28, XF_OK}};
+  for (const auto &c : cases) {
+    frame_box b = frame_box::number(1, c.w, c.d, 64);
+    b.f.option_word = XF_OPT_VALIDATE;
+    EXPECT_EQ(xfmt::nls::money_format(&b.f, xfmt::nls::read_money_conventions(us.reader()),
+                                      currency("USD"), false), c.st) << c.w << "." << c.d;
+  }
+}
+
+TEST(money, symbol_the_codeset_cannot_show_becomes_the_code) {
+  // Tests run in the C locale: an ASCII codeset.
+  EXPECT_EQ(money(us, "AED", false, 1.5, 12, 2), "     AED1.50");
+  EXPECT_EQ(money(us, "EUR", false, 1.5, 12, 2), "     EUR1.50");
+}
+
+TEST(money, escaped_separator_is_one_character) {
+  // The no-break space cannot be shown in ASCII either: it becomes "?".
+  EXPECT_EQ(money(fr, "USD", true, 1234.5, 12, 2), "1?234,50 USD");
+}
+
+TEST(money, utf16_output_counts_units) {
+  frame_box b = frame_box::number(1234.5, 12, 2, 24);
+  b.f.requested_output_encoding = XF_ENC_UTF16LE;
+  ASSERT_EQ(xfmt::nls::money_format(&b.f, xfmt::nls::read_money_conventions(de.reader()),
+                                    currency("EUR"), false), XF_OK);
+  EXPECT_EQ(b.f.output_encoding, XF_ENC_UTF16LE);
+  ASSERT_EQ(b.f.output_length, 24u);
+  std::u16string expected = u"  1.234,50 \u20AC";
+  EXPECT_EQ(std::memcmp(b.out.data(), expected.data(), 24), 0);
+}
+
+TEST(money, capacity_below_width_is_refused) {
+  frame_box b = frame_box::number(1, 12, 2, 6);
+  EXPECT_EQ(xfmt::nls::money_format(&b.f, xfmt::nls::read_money_conventions(us.reader()),
+                                    currency("USD"), false), XF_E_CAPACITY);
+  EXPECT_EQ(b.str(), "******");
+}
+
+TEST(money, same_bytes_as_the_literal_printer) {
+  auto gen = xfmt::test::rng(0x6d6f6e);
+  const test_record *records[] = {&us, &de, &paren};
+  const uint64_t n = xfmt::test::scaled(20000);
+  std::uniform_real_distribution<double> mant(-1, 1);
+  std::uniform_int_distribution<int> expo(-8, 40), width(8, 32), dec(0, 28), pick(0, 2);
+  for (uint64_t i = 0; i < n; ++i) {
+    double v = mant(gen) * std::pow(10.0, expo(gen));
+    int w = width(gen), d = dec(gen);
+    const test_record &rec = *records[pick(gen)];
+    money_conventions c = xfmt::nls::read_money_conventions(rec.reader());
+    std::string want = xfmt::oracle::money_field(c, "US$", v, w, d);
+    xf_status st = 0;
+    std::string got = money(rec, "USD", false, v, w, d, &st);
+    if (want.empty()) {
+      EXPECT_EQ(got, std::string(static_cast<size_t>(w), '*'));
+    } else {
+      ASSERT_EQ(got, want) << std::hexfloat << v << " w" << w << " d" << d;
+    }
+  }
+}
+
+}  // namespace

@@ -1,0 +1,152 @@
+// Every national routine of the module table in every locale, on missing
+// values, range bounds, a leap day, midnight and noon: only the documented
+// statuses, never wider than the width or past the capacity, and the same
+// bytes on a second call.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <clocale>
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "catalog/missing.hpp"
+#include "support/frame.hpp"
+
+namespace {
+
+using xfmt::test::frame_box;
+
+enum class kind { date, datetime, time, name, money };
+
+kind kind_of(const std::string &name) {
+  if (name.rfind("NLDATM", 0) == 0) return kind::datetime;
+  if (name.rfind("NLDATE", 0) == 0) return kind::date;
+  if (name.rfind("NLTIM", 0) == 0) return kind::time;
+  if (name.rfind("NLSTR", 0) == 0) return kind::name;
+  return kind::money;
+}
+
+std::vector<double> values_for(kind k) {
+  const double miss = xfmt::missing_ordinary(), special = xfmt::missing_value(27);
+  const double leap = 21974;  // 2020-02-29
+  switch (k) {
+    case kind::date:
+      return {miss, special, -138061, 6589335, -138062, 6589336, leap, 0, -1};
+    case kind::datetime:
+      return {miss,
+              -11928470400.0,
+              569318630399.999,
+              -11928470401.0,
+              569318630400.0,
+              leap * 86400,
+              leap * 86400 + 43200,
+              0,
+              -0.5};
+    case kind::time:
+      return {miss, 0, 43200, 86399.999, -1, 1e9, -1e12};
+    case kind::name:
+      return {miss, 1, 4, 7, 12, 0, 13, -3.5};
+    case kind::money:
+      return {miss, 1234.5, -1234.5, -1e-5, 1e300};
+  }
+  return {};
+}
+
+bool documented(kind k, xf_status st) {
+  if (st == XF_OK || st == XF_E_OVERFLOW || st == XF_E_CAPACITY) return true;
+  return st == XF_E_DATE_RANGE && (k == kind::date || k == kind::datetime || k == kind::time);
+}
+
+void sweep_module(int locale_step, std::initializer_list<kind> kinds) {
+  const fmtinfo *m = jazwfnls();
+  size_t routines = 0, calls = 0;
+  for (uint64_t r = 0; r < m->count; ++r) {
+    const fmtinfo_eachfmt &row = m->rows[r];
+    if (row.routine == nullptr) continue;
+    ++routines;
+    const std::string name(row.name, row.name_length);
+    const kind k = kind_of(name);
+    if (std::find(kinds.begin(), kinds.end(), k) == kinds.end()) continue;
+    // Money: the currency only picks the symbol, so two widths and two
+    // decimals suffice; the placement itself has its own tests.
+    std::vector<int> widths{row.min_width, row.default_width};
+    if (k != kind::money) widths.push_back(row.max_width);
+    std::vector<int> decimals{k == kind::money ? 2 : 0};
+    if (k != kind::money && row.max_decimals > 0) decimals.push_back(row.max_decimals);
+    for (int loc = 1; loc <= 136; loc += locale_step) {
+      for (double v : values_for(k)) {
+        for (int w : widths) {
+          for (int d : decimals) {
+            frame_box a = frame_box::number(v, w, d);
+            a.f.option_word = static_cast<uint64_t>(loc);
+            frame_box b = a;
+            xf_status sa = row.routine(&a.f);
+            xf_status sb = row.routine(&b.f);
+            ++calls;
+            const bool good = documented(k, sa) && a.f.output_length <= static_cast<uint32_t>(w) &&
+                              a.f.output_length <= a.f.output_capacity && sa == sb &&
+                              a.out == b.out && a.f.output_length == b.f.output_length;
+            ASSERT_TRUE(good) << name << " locale " << loc << " value " << v << " w" << w << "."
+                              << d << " status " << std::hex << sa << " " << a.buffer();
+          }
+        }
+      }
+    }
+  }
+  EXPECT_GT(routines, 0u);
+  EXPECT_GT(calls, 0u);
+}
+
+// The process codeset is ASCII here ("C"): national letters become "?".
+TEST(sweep, dates_every_locale) { sweep_module(1, {kind::date}); }
+TEST(sweep, datetimes_every_locale) { sweep_module(1, {kind::datetime}); }
+TEST(sweep, times_and_names_every_locale) { sweep_module(1, {kind::time, kind::name}); }
+TEST(sweep, money_every_locale) { sweep_module(1, {kind::money}); }
+
+TEST(sweep, every_routine_of_the_module_is_national) {
+  const fmtinfo *m = jazwfnls();
+  size_t built = 0;
+  for (uint64_t r = 0; r < m->count; ++r) built += m->rows[r].routine != nullptr;
+  EXPECT_EQ(built, 53u + 80u);
+}
+
+// A UTF-8 codeset: one character may take up to three bytes of the width.
+TEST(sweep, every_member_every_third_locale_utf8_codeset) {
+  const std::string saved = std::setlocale(LC_ALL, nullptr);
+  std::setlocale(LC_ALL, "C.UTF-8");
+  sweep_module(3, {kind::date, kind::datetime, kind::time, kind::name, kind::money});
+  std::setlocale(LC_ALL, saved.c_str());
+}
+
+}  // namespace
+
+namespace {
+
+xf_status validated(xf_routine r, int w, int d) {
+  frame_box b = frame_box::number(1, w, d, 512);
+  b.f.option_word = 53 | XF_OPT_VALIDATE;
+  return r(&b.f);
+}
+
+bool validation_status(xf_status s) { return s >= XF_NL_WIDTH_LOW && s <= XF_NL_DECIMALS_HIGH; }
+
+// Each routine checks the bounds of its own catalog row, and only when asked.
+TEST(sweep, validation_follows_each_catalog_row) {
+  const fmtinfo *m = jazwfnls();
+  for (uint64_t r = 0; r < m->count; ++r) {
+    const fmtinfo_eachfmt &row = m->rows[r];
+    if (row.routine == nullptr) continue;
+    const std::string name(row.name, row.name_length);
+    const int lo = row.min_width, hi = row.max_width, dmax = row.max_decimals;
+    EXPECT_EQ(validated(row.routine, lo - 1, 0), XF_NL_WIDTH_LOW) << name;
+    EXPECT_FALSE(validation_status(validated(row.routine, lo, 0))) << name;
+    EXPECT_FALSE(validation_status(validated(row.routine, hi, 0))) << name;
+    EXPECT_EQ(validated(row.routine, hi + 1, 0), XF_NL_WIDTH_HIGH) << name;
+    EXPECT_EQ(validated(row.routine, hi, -1), XF_NL_DECIMALS_LOW) << name;
+    EXPECT_FALSE(validation_status(validated(row.routine, hi, dmax))) << name;
+    EXPECT_EQ(validated(row.routine, hi, dmax + 1), XF_NL_DECIMALS_HIGH) << name;
+  }
+}
+
+}  // namespace
