@@ -137,7 +137,11 @@ typedef struct xf_ufmt_context {
     void       *word2;           /*  24  second context word, copied into the user handle */
     const char *control_path;    /*  32  NULL: "cntlout.xml" in the current directory */
     char        library[8];      /*  40  library name, blank padded ("INMEMORY", ...) */
-    uint8_t     reserved[208];   /*  48 */
+    const struct xf_user_format *catalog;   /*  48  source 5: the anchor header of an
+                                             *      in-memory catalog (see "User-defined formats") */
+    const void *const *catalog_ranges;      /*  56  source 5: range pointers of the first
+                                             *      format after the anchor */
+    uint8_t     reserved[192];   /*  64  zero */
 } xf_ufmt_context;               /* sizeof == 256 */
 
 /* Value-label routine of a user-defined handle: called by xffmt with the
@@ -786,6 +790,236 @@ XF_API xf_status zifmcq(xf_frame *frame);
  * User-defined formats
  * ====================================================================== */
 
+/* --- Records of a user-defined format ----------------------------------
+ *
+ * A format is a header (xf_user_format) and an array of range_count pointers
+ * to range entries; each entry points at a label. Records are plain memory,
+ * read only once built; the lookup routines never free them.
+ *
+ * In-memory catalog (context source 5). A host that keeps its own formats
+ * hands them over without a control file:
+ *   1. an array of headers: element 0 is the anchor (marker "00000000",
+ *      range_count 0), then one header per format, each with a marker that is
+ *      not "00000000"; the last header's marker begins with a blank, every
+ *      other one's does not;
+ *   2. one array of range pointers holding each format's range_count
+ *      pointers back to back, in the order of the headers;
+ *   3. a context with source = 5, catalog = the anchor and catalog_ranges =
+ *      the first element of the pointer array, passed to xfname2.
+ * The catalog must stay unchanged and alive as long as any handle resolved
+ * from it. Names are upper case, blank padded to 32; kind 11 formats are
+ * found by names given with "$", the others by names without it. Keys of
+ * numeric entries are made as xf_numeric_key does; within a format searched
+ * by bisection (linear_search 0) the entries are sorted by start and do not
+ * overlap.
+ */
+
+/* Format header (UserFormat): 96 bytes. */
+typedef struct xf_user_format {
+    char        marker[8];        /*  0  "00000000" in the anchor; first byte blank in the last header */
+    char        name[32];         /*  8  blank padded */
+    int16_t     kind;             /* 40  1 numeric, 3 numeric with pictures, 11 character */
+    uint8_t     internal[2];      /* 42  3 and 1 in headers the reader builds */
+    uint16_t    min_width;        /* 44  */
+    uint16_t    max_width;        /* 46  */
+    int64_t     range_count;      /* 48  entries in the range-pointer array */
+    uint64_t    label_count;      /* 56  labels built */
+    double      fuzz;             /* 64  widens every numeric range at build time */
+    uint32_t    has_other;        /* 72  nonzero: other_label is written when nothing matches */
+    uint16_t    default_width;    /* 76  */
+    int16_t     max_label_length; /* 78  longest label text in UTF-8 bytes */
+    const void *other_label;      /* 80  an xf_label_text, xf_label_format or xf_picture_label */
+    uint8_t     linear_search;    /* 88  1 stored order, 0 bisection over sorted entries */
+    uint8_t     round;            /* 89  pictures round to the nearest integer */
+    uint8_t     multilabel;       /* 90  a value may carry every matching label */
+    uint8_t     reserved[5];      /* 91  zero in headers a host builds; the reader
+                                   *     marks a search index it keeps here */
+} xf_user_format;
+
+/* Range entry kinds and flags. */
+#define XF_RANGE_NUMERIC       1u   /* xf_range_numeric, a range */
+#define XF_RANGE_NUMERIC_VALUE 2u   /* xf_range_numeric, start_key only */
+#define XF_RANGE_CHAR_VALUE    3u   /* xf_range_char_value */
+#define XF_RANGE_CHAR          4u   /* xf_range_char */
+#define XF_RANGE_FIXED_VALUE   10u  /* xf_range_fixed, start only */
+#define XF_RANGE_FIXED         11u  /* xf_range_fixed */
+#define XF_RANGE_LOW           1u   /* the start is LOW */
+#define XF_RANGE_HIGH          2u   /* the end is HIGH */
+#define XF_RANGE_START_EXCL    4u   /* the start value itself is outside */
+#define XF_RANGE_END_EXCL      8u   /* the end value itself is outside */
+#define XF_RANGE_LABEL_LIST    16u  /* label points at an xf_label_list */
+
+/* Numeric entry (kinds 1 and 2): 48 bytes. Keys are 8 big-endian bytes
+ * compared as unsigned bytes. LOW is 00 01 00 00 00 00 00 00 (above every
+ * missing value, below every number) in start_key and low_key; HIGH is eight
+ * bytes FF in end_key and high_key. low_key is start - fuzz, high_key
+ * end + fuzz (a missing bound is not fuzzed). */
+typedef struct xf_range_numeric {
+    uint8_t     entry_kind;       /*  0 */
+    uint8_t     flags;            /*  1 */
+    uint8_t     reserved[6];      /*  2 */
+    const void *label;            /*  8 */
+    uint8_t     start_key[8];     /* 16 */
+    uint8_t     end_key[8];       /* 24 */
+    uint8_t     low_key[8];       /* 32 */
+    uint8_t     high_key[8];      /* 40 */
+} xf_range_numeric;
+
+/* Character range (kind 4): the start text (start_length UTF-16 units) at
+ * offset 16, the end text right after it. */
+typedef struct xf_range_char {
+    uint8_t     entry_kind;       /*  0 */
+    uint8_t     flags;            /*  1 */
+    uint16_t    start_length;     /*  2 */
+    uint16_t    end_length;       /*  4 */
+    uint16_t    reserved;         /*  6 */
+    const void *label;            /*  8 */
+} xf_range_char;                  /* text at offset 16 */
+
+/* Character single value (kind 3): its flags after the label pointer and
+ * its text (length units) at offset 18. */
+typedef struct xf_range_char_value {
+    uint8_t     entry_kind;       /*  0 */
+    uint8_t     reserved1;        /*  1 */
+    uint16_t    length;           /*  2 */
+    uint32_t    reserved2;        /*  4 */
+    const void *label;            /*  8 */
+    uint8_t     flags;            /* 16 */
+    uint8_t     reserved3;        /* 17 */
+} xf_range_char_value;            /* text at offset 18 */
+
+/* Fixed-width character keys (kinds 10 and 11): 16 units each, blank
+ * padded; kind 10 uses start only. 80 bytes. */
+typedef struct xf_range_fixed {
+    uint8_t     entry_kind;       /*  0 */
+    uint8_t     flags;            /*  1 */
+    uint8_t     reserved[6];      /*  2 */
+    const void *label;            /*  8 */
+    uint16_t    start[16];        /* 16 */
+    uint16_t    end[16];          /* 48 */
+} xf_range_fixed;
+
+/* Label kinds. */
+#define XF_LABEL_TEXT     6u   /* xf_label_text */
+#define XF_LABEL_PICTURE  12u  /* xf_picture_label */
+                               /* any other kind: xf_label_format */
+
+/* Text label (LabelEntry): length UTF-16 units at offset 4. */
+typedef struct xf_label_text {
+    uint8_t     label_kind;       /* 0  6 */
+    uint8_t     reserved;         /* 1 */
+    int16_t     length;           /* 2  units */
+} xf_label_text;                  /* text at offset 4 */
+
+/* Label naming another format, applied with width |width| and decimals. */
+typedef struct xf_label_format {
+    uint8_t     label_kind;       /*  0  neither 6 nor 12 */
+    uint8_t     decimals;         /*  1 */
+    int16_t     width;            /*  2 */
+    char        name[32];         /*  4  blank padded ("F", "DATE", "$UPCASE", a user format) */
+} xf_label_format;
+
+/* Several labels of one range (entry flag XF_RANGE_LABEL_LIST). */
+typedef struct xf_label_list {
+    uint32_t    count;            /*  0 */
+    uint32_t    reserved;         /*  4 */
+    /* count pointers to labels at offset 8 */
+} xf_label_list;
+
+/* Picture label: a numeric template (datatype 0) or a date directive
+ * template (datatype 1 DATE, 2 TIME, 3 DATETIME). The template, prefix and
+ * language are bytes of the text area at offset 32; the offsets are
+ * relative to it. mult holds the multiplier's eight bytes in reverse order
+ * (0: none). */
+typedef struct xf_picture_label {
+    uint8_t     label_kind;       /*  0  12 */
+    uint8_t     datatype;         /*  1 */
+    char        fill;             /*  2  blank when none */
+    char        decsep;           /*  3  kept for the host */
+    char        dig3sep;          /*  4  kept for the host */
+    uint8_t     noedit;           /*  5  nonzero: the template is written literally */
+    int16_t     prefix_offset;    /*  6 */
+    int16_t     prefix_length;    /*  8 */
+    int16_t     picture_length;   /* 10 */
+    int16_t     digit_count;      /* 12  digits "0"-"9" in the template */
+    int16_t     language_offset;  /* 14 */
+    int16_t     language_length;  /* 16 */
+    uint8_t     reserved[6];      /* 18 */
+    uint8_t     mult[8];          /* 24 */
+} xf_picture_label;               /* text area at offset 32 */
+
+/* The 8-byte collating key of a number, big-endian at key: non-negative
+ * values get the sign bit set, negative ones are complemented, -0 keys as
+ * +0; every missing value keys below every number. */
+XF_API void xf_numeric_key(double value, uint8_t key[8]);
+
+/* Installs in handle->routine the lookup routine for the header's kind and
+ * search: kind 1 or 3 yfpfnfn (linear) or yfpfnfm (bisection), kind 11
+ * yfpfcfn or yfpfcfm; any other kind leaves it unchanged. */
+XF_API void setfptr(void *header, xf_user_handle *handle);
+
+/* Lookup routines (xf_label_routine): the value is the frame's double, or
+ * for the character ones its text in UTF-16 units: input_length counts units
+ * when input_encoding is 0 (as xffmt passes text it widened), bytes when it
+ * is 25 (text the host sent as UTF-16LE). The
+ * matched label is written in a field of w characters: UTF-16LE (output
+ * encoding 25) when the frame requests 25, else UTF-8 (output encoding 0),
+ * cut at the output capacity without splitting a character. Pictures and
+ * unmatched numbers are single-byte text in min(w, capacity) positions. A
+ * value that matches nothing without an OTHER label sets
+ * XF_FLAG_UNFORMATTED. Return 0, the status of the standard number routine
+ * for an unmatched number, or 0xFFFFFFFF when several labels do not fit.
+ *   yfpfnfn linear (may collect every match with XF_FLAG_MULTILABEL),
+ *   yfpfnfm bisection over kinds 1 and 2, yfpfnfs over kind 2 only,
+ *   yfpfnfr over kind 1 only; yfpfcfn linear, yfpfcfm bisection over kinds
+ *   3 and 4, yfpfcfs kind 3 only, yfpfcfr kind 4 only, yfpfcfx kind 10
+ *   only, yfpfcfy kind 11 only, yfpfcfz kinds 10 and 11. The bisection
+ *   routines need entries sorted and not overlapping. */
+XF_API xf_status yfpfnfn(xf_frame *frame, void *header, void *ranges);
+XF_API xf_status yfpfnfm(xf_frame *frame, void *header, void *ranges);
+XF_API xf_status yfpfnfs(xf_frame *frame, void *header, void *ranges);
+XF_API xf_status yfpfnfr(xf_frame *frame, void *header, void *ranges);
+XF_API xf_status yfpfcfn(xf_frame *frame, void *header, void *ranges);
+XF_API xf_status yfpfcfm(xf_frame *frame, void *header, void *ranges);
+XF_API xf_status yfpfcfs(xf_frame *frame, void *header, void *ranges);
+XF_API xf_status yfpfcfr(xf_frame *frame, void *header, void *ranges);
+XF_API xf_status yfpfcfx(xf_frame *frame, void *header, void *ranges);
+XF_API xf_status yfpfcfy(xf_frame *frame, void *header, void *ranges);
+XF_API xf_status yfpfcfz(xf_frame *frame, void *header, void *ranges);
+
+/* Writes the labels of several matched entries side by side in slots of w
+ * characters (collect nonzero: count entries in matches, all labels of a
+ * list; else the single entry and the first label of a list). value is the
+ * number handed to pictures. Returns 0, or -1 with min(w, capacity) '*'
+ * when they do not fit. */
+XF_API int32_t getmulti(int32_t collect, xf_frame *frame, int64_t count,
+                        const void *const *matches, const void *entry,
+                        double value, int32_t round);
+/* Applies the format a xf_label_format names (resolved through the catalog
+ * the header belongs to, then the built-in ones) with the label's width and
+ * decimals; returns its status. A name that does not resolve gives
+ * min(w, capacity) '*' and 0. */
+XF_API xf_status yfmtlbl(xf_frame *frame, void *header, void *ranges, const void *label);
+/* Copies min(source_units, dest_units) UTF-16 units and fills the rest of
+ * dest with U+0020. */
+XF_API void MPTLU(const uint16_t *source, int32_t source_units, uint16_t *dest, int32_t dest_units);
+/* Compares two UTF-16 texts as signed 16-bit units, trailing blanks
+ * insignificant: -1, 0 or 1. */
+XF_API int32_t zstrcomu(const uint16_t *a, int32_t a_units, const uint16_t *b, int32_t b_units);
+
+/* Renders a picture label into exactly w bytes at output (w >= 0; the
+ * caller guarantees the room). round: the header's round flag. */
+XF_API void yfpict(int32_t w, char *output, const void *label, int32_t round, double value);
+/* Renders a date, time or datetime value (datatype 1, 2, 3) under a
+ * template of directives into work (at most work_capacity bytes); returns
+ * the length written. Directives: %a %A %b %B %d %H %I %j %m %M %p %S %U %w
+ * %y %Y %%, each optionally with the flag 0 (%0d: zero padded); any other
+ * character is copied. Names are English for an empty or "English"
+ * language. A missing value or one outside the calendar gives a lone ".". */
+XF_API int32_t datefmt(const char *picture, int32_t picture_length, int32_t datatype,
+                       const char *language, int32_t language_length, double value,
+                       char *work, int32_t work_capacity);
+
 /* Reads the user-defined format named by the first length bytes of name
  * (prefix "@$", "@", "$" or none giving the request kind) from the source the
  * context names, allocating its records on *chain with xfmalloc. Returns 0
@@ -793,8 +1027,25 @@ XF_API xf_status zifmcq(xf_frame *frame);
  * context->word2 to its range-pointer array; nonzero otherwise. */
 XF_API int32_t xfrdfmt(int32_t source, const char *name, int32_t length,
                        xf_ufmt_context *context, void **chain);
-/* Installs the value-label routine of a user-defined handle from its header. */
-XF_API void setfptr(void *header, xf_user_handle *handle);
+/* Dispatches a request on context->source: 5 xfrdmnr, 3 and 4 return -17
+ * (not supported), anything else the control file (xfrdexp). Returns 0 with
+ * context->control and context->word2 set, 1 when not found, or a negative
+ * reader error. request_kind: 1 numeric, 11 character, 20 and 30 informats;
+ * name: 32 bytes blank padded. */
+XF_API int32_t xfrdcom(int32_t request_kind, const char *name, xf_ufmt_context *context,
+                       void **chain);
+/* Walks the in-memory catalog of context (source 5) for a header of the
+ * same class (kind 11 or not) and name; 0 found (control and word2 set), 1 not. */
+XF_API int32_t xfrdmnr(int32_t request_kind, const char *name, xf_ufmt_context *context);
+/* Reads the control file (context->control_path, or "cntlout.xml" in the
+ * current directory) and builds the rows of the requested format on *chain.
+ * Returns 0, 1 when the file holds no such format, or a negative code:
+ * -1 the file cannot be opened ("Open failed" is printed), -2 malformed XML
+ * or reference, -3 a row that cannot be used (bad number, type mismatch),
+ * -4 memory, -9 bad DATATYPE, -14 a needed column missing, -16 HLO "F",
+ * -20 bad TYPE. */
+XF_API int32_t xfrdexp(int32_t request_kind, const char *name, xf_ufmt_context *context,
+                       void **chain);
 
 /* ======================================================================
  * National language

@@ -2,9 +2,12 @@
 #include "commands.hpp"
 
 #include <cstdio>
+#include <algorithm>
 #include <cstring>
 
+#include "catalog/chain.hpp"
 #include "catalog/status.hpp"
+#include "userfmt/control_reader.hpp"
 
 namespace xfmt::cli {
 
@@ -76,9 +79,47 @@ std::string list_row(const char *module, const fmtinfo_eachfmt &r, const char *s
   return line;
 }
 
+// User-defined formats of the control file, with the limits resolution gives.
+void list_user_formats(const run_options &opt, const std::string &prefix, std::vector<std::string> &lines) {
+  if (opt.control_file.empty()) return;
+  std::FILE *f = std::fopen(opt.control_file.c_str(), "rb");
+  if (!f) return;
+  std::string bytes;
+  char buf[65536];
+  for (size_t n; (n = std::fread(buf, 1, sizeof buf, f)) > 0;) bytes.append(buf, n);
+  std::fclose(f);
+  std::vector<std::string> names;
+  userfmt::list_control_formats(
+      bytes.data(), bytes.size(),
+      [](void *user, const char *n, size_t len, char type) {
+        std::string name = upper(std::string(n, len));
+        if ((type == 'C' || type == 'c') && name.compare(0, 1, "$") != 0) name.insert(0, 1, '$');
+        static_cast<std::vector<std::string> *>(user)->push_back(name);
+      },
+      &names);
+  for (const std::string &name : names) {
+    if (name.compare(0, prefix.size(), prefix) != 0) continue;
+    xf_ufmt_context ctx{};
+    ctx.control_path = opt.control_file.c_str();
+    void *handle = nullptr;
+    fmtinfo_eachfmt r{};
+    uint16_t block[8] = {};
+    if (xfname2(name.data(), static_cast<int32_t>(name.size()), 0, block, &handle, &ctx) != XF_OK) continue;
+    const char *state = static_cast<xf_user_handle *>(handle)->routine != nullptr ? "user-defined" : "not built";
+    if (static_cast<const char *>(handle)[8] == '+') catalog::free_user_handle(static_cast<xf_user_handle *>(handle));
+    else xfdel(handle);
+    std::memcpy(r.name, name.data(), std::min(name.size(), sizeof r.name));
+    r.name_length = static_cast<uint32_t>(std::min(name.size(), sizeof r.name));
+    r.min_width = block[0];
+    r.max_width = block[1];
+    r.default_width = block[2];
+    lines.push_back(list_row("user", r, state));
+  }
+}
+
 }  // namespace
 
-int cmd_list(const std::vector<std::string> &args) {
+int cmd_list(const std::vector<std::string> &args, const run_options &opt) {
   if (args.size() > 1) return fail("usage: xfmt list [PREFIX]");
   std::string prefix = args.empty() ? "" : upper(args[0]);
   const fmtposs_row *table = nullptr;
@@ -108,6 +149,7 @@ int cmd_list(const std::vector<std::string> &args) {
     if (name.compare(0, prefix.size(), prefix) != 0) continue;
     lines.push_back(list_row("intrinsic", p->row, "built"));
   }
+  list_user_formats(opt, prefix, lines);
   if (lines.empty()) return fail("no conversion name begins with '" + prefix + "'");
   std::printf("%-16s %-9s %5s %5s %5s  %5s %5s %5s  %s\n", "NAME", "MODULE", "MIN_W", "MAX_W", "DEF_W", "MIN_D",
               "MAX_D", "DEF_D", "STATE");

@@ -11,7 +11,7 @@ namespace xfmt::cli {
 
 int cmd_put(const std::vector<std::string> &args, const run_options &opt);
 int cmd_input(const std::vector<std::string> &args, const run_options &opt);
-int cmd_list(const std::vector<std::string> &args);
+int cmd_list(const std::vector<std::string> &args, const run_options &opt);
 int cmd_csv(const std::vector<std::string> &args, const run_options &opt);
 
 // Writes "xfmt: message" and a newline to stderr; returns 1.

@@ -34,6 +34,8 @@ const char usage_text[] =
     "options:\n"
     "  --locale NAME   locale of the national-language formats (e.g. de_DE)\n"
     "  --utf16         put writes UTF-16LE instead of single-byte text\n"
+    "  --control FILE  read user-defined formats from FILE (default: cntlout.xml\n"
+    "                  when the current folder has one)\n"
     "  --help          this text\n";
 
 // The process locale comes from the environment; when the environment names
@@ -56,6 +58,12 @@ bool locale_id(const std::string &name, uint32_t &id) {
     if (c == '-') c = '_';
   id = 0;
   return LocnameToID(copy.data(), static_cast<uint32_t>(copy.size()), &id) == 0 && id != 0;
+}
+
+bool readable(const std::string &path) {
+  std::FILE *f = std::fopen(path.c_str(), "rb");
+  if (f) std::fclose(f);
+  return f != nullptr;
 }
 
 // The codeset the C library reports for the process locale is UTF-8.
@@ -89,6 +97,14 @@ int main(int argc, char **argv) {
       return 0;
     } else if (a == "--utf16") {
       opt.utf16 = true;
+    } else if (a == "--control" || a.compare(0, 10, "--control=") == 0) {
+      if (a == "--control") {
+        if (i + 1 >= argc) return fail("--control needs a file name");
+        opt.control_file = argv[++i];
+      } else {
+        opt.control_file = a.substr(10);
+      }
+      if (!readable(opt.control_file)) return fail("cannot open control file '" + opt.control_file + "'");
     } else if (a == "--locale" || a.compare(0, 9, "--locale=") == 0) {
       std::string name;
       if (a == "--locale") {
@@ -106,12 +122,13 @@ int main(int argc, char **argv) {
     std::fputs(usage_text, stderr);
     return 2;
   }
+  if (opt.control_file.empty() && readable("cntlout.xml")) opt.control_file = "cntlout.xml";
   std::string cmd = args[0];
   std::vector<std::string> rest(args.begin() + 1, args.end());
   xfinit();
   if (cmd == "put") return cmd_put(rest, opt);
   if (cmd == "input") return cmd_input(rest, opt);
-  if (cmd == "list") return cmd_list(rest);
+  if (cmd == "list") return cmd_list(rest, opt);
   if (cmd == "csv") return cmd_csv(rest, opt);
   if (cmd == "help") {
     std::fputs(usage_text, stdout);

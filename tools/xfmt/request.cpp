@@ -111,11 +111,18 @@ std::optional<conversion> conversion::make(std::string_view text, bool informat,
   for (char ch : text) c.text_ += upper(ch);
   c.name_ = name;
   xf_status st;
+  // Names outside the catalog are looked up in the control file, if any.
+  xf_ufmt_context ctx{};
+  ctx.control_path = opt.control_file.c_str();
+  xf_ufmt_context *user = opt.control_file.empty() ? nullptr : &ctx;
   if (opt.utf16) {
     c.storage_ = std::make_unique<xf_user_handle>();
     c.handle_ = c.storage_.get();
     st = xfname3(name.data(), static_cast<int32_t>(name.size()), informat ? 73 : 0, c.block_, &c.handle_,
-                 nullptr);
+                 user);
+  } else if (user) {
+    st = xfname2(name.data(), static_cast<int32_t>(name.size()), informat ? 73 : 0, c.block_, &c.handle_,
+                 user);
   } else {
     st = xfname(name.data(), static_cast<int32_t>(name.size()), informat ? 73 : 0, c.block_, &c.handle_);
   }

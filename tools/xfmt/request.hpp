@@ -16,6 +16,7 @@ namespace xfmt::cli {
 struct run_options {
   uint32_t locale_id = 0;  // 0: the process locale (ZAV_LOCALE)
   bool utf16 = false;      // ask for UTF-16LE output
+  std::string control_file;  // user-defined formats are read from it; empty: none
   bool utf8_terminal = false;  // the process codeset is UTF-8: show Windows-1252 marks as UTF-8
 };
 

@@ -1,0 +1,128 @@
+// User-defined formats: a lookup through xffmt in a format of 100,000
+// sorted ranges against std::upper_bound over the same starts plus the label
+// copy, and the control-file reader at 10,000 and 100,000 rows.
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstring>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "catalog/chain.hpp"
+#include "userfmt/control_reader.hpp"
+#include "xfmt/xfmt.h"
+
+namespace {
+
+constexpr int big = 100000;
+
+// Ranges [10 i, 10 i + 10) with labels "L<i>", sorted: HLO "S" (bisection).
+std::string control_text(int rows) {
+  std::string s =
+      "<?xml version=\"1.0\"?>\n<TABLE>\n<HEADER>\n";
+  for (const char *c : {"FMTNAME", "START", "END", "LABEL", "MIN", "MAX", "DEFAULT", "FUZZ", "TYPE",
+                        "SEXCL", "EEXCL", "HLO"})
+    s.append("<COLUMN name=\"").append(c).append("\"/>\n");
+  s += "</HEADER>\n";
+  for (int i = 0; i < rows; ++i) {
+    s += "<ROW><FMTNAME>BIG</FMTNAME><START>";
+    s += std::to_string(i * 10);
+    s += "</START><END>";
+    s += std::to_string(i * 10 + 10);
+    s += "</END><LABEL>L";
+    s += std::to_string(i);
+    s += "</LABEL><MIN>1</MIN><MAX>40</MAX><DEFAULT>8</DEFAULT><FUZZ>0</FUZZ><TYPE>N</TYPE>"
+         "<SEXCL>N</SEXCL><EEXCL>Y</EEXCL><HLO>S</HLO></ROW>\n";
+  }
+  s += "</TABLE>\n";
+  return s;
+}
+
+struct loaded {
+  xf_ufmt_context ctx{};
+  void *first = nullptr;
+  void *handle = nullptr;
+  explicit loaded(int rows) {
+    std::string text = control_text(rows);
+    void *chain = nullptr;
+    xfmalloc(&chain, 0);
+    first = chain;
+    char name[33] = "BIG                             ";
+    if (xfmt::userfmt::read_control_buffer(text.data(), text.size(), 1, name, &ctx, &chain) != 0) return;
+    xf_ufmt_context ready{};
+    ready.control = ctx.control;
+    ready.word2 = ctx.word2;
+    xfname2("BIG", 3, 0, nullptr, &handle, &ready);
+  }
+  ~loaded() {
+    if (handle) xfdel(handle);
+    xfmt::catalog::free_chain(first);
+  }
+};
+
+std::vector<double> values(int n) {
+  std::mt19937_64 g(42);
+  std::uniform_real_distribution<double> d(0, big * 10.0);
+  std::vector<double> v(static_cast<size_t>(n));
+  for (double &x : v) x = d(g);
+  return v;
+}
+
+void BM_userfmt_lookup_xffmt(benchmark::State &state) {
+  static loaded fmt(big);
+  std::vector<double> vs = values(4096);
+  char out[8];
+  xf_frame f{};
+  f.width = 8;
+  f.input_length = 8;
+  f.output = out;
+  f.output_capacity = sizeof out;
+  size_t i = 0;
+  for (auto _ : state) {
+    f.input = &vs[i++ & 4095];
+    benchmark::DoNotOptimize(xffmt(&f, fmt.handle));
+    benchmark::DoNotOptimize(out);
+  }
+}
+BENCHMARK(BM_userfmt_lookup_xffmt);
+
+void BM_userfmt_baseline_upper_bound(benchmark::State &state) {
+  std::vector<double> starts(big);
+  std::vector<std::string> labels(big);
+  for (int i = 0; i < big; ++i) {
+    starts[static_cast<size_t>(i)] = i * 10.0;
+    labels[static_cast<size_t>(i)] = std::to_string(i).insert(0, 1, 'L');
+  }
+  std::vector<double> vs = values(4096);
+  char out[8];
+  size_t i = 0;
+  for (auto _ : state) {
+    double v = vs[i++ & 4095];
+    auto it = std::upper_bound(starts.begin(), starts.end(), v);
+    const std::string &l = labels[static_cast<size_t>(it - starts.begin() - 1)];
+    size_t n = std::min(l.size(), sizeof out);
+    std::memcpy(out, l.data(), n);
+    std::memset(out + n, ' ', sizeof out - n);
+    benchmark::DoNotOptimize(out);
+  }
+}
+BENCHMARK(BM_userfmt_baseline_upper_bound);
+
+void BM_userfmt_read_control(benchmark::State &state) {
+  int rows = static_cast<int>(state.range(0));
+  std::string text = control_text(rows);
+  char name[33] = "BIG                             ";
+  for (auto _ : state) {
+    xf_ufmt_context ctx{};
+    void *chain = nullptr;
+    xfmalloc(&chain, 0);
+    void *first = chain;
+    benchmark::DoNotOptimize(xfmt::userfmt::read_control_buffer(text.data(), text.size(), 1, name, &ctx, &chain));
+    xfmt::catalog::free_chain(first);
+  }
+  state.SetItemsProcessed(state.iterations() * rows);
+}
+BENCHMARK(BM_userfmt_read_control)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+}  // namespace

@@ -1,0 +1,72 @@
+// Fuzz target of the control-file reader: any bytes as a control file. A
+// format that reads is then applied to a few values with exact-size buffers,
+// twice, and must give the same bytes both times.
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "catalog/chain.hpp"
+#include "userfmt/control_reader.hpp"
+#include "xfmt/xfmt.h"
+
+namespace {
+
+void apply(xf_user_format *h, void *ranges, bool character) {
+  xf_user_handle handle{};
+  setfptr(h, &handle);
+  if (!handle.routine) return;
+  static const double numbers[] = {-0.0, 13.0, -5.5, 12345.678};
+  static const char16_t *texts[] = {u"", u"E", u"P", u"W  "};
+  for (int i = 0; i < 4; ++i) {
+    for (int32_t w : {0, 7, 40}) {
+      std::string first;
+      for (int pass = 0; pass < 2; ++pass) {
+        std::vector<unsigned char> out(static_cast<size_t>(w));
+        xf_frame f{};
+        double v = numbers[i];
+        std::u16string t = texts[i];
+        if (character) {
+          f.input = t.data();
+          f.input_length = static_cast<uint32_t>(2 * t.size());
+          f.input_encoding = XF_ENC_UTF16LE;
+        } else {
+          f.input = &v;
+          f.input_length = 8;
+        }
+        f.width = w;
+        f.output = out.empty() ? nullptr : out.data();
+        f.output_capacity = static_cast<uint32_t>(out.size());
+        f.option_flags = i % 2 ? XF_FLAG_MULTILABEL : 0;
+        handle.routine(&f, h, ranges);
+        if (f.output_length > out.size()) std::abort();
+        std::string got(reinterpret_cast<char *>(out.data()), f.output_length);
+        if (pass == 0) first = got;
+        else if (got != first) std::abort();
+      }
+    }
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+  const char *text = reinterpret_cast<const char *>(data);
+  static const char *const names[] = {"AGEGRP", "REGION"};
+  for (int k = 0; k < 2; ++k) {
+    char name[32];
+    std::memset(name, ' ', sizeof name);
+    std::memcpy(name, names[k], std::strlen(names[k]));
+    bool character = k == 1;
+    xf_ufmt_context ctx{};
+    void *chain = nullptr;
+    xfmalloc(&chain, 0);
+    void *first = chain;
+    int32_t rc = xfmt::userfmt::read_control_buffer(text, size, character ? 11 : 1, name, &ctx, &chain);
+    if (rc == 0) apply(static_cast<xf_user_format *>(ctx.control), ctx.word2, character);
+    xfmt::catalog::free_chain(first);
+  }
+  xfmt::userfmt::list_control_formats(text, size, [](void *, const char *, size_t, char) {}, nullptr);
+  return 0;
+}

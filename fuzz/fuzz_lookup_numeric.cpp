@@ -1,0 +1,94 @@
+// Fuzz target of the numeric lookups: the input describes a sorted table of
+// ranges and single values (with shared, excluded boundaries and fuzz) and
+// the values to look up. The bisection must give the bytes of the linear
+// search, within exact-size buffers.
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "xfmt/xfmt.h"
+
+namespace {
+
+struct table {
+  std::vector<xf_range_numeric> entries;
+  std::vector<std::vector<uint16_t>> labels;  // xf_label_text images
+  std::vector<const void *> pointers;
+  xf_user_format header[2];
+};
+
+double missing(int i) {
+  uint64_t b = 0xFFFFFF0000000000ull - static_cast<uint64_t>(i) * uint64_t{0x10000000000};
+  double v;
+  std::memcpy(&v, &b, 8);
+  return v;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+  if (size < 2) return 0;
+  size_t pos = 0;
+  auto next = [&]() -> uint8_t { return pos < size ? data[pos++] : 0; };
+  table t;
+  int n = next() % 40;
+  double fuzz = (next() % 4) * 0.25;
+  double at = -20.0 + next() % 10;
+  t.entries.resize(static_cast<size_t>(n));
+  t.labels.resize(static_cast<size_t>(n));
+  for (int i = 0; i < n; ++i) {
+    uint8_t b = next();
+    double len = b % 6;
+    bool single = len == 0 && (b & 0x40);
+    bool excl_end = (b & 0x80) && len > 0;
+    xf_range_numeric &e = t.entries[static_cast<size_t>(i)];
+    std::memset(&e, 0, sizeof e);
+    std::vector<uint16_t> &l = t.labels[static_cast<size_t>(i)];
+    l = {XF_LABEL_TEXT, 2, static_cast<uint16_t>('a' + i % 26), static_cast<uint16_t>('0' + i / 26)};
+    e.label = l.data();
+    if (single) {
+      e.entry_kind = XF_RANGE_NUMERIC_VALUE;
+      xf_numeric_key(at, e.start_key);
+    } else {
+      e.entry_kind = XF_RANGE_NUMERIC;
+      e.flags = excl_end ? XF_RANGE_END_EXCL : 0;
+      // Fuzz only between ranges that do not touch, so the table stays sorted.
+      double f = excl_end ? 0 : fuzz;
+      xf_numeric_key(at, e.start_key);
+      xf_numeric_key(at - (i == 0 ? f : 0), e.low_key);
+      xf_numeric_key(at + len, e.end_key);
+      xf_numeric_key(at + len + f, e.high_key);
+    }
+    at += len + (excl_end ? 0.0 : 1.0 + fuzz * 2 + (b & 1));
+    t.pointers.push_back(&e);
+  }
+  std::memset(t.header, 0, sizeof t.header);
+  std::memcpy(t.header[0].marker, "00000000", 8);
+  std::memset(t.header[1].marker, ' ', 8);
+  t.header[1].kind = 1;
+  t.header[1].range_count = n;
+  void *ranges = t.pointers.empty() ? nullptr : t.pointers.data();
+  while (pos < size) {
+    uint8_t b = next();
+    double v = b >= 250 ? missing(b - 250) : -25.0 + (b % 128) * 0.25 + (b & 0x80 ? 0.125 : 0);
+    int32_t w = static_cast<int32_t>(next() % 12);
+    std::string out[2];
+    int k = 0;
+    for (xf_label_routine r : {yfpfnfn, yfpfnfm}) {
+      std::vector<unsigned char> buf(static_cast<size_t>(w));
+      xf_frame f{};
+      f.input = &v;
+      f.input_length = 8;
+      f.width = w;
+      f.output = buf.empty() ? nullptr : buf.data();
+      f.output_capacity = static_cast<uint32_t>(buf.size());
+      r(&f, &t.header[1], ranges);
+      if (f.output_length > buf.size()) std::abort();
+      out[k++] = std::string(reinterpret_cast<char *>(buf.data()), f.output_length);
+    }
+    if (out[0] != out[1]) std::abort();
+  }
+  return 0;
+}

@@ -1,0 +1,24 @@
+// The control-file reader's internal entry: the same reading over bytes in
+// memory, for the fuzz target and tests.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "xfmt/xfmt.h"
+
+namespace xfmt::userfmt {
+
+// Reads the requested format (request kind, 32-byte blank-padded name) from
+// a control file's bytes, building its records on *chain. Result codes as
+// xfrdexp's, except that nothing is opened.
+int32_t read_control_buffer(const char *data, std::size_t size, int32_t request_kind,
+                            const char *name, xf_ufmt_context *context, void **chain);
+
+// Calls visit(name, type letter) once per format of a control file, in file
+// order (for listings). Returns 0 or a negative reader code.
+int32_t list_control_formats(const char *data, std::size_t size,
+                             void (*visit)(void *user, const char *name, std::size_t length, char type),
+                             void *user);
+
+}  // namespace xfmt::userfmt

@@ -1,0 +1,45 @@
+// Reading control files in tests: the data folder, and a request through
+// xfrdfmt on a chain the test frees.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+#include "xfmt/xfmt.h"
+
+namespace xfmt::test {
+
+std::filesystem::path data_dir();
+
+// Runs cwd-sensitive code inside the data folder.
+class in_data_dir {
+ public:
+  in_data_dir();
+  ~in_data_dir();
+  in_data_dir(const in_data_dir &) = delete;
+  in_data_dir &operator=(const in_data_dir &) = delete;
+
+ private:
+  std::filesystem::path saved_;
+};
+
+// One request through xfrdfmt; the records live until the object goes.
+class read_request {
+ public:
+  read_request(const std::string &file, const std::string &name, uint32_t source = 0);
+  ~read_request();
+  read_request(const read_request &) = delete;
+  read_request &operator=(const read_request &) = delete;
+
+  int32_t rc;
+  xf_ufmt_context ctx{};
+  xf_user_format *header() const { return static_cast<xf_user_format *>(ctx.control); }
+  void *ranges() const { return ctx.word2; }
+
+ private:
+  std::string path_;
+  void *first_ = nullptr;
+};
+
+}  // namespace xfmt::test

@@ -1,0 +1,268 @@
+// The control-file reader: the example file's formats, XML written every
+// way XML allows, and every error code.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <fstream>
+#include <random>
+#include <sstream>
+
+#include "catalog/chain.hpp"
+#include "support/frame.hpp"
+#include "userfmt/control_files.hpp"
+#include "userfmt/control_reader.hpp"
+#include "userfmt/tables.hpp"
+#include "xfmt/xfmt.h"
+
+using namespace xfmt::test;
+
+namespace {
+
+std::string run_text_on(void *header, void *ranges, const std::u16string &v, int32_t w) {
+  frame_box b = frame_box::chars(std::string(reinterpret_cast<const char *>(v.data()), 2 * v.size()), w);
+  b.f.input_encoding = XF_ENC_UTF16LE;
+  yfpfcfn(&b.f, header, ranges);
+  return b.str();
+}
+
+std::string label_of(const read_request &r, double v, int32_t w) {
+  frame_box b = frame_box::number(v, w, 0);
+  xf_user_handle h{};
+  setfptr(r.header(), &h);
+  EXPECT_NE(h.routine, nullptr);
+  if (!h.routine) return "";
+  h.routine(&b.f, r.header(), r.ranges());
+  return b.str();
+}
+
+TEST(control_reader, error_codes_of_bad_files) {
+  struct row { const char *file; const char *name; int32_t rc; };
+  const row rows[] = {
+      {"userfmt/bad_datatype.xml",     "PIC",  -9},
+      {"userfmt/missing_column.xml",   "X",    -14},
+      {"userfmt/row_missing_cell.xml", "X",    -14},
+      {"userfmt/nested_format.xml",    "NEST", -16},
+      {"userfmt/bad_type.xml",         "BAD",  -20},
+      {"userfmt/bad_reference.xml",    "REF",  -2},
+      {"userfmt/unclosed.xml",         "X",    -2},
+      {"userfmt/mismatched.xml",       "X",    -2},
+      {"userfmt/truncated.xml",        "X",    -2},
+      {"userfmt/bad_number.xml",       "NUM",  -3},
+      {"cntlout.xml",                  "NOPE", 1},
+      {"cntlout.xml",                  "$AGEGRP", 1},   // a numeric format asked as character
+      {"cntlout.xml",                  "@AGEGRP", 1},   // formats are not informats
+  };
+  for (const row &r : rows) {
+    read_request q(r.file, r.name);
+    EXPECT_EQ(q.rc, r.rc) << r.file;
+    EXPECT_EQ(q.ctx.source, 0u);
+  }
+}
+
+TEST(control_reader, unsupported_sources_and_open_failure) {
+  EXPECT_EQ(read_request("cntlout.xml", "AGEGRP", 3).rc, -17);
+  EXPECT_EQ(read_request("cntlout.xml", "AGEGRP", 4).rc, -17);
+  ::testing::internal::CaptureStdout();
+  int32_t rc = read_request("no_such_dir/cntlout.xml", "AGEGRP").rc;
+  EXPECT_EQ(::testing::internal::GetCapturedStdout(), "Open failed\n");
+  EXPECT_EQ(rc, -1);
+}
+
+TEST(control_reader, example_agegrp) {
+  read_request r("cntlout.xml", "AGEGRP");
+  ASSERT_EQ(r.rc, 0);
+  const xf_user_format *h = r.header();
+  EXPECT_EQ(std::string(h->name, 32), "AGEGRP" + std::string(26, ' '));
+  EXPECT_EQ(h->kind, 1);
+  EXPECT_EQ(h->range_count, 4);
+  EXPECT_EQ(h->label_count, 5u);
+  EXPECT_EQ(h->has_other, 1u);
+  EXPECT_EQ(h->linear_search, 1);
+  EXPECT_EQ(h->min_width, 1);
+  EXPECT_EQ(h->max_width, 40);
+  EXPECT_EQ(h->default_width, 8);
+  EXPECT_EQ(h->max_label_length, 12);
+  EXPECT_EQ(h->internal[0], 3);
+  EXPECT_EQ(h->internal[1], 1);
+  EXPECT_EQ(std::string(h[-1].marker, 8), "00000000");
+  EXPECT_EQ(h->marker[0], ' ');
+  EXPECT_EQ(label_of(r, 5, 12), "child       ");
+  EXPECT_EQ(label_of(r, 13, 12), "teen & young");
+  EXPECT_EQ(label_of(r, 19.99, 12), "teen & young");
+  EXPECT_EQ(label_of(r, 20, 12), "adult       ");
+  EXPECT_EQ(label_of(r, -1e300, 5), "child");
+  EXPECT_EQ(label_of(r, missing_letter('A'), 8), "refused ");
+  EXPECT_EQ(label_of(r, missing_letter('.'), 8), "unknown ");
+}
+
+TEST(control_reader, example_yesno_region_money_score_stamp) {
+  read_request y("cntlout.xml", "YESNO");
+  ASSERT_EQ(y.rc, 0);
+  EXPECT_EQ(y.header()->linear_search, 0);
+  EXPECT_DOUBLE_EQ(y.header()->fuzz, 1e-12);
+  EXPECT_EQ(label_of(y, 1 + 1e-13, 3), "Yes");
+  EXPECT_EQ(label_of(y, 0, 3), "No ");
+  EXPECT_EQ(label_of(y, 2, 3), "  2");
+
+  read_request c("cntlout.xml", "$REGION");
+  ASSERT_EQ(c.rc, 0);
+  EXPECT_EQ(c.header()->kind, 11);
+  xf_user_handle h{};
+  setfptr(c.header(), &h);
+  EXPECT_EQ(h.routine, &yfpfcfn);
+  // 14 positions, 14 bytes: the dash takes three of them.
+  EXPECT_EQ(run_text_on(c.header(), c.ranges(), u"P", 14), "Middle \xE2\x80\x93 N t");
+  EXPECT_EQ(run_text_on(c.header(), c.ranges(), u"W", 5), "West ");
+
+  read_request m("cntlout.xml", "MONEY");
+  ASSERT_EQ(m.rc, 0);
+  EXPECT_EQ(m.header()->kind, 3);
+  EXPECT_EQ(m.header()->round, 1);
+  EXPECT_EQ(label_of(m, 1234.567, 14), "     $1,234.57");
+
+  read_request s("cntlout.xml", "SCORE");
+  ASSERT_EQ(s.rc, 0);
+  EXPECT_EQ(s.header()->multilabel, 1);
+
+  read_request d("cntlout.xml", "STAMP");
+  ASSERT_EQ(d.rc, 0);
+  EXPECT_EQ(label_of(d, 23195, 10), "2023-07-04");
+}
+
+TEST(control_reader, xml_variants_read_alike) {
+  read_request r("userfmt/variants.xml", "VAR");
+  ASSERT_EQ(r.rc, 0);
+  EXPECT_EQ(r.header()->range_count, 4);
+  EXPECT_EQ(label_of(r, 1, 15), "one <5> \"q\" 'a'");
+  EXPECT_EQ(label_of(r, 2.5, 13), "<two & three>");
+  EXPECT_EQ(label_of(r, 4, 11), "line1\nline2");
+  EXPECT_EQ(label_of(r, 5, 600), std::string(600, 'L'));
+  EXPECT_EQ(r.header()->max_width, 700);
+  read_request lower("userfmt/variants.xml", "LOWER");
+  ASSERT_EQ(lower.rc, 0);
+  EXPECT_EQ(label_of(lower, missing_letter('B'), 6), "miss B");
+}
+
+TEST(control_reader, memory_buffer_and_listing) {
+  std::ifstream in(data_dir() / "cntlout.xml", std::ios::binary);
+  std::stringstream ss;
+  ss << in.rdbuf();
+  std::string text = ss.str();
+  std::string names;
+  int32_t rc = xfmt::userfmt::list_control_formats(
+      text.data(), text.size(),
+      [](void *user, const char *n, std::size_t len, char type) {
+        *static_cast<std::string *>(user) += std::string(n, len) + ":" + type + " ";
+      },
+      &names);
+  EXPECT_EQ(rc, 0);
+  EXPECT_EQ(names, "AGEGRP:N YESNO:N REGION:C MONEY:P SCORE:N STAMP:P ");
+  // Every prefix of the file is refused cleanly, never read past its end.
+  for (std::size_t n = 0; n < text.size(); n += 97) {
+    std::string cut = text.substr(0, n);
+    xf_ufmt_context ctx{};
+    void *chain = nullptr;
+    xfmalloc(&chain, 0);
+    void *first = chain;
+    EXPECT_LT(xfmt::userfmt::read_control_buffer(cut.data(), cut.size(), 1, "AGEGRP                          ",
+                                                 &ctx, &chain), 0) << n;
+    xfmt::catalog::free_chain(first);
+  }
+}
+
+}  // namespace
+
+#include "support/random.hpp"
+
+namespace {
+
+std::string random_control_text(std::mt19937_64 &g, bool sorted_search) {
+  std::string s = "<TABLE><HEADER>";
+  for (const char *c : {"FMTNAME", "START", "END", "LABEL", "MIN", "MAX", "DEFAULT", "FUZZ", "TYPE",
+                        "SEXCL", "EEXCL", "HLO"})
+    s.append("<COLUMN name='").append(c).append("'/>");
+  s += "</HEADER>";
+  double at = -50.0 + static_cast<double>(g() % 20);
+  double fuzz = g() % 3 == 0 ? 0.25 : 0.0;
+  int n = static_cast<int>(g() % 80) + 1;
+  bool shared = false;  // this row starts where the previous, excluded, end lies
+  for (int i = 0; i < n; ++i) {
+    double len = static_cast<double>(g() % 6);
+    bool excl = len > 0 && g() % 2;
+    // No fuzz on either side of a shared boundary: the table stays without
+    // overlaps, where bisection and linear search must agree.
+    bool no_fuzz = excl || shared;
+    shared = excl;
+    s.append("<ROW><FMTNAME>R</FMTNAME><START>").append(std::to_string(at)).append("</START><END>");
+    s.append(std::to_string(at + len)).append("</END><LABEL>l").append(std::to_string(i));
+    s.append("</LABEL><MIN>1</MIN><MAX>40</MAX><DEFAULT>4</DEFAULT><FUZZ>");
+    s.append(no_fuzz ? "0" : std::to_string(fuzz)).append("</FUZZ><TYPE>N</TYPE><SEXCL>N</SEXCL><EEXCL>");
+    s.append(excl ? "Y" : "N").append("</EEXCL><HLO>").append(sorted_search ? "S" : "").append("</HLO></ROW>");
+    at += len + (excl ? 0.0 : 1.0 + 2 * fuzz + static_cast<double>(g() % 2));
+  }
+  return s + "</TABLE>";
+}
+
+std::string lookup(const xf_ufmt_context &ctx, double v) {
+  frame_box b = frame_box::number(v, 4, 0);
+  xf_user_handle h{};
+  setfptr(ctx.control, &h);
+  h.routine(&b.f, ctx.control, ctx.word2);
+  return b.str();
+}
+
+TEST(control_reader, indexed_bisection_agrees_with_linear_search) {
+  auto g = rng(47);
+  uint64_t files = scaled(100);
+  for (uint64_t t = 0; t < files; ++t) {
+    uint64_t salt = g();
+    std::mt19937_64 g1(salt), g2(salt);
+    std::string sorted = random_control_text(g1, true), linear = random_control_text(g2, false);
+    xf_ufmt_context a{}, b{};
+    void *chain = nullptr;
+    xfmalloc(&chain, 0);
+    void *first = chain;
+    ASSERT_EQ(xfmt::userfmt::read_control_buffer(sorted.data(), sorted.size(), 1, "R                               ", &a, &chain), 0);
+    ASSERT_EQ(xfmt::userfmt::read_control_buffer(linear.data(), linear.size(), 1, "R                               ", &b, &chain), 0);
+    ASSERT_EQ(static_cast<xf_user_format *>(a.control)->reserved[0], 1);
+    for (int k = 0; k < 300; ++k) {
+      double v = -55.0 + static_cast<double>(g() % 3000) * 0.125;
+      std::string indexed = lookup(a, v);
+      ASSERT_EQ(indexed, lookup(b, v)) << "seed " << test_seed() << " file " << t << " value " << v;
+      // Without its index the same bisection gives the same bytes.
+      static_cast<xf_user_format *>(a.control)->reserved[0] = 0;
+      ASSERT_EQ(indexed, lookup(a, v));
+      static_cast<xf_user_format *>(a.control)->reserved[0] = 1;
+    }
+    xfmt::catalog::free_chain(first);
+  }
+}
+
+}  // namespace
+
+namespace {
+
+TEST(control_reader, character_format_named_with_its_dollar) {
+  std::string text =
+      "<TABLE><HEADER><COLUMN name='FMTNAME'/><COLUMN name='START'/><COLUMN name='END'/>"
+      "<COLUMN name='LABEL'/><COLUMN name='MIN'/><COLUMN name='MAX'/><COLUMN name='DEFAULT'/>"
+      "<COLUMN name='FUZZ'/><COLUMN name='TYPE'/><COLUMN name='SEXCL'/><COLUMN name='EEXCL'/>"
+      "<COLUMN name='HLO'/></HEADER><ROW><FMTNAME>$codes</FMTNAME><START>a</START><END/>"
+      "<LABEL>Alpha</LABEL><MIN/><MAX/><DEFAULT/><FUZZ/><TYPE>c</TYPE><SEXCL/><EEXCL/><HLO/></ROW></TABLE>";
+  xf_ufmt_context ctx{};
+  void *chain = nullptr;
+  xfmalloc(&chain, 0);
+  void *first = chain;
+  ASSERT_EQ(xfmt::userfmt::read_control_buffer(text.data(), text.size(), 11, "CODES                           ",
+                                               &ctx, &chain), 0);
+  auto *h = static_cast<xf_user_format *>(ctx.control);
+  // Empty widths: 1 to 40, the default the longest label.
+  EXPECT_EQ(h->min_width, 1);
+  EXPECT_EQ(h->max_width, 40);
+  EXPECT_EQ(h->default_width, 5);
+  EXPECT_EQ(run_text_on(ctx.control, ctx.word2, u"a", 6), "Alpha ");
+  EXPECT_EQ(run_text_on(ctx.control, ctx.word2, u"A", 6), "A     ");
+  xfmt::catalog::free_chain(first);
+}
+
+}  // namespace

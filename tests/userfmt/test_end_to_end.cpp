@@ -1,0 +1,149 @@
+// User-defined formats as a host sees them: xfname2 with a context, xffmt,
+// xfdel; the control file in the current folder or elsewhere; an in-memory
+// catalog (source 5) with labels naming other formats.
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "catalog/chain.hpp"
+#include "support/frame.hpp"
+#include "userfmt/control_files.hpp"
+#include "userfmt/tables.hpp"
+#include "xfmt/xfmt.h"
+
+using namespace xfmt::test;
+
+namespace {
+
+struct resolved {
+  void *handle = nullptr;
+  xf_status status = 1;
+  uint16_t widths[8] = {};
+  resolved(const std::string &name, xf_ufmt_context *ctx) {
+    status = xfname2(name.data(), static_cast<int32_t>(name.size()), 0, widths, &handle, ctx);
+  }
+  ~resolved() {
+    if (handle && static_cast<char *>(handle)[8] == '+')
+      xfmt::catalog::free_user_handle(static_cast<xf_user_handle *>(handle));
+    else if (handle)
+      xfdel(handle);
+  }
+  resolved(const resolved &) = delete;
+  resolved &operator=(const resolved &) = delete;
+};
+
+std::string put(void *handle, double v, int32_t w, uint32_t requested = 0, int64_t cap = -1) {
+  frame_box b = frame_box::number(v, w, 0, cap);
+  b.f.requested_output_encoding = requested;
+  xffmt(&b.f, handle);
+  return b.str();
+}
+
+std::string put_text(void *handle, const std::string &v, int32_t w) {
+  frame_box b = frame_box::chars(v, w);
+  xffmt(&b.f, handle);
+  return b.str();
+}
+
+TEST(end_to_end, zero_context_reads_the_control_file_of_the_current_folder) {
+  in_data_dir here;
+  xf_ufmt_context ctx{};
+  resolved r("AGEGRP", &ctx);
+  ASSERT_EQ(r.status, 0u);
+  EXPECT_EQ(static_cast<char *>(r.handle)[8], '-');
+  EXPECT_EQ(r.widths[0], 1);
+  EXPECT_EQ(r.widths[1], 40);
+  EXPECT_EQ(r.widths[2], 8);
+  EXPECT_EQ(put(r.handle, 15, 15), "teen & young   ");
+  EXPECT_EQ(put(r.handle, 45, 8), "adult   ");
+  // UTF-16 when the host asks for it.
+  EXPECT_EQ(put(r.handle, 3, 5, XF_ENC_UTF16LE, 10), std::string("c\0h\0i\0l\0d\0", 10));
+  resolved money("MONEY", &ctx);
+  ASSERT_EQ(money.status, 0u);
+  EXPECT_EQ(put(money.handle, 1e6, 14), " $1,000,000.00");
+  resolved region("$REGION", &ctx);
+  ASSERT_EQ(region.status, 0u);
+  EXPECT_EQ(static_cast<char *>(region.handle)[8], '+');
+  EXPECT_EQ(put_text(region.handle, "E", 5), "East ");
+  // 20 positions of which the dash takes 3 bytes: the 20-byte buffer ends
+  // after three of the five padding blanks.
+  EXPECT_EQ(put_text(region.handle, "Q", 20), "Middle \xE2\x80\x93 N to S   ");
+  EXPECT_EQ(put_text(region.handle, "X", 3), "X  ");
+  resolved none("NOSUCH", &ctx);
+  EXPECT_EQ(none.status, 1u);
+  EXPECT_EQ(none.handle, nullptr);
+}
+
+TEST(end_to_end, control_file_elsewhere_and_ready_control_block) {
+  std::string path = (data_dir() / "cntlout.xml").string();
+  xf_ufmt_context ctx{};
+  ctx.control_path = path.c_str();
+  resolved r("YESNO", &ctx);
+  ASSERT_EQ(r.status, 0u);
+  EXPECT_EQ(put(r.handle, 1, 3), "Yes");
+  // A context that already carries the control block resolves at once.
+  auto *h = static_cast<xf_user_handle *>(r.handle);
+  xf_ufmt_context ready{};
+  ready.control = h->header;
+  ready.word2 = h->ranges;
+  void *again = nullptr;
+  ASSERT_EQ(xfname2("YESNO", 5, 0, nullptr, &again, &ready), 0u);
+  EXPECT_EQ(put(again, 0, 3), "No ");
+  xfmt::catalog::free_user_handle(static_cast<xf_user_handle *>(again));
+}
+
+// A host's catalog of two formats: SIZE names the catalogued F and the
+// other user format GRADE in its labels.
+struct host_catalog {
+  memory_format grade{1, "GRADE"};
+  memory_format size{1, "SIZE"};
+  xf_user_format headers[3];
+  std::vector<const void *> ranges;
+  xf_ufmt_context ctx{};
+
+  host_catalog() {
+    grade.range(0, 5, "low");
+    grade.range(5, 10, "high", XF_RANGE_START_EXCL);
+    grade.done();
+    size.range_label(0, 10, size.format_label("GRADE", 4, 0));
+    size.range_label(10, 100, size.format_label("F", 6, 2));
+    size.range_label(100, 1000, size.format_label("NOSUCH", 3, 0));
+    size.range_label(1000, 2000, size.format_label("SIZE", 8, 0));  // names itself
+    size.done();
+    std::memcpy(&headers[0], grade.anchor(), sizeof(xf_user_format));
+    std::memcpy(&headers[1], grade.header(), sizeof(xf_user_format));
+    std::memcpy(&headers[2], size.header(), sizeof(xf_user_format));
+    headers[1].marker[0] = 'G';
+    for (int i = 0; i < 2; ++i) ranges.push_back(static_cast<void **>(grade.ranges())[i]);
+    for (int i = 0; i < 4; ++i) ranges.push_back(static_cast<void **>(size.ranges())[i]);
+    ctx.source = 5;
+    ctx.catalog = headers;
+    ctx.catalog_ranges = ranges.data();
+  }
+};
+
+TEST(end_to_end, in_memory_catalog_with_nested_formats) {
+  host_catalog cat;
+  resolved grade("GRADE", &cat.ctx);
+  ASSERT_EQ(grade.status, 0u);
+  EXPECT_EQ(put(grade.handle, 7, 4), "high");
+  resolved size("SIZE", &cat.ctx);
+  ASSERT_EQ(size.status, 0u);
+  EXPECT_EQ(put(size.handle, 3, 6), "low ");
+  EXPECT_EQ(put(size.handle, 12.345, 8), " 12.35");
+  EXPECT_EQ(put(size.handle, 500, 5), "*****");
+  std::string deep = put(size.handle, 1500, 8);
+  EXPECT_EQ(deep, "********");
+  resolved missing("GRADEX", &cat.ctx);
+  EXPECT_EQ(missing.status, 1u);
+}
+
+TEST(end_to_end, informat_requests_never_find_formats) {
+  in_data_dir here;
+  xf_ufmt_context ctx{};
+  void *h = nullptr;
+  EXPECT_EQ(xfname2("AGEGRP", 6, 73, nullptr, &h, &ctx), 1u);
+  EXPECT_EQ(h, nullptr);
+}
+
+}  // namespace

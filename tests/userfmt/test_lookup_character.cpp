@@ -1,0 +1,136 @@
+// Character value-label lookup: the 16-bit comparison, ranges with trailing
+// blanks and exclusions, fixed 16-unit keys, MPTLU, and the bisection
+// against the linear search.
+#include <gtest/gtest.h>
+
+#include "support/random.hpp"
+#include "userfmt/tables.hpp"
+#include "xfmt/xfmt.h"
+
+using namespace xfmt::test;
+
+namespace {
+
+int32_t cmp(const std::u16string &a, const std::u16string &b) {
+  return zstrcomu(reinterpret_cast<const uint16_t *>(a.data()), static_cast<int32_t>(a.size()),
+                  reinterpret_cast<const uint16_t *>(b.data()), static_cast<int32_t>(b.size()));
+}
+
+TEST(zstrcomu, trailing_blanks_are_insignificant_and_units_are_signed) {
+  struct row { std::u16string a, b; int32_t want; };
+  const row rows[] = {
+      {u"AB", u"AB", 0},     {u"AB  ", u"AB", 0},  {u"AB", u"AB   ", 0}, {u"", u"   ", 0},
+      {u"AB", u"ABC", -1},   {u"ABC", u"AB", 1},   {u"AB", u"AC", -1},  {u"ab", u"AB", 1},
+      {u"AB ", u"AB C", -1}, {u"\x8000", u"A", -1}, {u"A", u"\xFFFF", 1}, {u"", u"", 0},
+  };
+  for (const row &r : rows) EXPECT_EQ(cmp(r.a, r.b), r.want);
+}
+
+TEST(mptlu, copies_or_cuts_and_fills_with_blanks) {
+  std::u16string src = u"abc";
+  uint16_t dst[6];
+  MPTLU(reinterpret_cast<const uint16_t *>(src.data()), 3, dst, 5);
+  EXPECT_EQ(std::u16string(reinterpret_cast<char16_t *>(dst), 5), u"abc  ");
+  dst[2] = 'x';
+  MPTLU(reinterpret_cast<const uint16_t *>(src.data()), 3, dst, 2);
+  EXPECT_EQ(dst[2], 'x');
+  EXPECT_EQ(std::u16string(reinterpret_cast<char16_t *>(dst), 2), u"ab");
+  MPTLU(nullptr, 0, dst, 3);
+  EXPECT_EQ(std::u16string(reinterpret_cast<char16_t *>(dst), 3), u"   ");
+}
+
+TEST(character_lookup, trailing_blanks_match_and_case_counts) {
+  for (xf_label_routine r : {yfpfcfn, yfpfcfm, yfpfcfs}) {
+    memory_format f(11);
+    f.char_value("AB", "found");
+    EXPECT_EQ(run_text(r, f, u"AB   ", 5).text, "found");
+    result miss = run_text(r, f, u"ab", 5);
+    EXPECT_EQ(miss.text, "ab   ");
+    EXPECT_EQ(miss.flags & XF_FLAG_UNFORMATTED, XF_FLAG_UNFORMATTED);
+  }
+}
+
+TEST(character_lookup, ranges_with_exclusions_low_and_high) {
+  for (xf_label_routine r : {yfpfcfn, yfpfcfm, yfpfcfr}) {
+    memory_format f(11);
+    f.char_range("A", "F", "first", XF_RANGE_LOW | XF_RANGE_END_EXCL);
+    f.char_range("F", "M", "second");
+    f.char_range("M", "", "third", XF_RANGE_START_EXCL | XF_RANGE_HIGH);
+    EXPECT_EQ(run_text(r, f, u"", 6).text, "first ");
+    EXPECT_EQ(run_text(r, f, u"EZZ", 6).text, "first ");
+    EXPECT_EQ(run_text(r, f, u"F", 6).text, "second");
+    EXPECT_EQ(run_text(r, f, u"M", 6).text, "second");
+    EXPECT_EQ(run_text(r, f, u"MA", 6).text, "third ");
+    EXPECT_EQ(run_text(r, f, u"zzz", 6).text, "third ");
+  }
+}
+
+TEST(character_lookup, other_and_utf8_delivery) {
+  memory_format f(11);
+  f.char_range("N", "S", "Middle");
+  f.other("?");
+  EXPECT_EQ(run_text(yfpfcfn, f, u"A", 3).text, "?  ");
+  // A label unit beyond ASCII is delivered as UTF-8 and counts as one position.
+  memory_format g(11);
+  g.char_value("E", "x");
+  auto *l = const_cast<xf_label_text *>(static_cast<const xf_label_text *>(g.text_label("a-b")));
+  reinterpret_cast<uint16_t *>(reinterpret_cast<char *>(l) + 4)[1] = 0x2013;
+  g.header()->other_label = l;
+  g.header()->has_other = 1;
+  EXPECT_EQ(run_text(yfpfcfn, g, u"Q", 4, 8).text, "a\xE2\x80\x93" "b ");
+  // Never split: capacity 3 holds "a" and not the 3-byte dash.
+  EXPECT_EQ(run_text(yfpfcfn, g, u"Q", 4, 3).text, "a");
+}
+
+TEST(character_lookup, fixed_keys) {
+  memory_format f(11);
+  f.fixed(XF_RANGE_FIXED_VALUE, "APPLE", "", "fruit");
+  f.fixed(XF_RANGE_FIXED, "B", "C", "bc", XF_RANGE_END_EXCL);
+  f.fixed(XF_RANGE_FIXED_VALUE, "C", "", "c");
+  for (xf_label_routine r : {yfpfcfn, yfpfcfx, yfpfcfy, yfpfcfz}) {
+    EXPECT_EQ(run_text(r, f, u"APPLE", 5).text, "fruit");
+    EXPECT_EQ(run_text(r, f, u"BX", 5).text, "bc   ");
+    EXPECT_EQ(run_text(r, f, u"C", 5).text, "c    ");
+  }
+}
+
+TEST(character_lookup, several_labels) {
+  memory_format f(11);
+  f.char_range("A", "M", "am");
+  f.char_range("K", "Z", "kz");
+  f.header()->multilabel = 1;
+  EXPECT_EQ(run_text(yfpfcfn, f, u"L", 2, 8, XF_FLAG_MULTILABEL).text, "amkz  ");
+  EXPECT_EQ(run_text(yfpfcfn, f, u"L", 2, 4, XF_FLAG_MULTILABEL).text, "**");
+}
+
+TEST(character_lookup, bisection_agrees_with_linear_on_random_sorted_tables) {
+  auto g = rng(23);
+  uint64_t tables = scaled(200);
+  auto word = [](int i) {
+    std::string s;
+    s += static_cast<char>('A' + i / 26 % 26);
+    s += static_cast<char>('A' + i % 26);
+    return s;
+  };
+  for (uint64_t t = 0; t < tables; ++t) {
+    memory_format f(11);
+    int at = static_cast<int>(g() % 20);
+    int n = static_cast<int>(g() % 30) + 1;
+    for (int i = 0; i < n && at < 600; ++i) {
+      int len = static_cast<int>(g() % 5);
+      if (len == 0 && g() % 2) f.char_value(word(at), "v" + std::to_string(i));
+      else f.char_range(word(at), word(at + len), "r" + std::to_string(i), len ? XF_RANGE_END_EXCL : 0);
+      at += len + (len ? 0 : 1) + static_cast<int>(g() % 2);
+    }
+    for (int k = 0; k < 100; ++k) {
+      std::string v = word(static_cast<int>(g() % 620));
+      if (g() % 3 == 0) v += "  ";
+      if (g() % 5 == 0) v += "A";
+      result a = run_text(yfpfcfn, f, u16(v), 4);
+      result b = run_text(yfpfcfm, f, u16(v), 4);
+      ASSERT_EQ(a.text, b.text) << "seed " << test_seed() << " value " << v;
+    }
+  }
+}
+
+}  // namespace

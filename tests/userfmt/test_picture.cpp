@@ -1,0 +1,142 @@
+// Pictures: digit selection, significance, fill, prefix, mult, round,
+// noedit, the final fill position, and date pictures through datefmt.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+#include "support/frame.hpp"
+#include "userfmt/tables.hpp"
+#include "xfmt/xfmt.h"
+
+using namespace xfmt::test;
+
+namespace {
+
+std::string pict(memory_format &, const void *label, int32_t w, double v, int32_t round = 0) {
+  std::string out(static_cast<size_t>(w), '\xEE');
+  yfpict(w, out.data(), label, round, v);
+  return out;
+}
+
+TEST(picture, table_of_numeric_templates) {
+  memory_format f(3);
+  struct row { std::string tpl; char fill; std::string prefix; double mult; int32_t w; double v; int32_t round; std::string want; };
+  const row rows[] = {
+      // template      fill  prefix mult  w   value     round  field
+      {"009",          '*',  "",    0,    6,  5,        0,     "  ***5"},
+      {"000",          ' ',  "",    0,    3,  0,        0,     "   "},
+      {"009",          ' ',  "",    0,    3,  0,        0,     "  0"},
+      {"9",            ' ',  "",    1,    1,  2.5,      1,     "3"},
+      {"9",            ' ',  "",    1,    1,  2.5,      0,     "2"},
+      {"009",          ' ',  "",    0,    3,  -12,      0,     " 12"},
+      {"0,009",        ' ',  "",    0,    5,  123456,   0,     "3,456"},
+      {"00009",        '*',  "$",   0,    5,  12,       0,     "**$12"},
+      {"000,000,009.99", ' ', "$",  100,  14, 1234.5,   1,     "     $1,234.50"},
+      {"000,000,009.99", ' ', "$",  100,  16, 0.07,     1,     "           $0.07"},
+      {"009",          '#',  "",    0,    2,  123,      0,     "23"},
+      {"09.99",        ' ',  "",    100,  8,  3.14159,  0,     "    3.14"},
+  };
+  for (const row &r : rows) {
+    const void *p = f.picture(r.tpl, r.fill, r.prefix, r.mult);
+    EXPECT_EQ(pict(f, p, r.w, r.v, r.round), r.want) << r.tpl << " " << r.v;
+  }
+}
+
+TEST(picture, literal_and_noedit) {
+  memory_format f(3);
+  EXPECT_EQ(pict(f, f.picture("N/A", ' ', "", 0), 5, 42), "  N/A");
+  EXPECT_EQ(pict(f, f.picture("99 bottles", ' ', "", 0, true), 12, 42), "  99 bottles");
+  EXPECT_EQ(pict(f, f.picture("abcdef", ' ', "", 0), 3, 1), "abc");
+}
+
+TEST(picture, missing_and_huge_values_go_to_the_standard_routine) {
+  memory_format f(3);
+  const void *p = f.picture("009", ' ', "", 0);
+  EXPECT_EQ(pict(f, p, 4, missing_letter('C')), "   C");
+  EXPECT_EQ(pict(f, p, 4, missing_letter('.')), "   .");
+  // Beyond 16 digits: the standard routine's layout of the scaled magnitude.
+  frame_box b = frame_box::number(1e17 + 1e-7, 6, 0);
+  std::fill(b.out.begin(), b.out.end(), ' ');
+  zfmt(&b.f);
+  EXPECT_EQ(pict(f, p, 6, 1e17), b.buffer());
+}
+
+TEST(picture, through_the_lookup_with_round_flag) {
+  memory_format f(3);
+  f.range_label(0, 0, f.picture("000,009.99", ' ', "$", 100), XF_RANGE_LOW | XF_RANGE_HIGH);
+  f.header()->round = 1;
+  result r = run_number(yfpfnfn, f, 15.255, 11);
+  EXPECT_EQ(r.text, "     $15.26");
+  EXPECT_EQ(r.status, 0u);
+  EXPECT_EQ(r.encoding, 0u);
+}
+
+TEST(datefmt, directives) {
+  char out[64];
+  auto run = [&](const char *tpl, int32_t type, double v) {
+    int32_t n = datefmt(tpl, static_cast<int32_t>(std::strlen(tpl)), type, "English", 7, v, out, 64);
+    return std::string(out, static_cast<size_t>(n));
+  };
+  // 23195 is 2023-07-04, a Tuesday, day 185 of the year.
+  EXPECT_EQ(run("%Y-%0m-%0d", 1, 23195), "2023-07-04");
+  EXPECT_EQ(run("%d/%m/%y", 1, 23195), "4/7/23");
+  EXPECT_EQ(run("%a %A %b %B", 1, 23195), "Tue Tuesday Jul July");
+  EXPECT_EQ(run("%j %0j %w %U %%", 1, 23195), "185 185 2 27 %");
+  EXPECT_EQ(run("%0y %0Y", 1, 0), "60 1960");
+  EXPECT_EQ(run("%H:%0M:%0S %I%p", 2, 13 * 3600 + 5 * 60 + 9), "13:05:09 1PM");
+  EXPECT_EQ(run("%0H %p", 2, 0), "00 AM");
+  EXPECT_EQ(run("%Y-%0m-%0d %0H:%0M", 3, 23195.0 * 86400 + 3600 * 23 + 60 * 59), "2023-07-04 23:59");
+  EXPECT_EQ(run("%q %", 1, 0), "%q %");
+  EXPECT_EQ(run("%d", 2, 10), "%d");
+  EXPECT_EQ(run("%Y", 1, missing_letter('.')), ".");
+  EXPECT_EQ(run("%Y", 1, missing_letter('B')), "B");
+  EXPECT_EQ(run("%Y", 1, 1e12), "*");
+  // Never past the capacity.
+  int32_t n = datefmt("%B %B", 5, 1, "", 0, 23195, out, 6);
+  EXPECT_EQ(n, 6);
+  EXPECT_EQ(std::string(out, 6), "July J");
+}
+
+TEST(datefmt, date_picture_is_right_justified_or_cut) {
+  memory_format f(3);
+  const void *p = f.picture("%Y-%0m-%0d", ' ', "", 0, false, 1);
+  EXPECT_EQ(pict(f, p, 12, 23195), "  2023-07-04");
+  EXPECT_EQ(pict(f, p, 7, 23195), "2023-07");
+}
+
+}  // namespace
+
+#include "oracle/picture_oracle.hpp"
+#include "support/random.hpp"
+
+namespace {
+
+TEST(picture, agrees_with_the_literal_transcription_on_random_templates) {
+  auto g = xfmt::test::rng(31);
+  const char pieces[] = "0009,.-/ 15";
+  uint64_t cases = xfmt::test::scaled(20000);
+  for (uint64_t i = 0; i < cases; ++i) {
+    xfmt::oracle::picture_spec s;
+    size_t len = g() % 20;
+    for (size_t k = 0; k < len; ++k) s.tpl += pieces[g() % (sizeof pieces - 1)];
+    s.fill = "  *#0"[g() % 5];
+    s.prefix = std::string("$EUR").substr(0, g() % 4);
+    s.mult = g() % 3 == 0 ? 0.0 : static_cast<double>(g() % 3 == 0 ? 100 : 1);
+    s.noedit = g() % 10 == 0;
+    int w = static_cast<int>(g() % 24) + 1;
+    bool round = g() % 2;
+    double v = std::ldexp(static_cast<double>(g() % 100000000), -static_cast<int>(g() % 30)) *
+               (g() % 4 == 0 ? -1 : 1);
+    memory_format f(3);
+    const void *p = f.picture(s.tpl, s.fill, s.prefix, s.mult, s.noedit);
+    std::string want = xfmt::oracle::picture_field(s, w, round, v);
+    if (want.empty()) continue;
+    ASSERT_EQ(pict(f, p, w, v, round ? 1 : 0), want)
+        << "seed " << xfmt::test::test_seed() << " template '" << s.tpl << "' fill '" << s.fill
+        << "' prefix '" << s.prefix << "' mult " << s.mult << " w " << w << " value " << v;
+  }
+}
+
+}  // namespace
