@@ -35,23 +35,49 @@ xf_status call_user(xf_frame *frame, const xf_user_handle *h) {
 }
 
 // A catalog handle: a refreshed handle (link = itself) converts on the
-// caller's frame; any other runs on a copy without encodings, and only the
-// output length comes back. Returns the frame the routine saw, for the
-// encoding step.
-xf_status call_catalog(xf_frame *frame, const fmtposs_row *h, xf_frame &copy, xf_frame *&seen) {
+// caller's frame; any other converts as if on a copy without encodings, of
+// which only the output length comes back.
+//
+// The "copy" is made in place: the caller's fields are saved one by one,
+// the encodings zeroed, the routine run on the caller's frame, and every
+// field but the output length put back. A whole-frame copy would read the
+// frame back in 16-byte pieces right after the host wrote it field by field,
+// which defeats store-to-load forwarding and cost more than the conversion
+// of a short informat; saving field by field reads each field as it was
+// written. What the host and the routine see is the same as with a copy.
+xf_status call_catalog(xf_frame *frame, const fmtposs_row *h, bool &refreshed) {
   xf_routine routine = h->row.routine;
   if (routine == nullptr) return XF_E_NOT_BUILT;
-  if (h->link == static_cast<uint64_t>(reinterpret_cast<uintptr_t>(h))) {
-    seen = frame;
-    return routine(frame);
-  }
-  copy = *frame;
-  copy.input_encoding = 0;
-  copy.requested_output_encoding = 0;
-  copy.output_encoding = 0;
-  seen = &copy;
-  xf_status st = routine(&copy);
-  frame->output_length = copy.output_length;
+  refreshed = h->link == static_cast<uint64_t>(reinterpret_cast<uintptr_t>(h));
+  if (refreshed) return routine(frame);
+  const int32_t width = frame->width;
+  const int32_t decimals = frame->decimals;
+  const void *const input = frame->input;
+  const uint32_t input_length = frame->input_length;
+  void *const output = frame->output;
+  const uint32_t output_capacity = frame->output_capacity;
+  const uint64_t reserved = frame->reserved;
+  const uint64_t option_word = frame->option_word;
+  const uint32_t option_flags = frame->option_flags;
+  const uint32_t input_encoding = frame->input_encoding;
+  const uint32_t requested_output_encoding = frame->requested_output_encoding;
+  const uint32_t output_encoding = frame->output_encoding;
+  frame->input_encoding = 0;
+  frame->requested_output_encoding = 0;
+  frame->output_encoding = 0;
+  xf_status st = routine(frame);
+  frame->width = width;
+  frame->decimals = decimals;
+  frame->input = input;
+  frame->input_length = input_length;
+  frame->output = output;
+  frame->output_capacity = output_capacity;
+  frame->reserved = reserved;
+  frame->option_word = option_word;
+  frame->option_flags = option_flags;
+  frame->input_encoding = input_encoding;
+  frame->requested_output_encoding = requested_output_encoding;
+  frame->output_encoding = output_encoding;
   return st;
 }
 
@@ -67,12 +93,11 @@ extern "C" xf_status xffmt(xf_frame *frame, void *handle) {
     if (st == XF_OK || st == XF_REDUCED) encode_output(frame, true);
     return st;
   }
-  xf_frame copy;
-  xf_frame *seen = frame;
-  xf_status st = call_catalog(frame, static_cast<const fmtposs_row *>(handle), copy, seen);
-  // On the copy the requested encoding is 0, so the encoding step has
-  // nothing to do: only a refreshed handle (which converts on the caller's
-  // frame) can be widened. Skipping the call is the common, hot case.
-  if (seen == frame && (st == XF_OK || st == XF_REDUCED)) encode_output(frame, false);
+  bool refreshed = false;
+  xf_status st = call_catalog(frame, static_cast<const fmtposs_row *>(handle), refreshed);
+  // Without a refresh the routine saw a requested encoding of 0, so the
+  // encoding step has nothing to do: only a refreshed handle (which converts
+  // on the caller's frame as it stands) can be widened.
+  if (refreshed && (st == XF_OK || st == XF_REDUCED)) encode_output(frame, false);
   return st;
 }

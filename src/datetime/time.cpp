@@ -99,27 +99,39 @@ XF_API xf_status zfmtime(xf_frame *f) {
   const double t = std::fabs(v);
   const auto whole = static_cast<uint64_t>(static_cast<int64_t>(t));
   double frac = t - static_cast<double>(whole);
-  uint64_t in_day = whole % 86400;
-  uint64_t hours = whole / 86400 * 24;
-  // 2. Carries that the rounding of the seconds will cause, taken before
-  //    the split so that 59:59.6 becomes the next hour, not 59:60.
-  const double r = zpowten[d < 30 ? d : 30] + 1e-8;
-  uint64_t minute_carry = 0;
-  if (static_cast<double>(in_day % 3600) + frac + r >= 3600) {
-    in_day -= in_day % 3600;
-    frac = 0;
-    hours += 1;
-  } else if (static_cast<double>(in_day % 60) + frac + r >= 60) {
-    in_day -= in_day % 60;
-    frac = 0;
-    minute_carry = 1;
+  uint64_t hours;
+  int64_t minutes;
+  double si;
+  if (frac == 0 && d == 0 && whole < 0xFFFFFFFFull) [[likely]] {
+    // Whole seconds without decimals, the usual column: the half-unit of 0
+    // decimals cannot carry (3599 + 0.5 < 3600, 59 + 0.5 < 60), so the parts
+    // come straight from 32-bit integer arithmetic; same values as below.
+    const auto s32 = static_cast<uint32_t>(whole);
+    hours = s32 / 3600;
+    minutes = static_cast<int64_t>(s32 / 60 % 60);
+    si = static_cast<double>(s32 % 60);
+  } else {
+    uint64_t in_day = whole % 86400;
+    hours = whole / 86400 * 24;
+    // 2. Carries that the rounding of the seconds will cause, taken before
+    //    the split so that 59:59.6 becomes the next hour, not 59:60.
+    const double r = zpowten[d < 30 ? d : 30] + 1e-8;
+    uint64_t minute_carry = 0;
+    if (static_cast<double>(in_day % 3600) + frac + r >= 3600) {
+      in_day -= in_day % 3600;
+      frac = 0;
+      hours += 1;
+    } else if (static_cast<double>(in_day % 60) + frac + r >= 60) {
+      in_day -= in_day % 60;
+      frac = 0;
+      minute_carry = 1;
+    }
+    // 3. Hours, minutes, seconds.
+    hours += in_day / 3600;
+    if (static_cast<double>(hours) > two_pow_53) return xfmt::fail_stars(f, w, XF_E_HOURS_RANGE);
+    minutes = static_cast<int64_t>(in_day % 3600 / 60 + minute_carry);
+    si = static_cast<double>(in_day % 60);
   }
-  // 3. Hours, minutes, seconds.
-  hours += in_day / 3600;
-  if (static_cast<double>(hours) > two_pow_53) return xfmt::fail_stars(f, w, XF_E_HOURS_RANGE);
-  auto minutes = static_cast<int64_t>(in_day % 3600 / 60 + minute_carry);
-  double si = static_cast<double>(in_day % 60);
-
   int32_t lh = digit_count(hours);
   int32_t dd = decimals_that_fit(d, w, lh, neg);
 
