@@ -76,6 +76,16 @@ inline bool guard_date(xf_frame *f, xf_status &status, ymd &day) {
 }
 
 // Two digits with a leading zero: 0..99.
+// Number of decimal digits of v (at least 1).
+inline int32_t digit_count(uint64_t v) {
+  int32_t n = 1;
+  while (v >= 100) {
+    v /= 100;
+    n += 2;
+  }
+  return v >= 10 ? n + 1 : n;
+}
+
 inline void put2(char *out, int64_t v) { std::memcpy(out, digit_pairs + 2 * v, 2); }
 
 // Four digits with leading zeros: 0..9999; "****" beyond.

@@ -15,16 +15,6 @@ namespace {
 
 constexpr double two_pow_53 = 9007199254740992.0;
 
-// Number of decimal digits of v (at least 1).
-int32_t digit_count(uint64_t v) {
-  int32_t n = 1;
-  while (v >= 100) {
-    v /= 100;
-    n += 2;
-  }
-  return v >= 10 ? n + 1 : n;
-}
-
 // The n decimal digits of v, ending at out + n; two at a time from the pair table.
 void put_digits(char *out, uint64_t v, int32_t n) {
   char *p = out + n;

@@ -16,12 +16,6 @@ namespace {
 
 constexpr double two_pow_53 = 9007199254740992.0;
 
-int32_t digit_count(uint64_t v) {
-  int32_t n = 1;
-  for (; v >= 10; v /= 10) ++n;
-  return n;
-}
-
 // Decimals of the smaller part that fit beside a larger part of lb digits.
 int32_t decimals_for(int32_t d, int32_t w, int32_t lb, bool neg, double total) {
   int32_t dd = w - (neg ? 1 : 0) - lb - 4;
