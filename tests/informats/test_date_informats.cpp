@@ -277,7 +277,7 @@ void round_trip(xf_routine format, int32_t w, xf_routine informat, int64_t first
   }
 }
 
-const int64_t y1582 = days_from_ymd(1582, 1, 1), y1900 = days_from_ymd(1900, 1, 1);
+const int64_t y1582 = days_from_ymd(1582, 1, 1);
 const int64_t y1950 = days_from_ymd(1950, 1, 1), y2049 = days_from_ymd(2049, 12, 31);
 const int64_t y2200 = days_from_ymd(2200, 12, 31), y9999 = days_from_ymd(9999, 12, 31);
 
