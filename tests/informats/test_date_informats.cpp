@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <random>
 #include <string>
 #include <vector>
@@ -370,6 +371,37 @@ TEST(DateInformatsRandom, ShapesAgainstOracle) {
     ASSERT_EQ(hex(run_informat(zifmymd, text, 32).bits), expected) << text;
     std::snprintf(text, sizeof text, "%d%c%s%c%04d", d, s1, datestgs[11 + m], s2, y);
     ASSERT_EQ(hex(run_informat(zifmdate, text, 32).bits), expected) << text;
+  }
+}
+
+// Random times with up to six decimals of a second, optionally on the
+// twelve-hour clock, against the sum of the parts with the seconds read by
+// strtod.
+TEST(DateInformatsRandom, TimesAgainstStrtod) {
+  auto gen = xfmt::test::rng(0x71AE);
+  std::uniform_int_distribution<int> hour(0, 23), sixty(0, 59), places(0, 6), clock(0, 1);
+  std::uniform_int_distribution<long> fraction(0, 999999);
+  const uint64_t count = xfmt::test::scaled(20000);
+  for (uint64_t i = 0; i < count; ++i) {
+    const int h = hour(gen), m = sixty(gen), s = sixty(gen), k = places(gen);
+    char sec[16];
+    if (k == 0)
+      std::snprintf(sec, sizeof sec, "%02d", s);
+    else
+      std::snprintf(sec, sizeof sec, "%02d.%0*ld", s, k, fraction(gen) % 1000000 / [k] {
+        long p = 1;
+        for (int j = k; j < 6; ++j) p *= 10;
+        return p;
+      }());
+    char text[40];
+    if (clock(gen) == 1)
+      std::snprintf(text, sizeof text, "%d:%02d:%s %s", h % 12 == 0 ? 12 : h % 12, m, sec, h < 12 ? "AM" : "PM");
+    else
+      std::snprintf(text, sizeof text, "%d:%02d:%s", h, m, sec);
+    const double expected = static_cast<double>(h * 3600 + m * 60) + std::strtod(sec, nullptr);
+    auto got = run_informat(zifmtime, text, 32);
+    ASSERT_EQ(got.status, ok) << text;
+    ASSERT_EQ(hex(got.bits), hex(num(expected))) << text;
   }
 }
 
