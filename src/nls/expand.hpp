@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "nls/locale.hpp"
+
 namespace xfmt::nls {
 
 // Where the expander and the members read locale text. The production reader
@@ -16,8 +18,17 @@ struct field_reader {
   const void *context = nullptr;
   // Stores the field's text and returns true; false when it cannot be read.
   bool (*read)(const void *context, int field, std::string_view *text) = nullptr;
+  // The database record itself when the reader wraps one: read in place,
+  // without a call through read per field (a date value reads three or four).
+  const zav_locale_field *record = nullptr;
 
   bool get(int field, std::string_view *text) const {
+    if (record != nullptr) {
+      if (field < 0 || field >= locale_field_count) return false;
+      const zav_locale_field &f = record[field];
+      *text = f.length != 0 ? std::string_view(f.text, f.length) : std::string_view{};
+      return true;
+    }
     return read != nullptr && read(context, field, text);
   }
 };

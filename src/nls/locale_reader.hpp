@@ -15,7 +15,9 @@ inline bool read_locale_field(const void *context, int field, std::string_view *
 }
 
 inline field_reader locale_reader(int id) {
-  return {reinterpret_cast<const void *>(static_cast<intptr_t>(id)), &read_locale_field};
+  const bool valid = id >= 1 && id <= locale_count;
+  return {reinterpret_cast<const void *>(static_cast<intptr_t>(id)), &read_locale_field,
+          valid ? ZAVlocaleData[id - 1] : nullptr};
 }
 
 }  // namespace xfmt::nls
