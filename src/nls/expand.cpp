@@ -46,6 +46,14 @@ struct sink {
   }
   // Exactly k digits of v (v >= 0), the leading ones zero or blank.
   void fixed(int64_t v, int k, char fill) {
+    if (fill == '0' && k <= 4 && n + static_cast<size_t>(k) <= room) {  // the usual case
+      for (int i = k - 1; i >= 0; --i) {
+        p[n + static_cast<size_t>(i)] = static_cast<char>('0' + v % 10);
+        v /= 10;
+      }
+      n += static_cast<size_t>(k);
+      return;
+    }
     char d[24];
     for (int i = k - 1; i >= 0; --i) {
       d[i] = static_cast<char>('0' + v % 10);
@@ -189,26 +197,17 @@ week_values week_fields(const moment &m) {
 // Weeks beginning on Sunday: 0 before the year's first Sunday.
 int sunday_week(const moment &m) { return (m.yday - 1 + 7 - m.wday) / 7; }
 
+// The letters that need a date: A B C D E F G J O Q U V W Y. One bit test
+// instead of a second jump table per conversion.
+constexpr uint32_t letter_bit(char l) { return uint32_t{1} << (l - 'A'); }
+constexpr uint32_t date_letters = letter_bit('A') | letter_bit('B') | letter_bit('C') |
+                                  letter_bit('D') | letter_bit('E') | letter_bit('F') |
+                                  letter_bit('G') | letter_bit('J') | letter_bit('O') |
+                                  letter_bit('Q') | letter_bit('U') | letter_bit('V') |
+                                  letter_bit('W') | letter_bit('Y');
+
 bool needs_date(char letter) {
-  switch (letter) {
-    case 'A':
-    case 'F':
-    case 'B':
-    case 'C':
-    case 'D':
-    case 'E':
-    case 'G':
-    case 'O':
-    case 'J':
-    case 'Q':
-    case 'U':
-    case 'V':
-    case 'W':
-    case 'Y':
-      return true;
-    default:
-      return false;
-  }
+  return letter >= 'A' && letter <= 'Z' && (date_letters & letter_bit(letter)) != 0;
 }
 
 // Writes one conversion; false for an unknown letter.

@@ -43,7 +43,10 @@ bool datetime_value_in_range(double v) { return datetime::datetime_in_range(v); 
 
 moment date_moment_of(double date) {
   const bool usable = !is_missing(date) && date_value_in_range(date);
-  const int64_t n = usable ? static_cast<int64_t>(std::floor(date)) : 0;
+  // floor without the library call: truncate, then step down for negative
+  // fractions (the range check above keeps the value within int64).
+  int64_t n = usable ? static_cast<int64_t>(date) : 0;
+  if (usable && static_cast<double>(n) > date) --n;
   // Inside the valid range the fast split equals ymd_from_days (the
   // calendar's whole-range sweep checks it).
   const datetime::ymd c = usable ? datetime::ymd_in_range(n) : datetime::ymd{0, 0, 0};
