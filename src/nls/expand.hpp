@@ -71,8 +71,14 @@ int expand(const moment &m, const field_reader &loc, const char *pattern, size_t
 
 // The expansion alone: at most room bytes of text, its full length in
 // *length (more than room: the text was cut). expand_fits or expand_bad_letter.
+// With plain, *plain tells whether the whole text (also a part cut off) is
+// ASCII without "<", text the encoder would pass on unchanged.
 int expand_text(const moment &m, const field_reader &loc, const char *pattern,
-                size_t pattern_length, char *text, size_t room, size_t *length, int32_t decimals);
+                size_t pattern_length, char *text, size_t room, size_t *length, int32_t decimals,
+                bool *plain = nullptr);
+
+// ASCII without "<".
+bool plain_text(std::string_view text);
 
 // Era-adjusted year of "%+Y" for the locale's country code (field 5).
 int era_year(const moment &m, std::string_view country);

@@ -69,32 +69,13 @@ int format_one(xf_frame *f, const moment &m, const field_reader &loc, const char
                      f->output_capacity, &out.n);
 }
 
-// ASCII without "<": the encoder would copy such text unchanged. Eight
-// bytes at a time: a high bit set anywhere, or a byte equal to '<' (a zero
-// byte of x = v ^ "<<<<<<<<", found by the usual (x - 0x01..) & ~x & 0x80..
-// test, which has no false positives), rules the text out.
-bool plain_ascii(const char *t, size_t n) {
-  constexpr uint64_t ones = 0x0101010101010101u, highs = 0x8080808080808080u;
-  constexpr uint64_t angles = ones * static_cast<uint64_t>('<');
-  size_t i = 0;
-  for (; i + 8 <= n; i += 8) {
-    uint64_t v;
-    std::memcpy(&v, t + i, sizeof v);
-    const uint64_t x = v ^ angles;
-    if (((v & highs) | ((x - ones) & ~x & highs)) != 0) return false;
-  }
-  for (; i < n; ++i)
-    if (static_cast<unsigned char>(t[i]) >= 0x80 || t[i] == '<') return false;
-  return true;
-}
-
 // format_one for callers that overwrite the first min(w, capacity) bytes of
 // the field whatever the outcome (a later pattern, the short form or the
 // stars), so the expander may write there straight away. Text that is plain
 // ASCII and fits needs no encoding: that is the result. Anything else goes
 // the general way, whose result is the same by construction:
-//   text longer than w whose first w bytes are plain: at least w + 1
-//     characters, so the encoder would have shortened it;
+//   plain text longer than w: at least w + 1 characters, so the encoder
+//     would have shortened it;
 //   text that fits but is not plain: encoded from a copy;
 //   text cut short otherwise: the expansion is repeated with full room.
 int format_one_in_place(xf_frame *f, const moment &m, const field_reader &loc, int code,
@@ -107,12 +88,13 @@ int format_one_in_place(xf_frame *f, const moment &m, const field_reader &loc, i
   if (room > text_room) room = static_cast<uint32_t>(text_room);
   char *field = frame_out(f);
   int32_t len = static_cast<int32_t>(room);
-  const int r = zkf_expand(m, loc, nullptr, 0, code, field, &len, d);
-  if (r == expand_fits && plain_ascii(field, static_cast<size_t>(len))) {
+  bool plain = false;
+  const int r = zkf_expand(m, loc, nullptr, 0, code, field, &len, d, &plain);
+  if (r == expand_fits && plain) {
     out.n = static_cast<uint32_t>(len);
     return len - f->width;  // zero or negative: fits whole
   }
-  if (r == expand_too_long && room == w && plain_ascii(field, room)) return encode_shortened;
+  if (r == expand_too_long && room == w && plain) return encode_shortened;
   if (r == expand_fits) {  // escapes or Latin-1 bytes: encode from a copy
     char text[text_room];
     std::memcpy(text, field, static_cast<size_t>(len));

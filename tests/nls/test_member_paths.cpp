@@ -11,6 +11,7 @@
 #include <random>
 #include <string>
 
+#include "nls/expand.hpp"
 #include "oracle/nls_member_oracle.hpp"
 #include "support/random.hpp"
 
@@ -157,6 +158,22 @@ TEST(nl_member_paths, text_length_at_the_width_and_capacity) {
       c.before.assign(cap, '\xEE');
       agree(m, c);
     }
+}
+
+// The word-at-a-time test of plain text against a byte at a time: every
+// byte value at every position of texts of 0 to 24 bytes.
+TEST(nl_member_paths, plain_text_every_byte_at_every_position) {
+  for (size_t len = 0; len <= 24; ++len) {
+    const std::string base(len, 'a');
+    EXPECT_TRUE(xfmt::nls::plain_text(base)) << len;
+    for (size_t at = 0; at < len; ++at)
+      for (int b = 0; b < 256; ++b) {
+        std::string t = base;
+        t[at] = static_cast<char>(b);
+        const bool want = b < 0x80 && b != '<';
+        ASSERT_EQ(xfmt::nls::plain_text(t), want) << "length " << len << " byte " << b << " at " << at;
+      }
+  }
 }
 
 }  // namespace
