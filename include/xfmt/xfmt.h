@@ -710,6 +710,19 @@ XF_API xf_status zfmb8dt(xf_frame *frame);
 XF_API xf_status zfmdown(xf_frame *frame);
 XF_API xf_status zfmmonn(xf_frame *frame);
 XF_API xf_status zfmymon(xf_frame *frame);
+/* Dates in words, right-justified; the fullest layout whose text fits the
+ * width is written, days without a leading zero. WEEKDATE (zfmwkdt)
+ * "Tuesday, July 4, 2023", "Tue, Jul 4, 2023", "Tue, Jul 4, 23", "Tuesday",
+ * "Tue"; WEEKDATX (zfmwkdx) "Tuesday, 4 July 2023", "Tue, 4 Jul 2023",
+ * "Tue, 4 Jul 23", "Tuesday", "Tue"; WORDDATE (zfmwrdt) "July 4, 2023",
+ * "Jul 4, 2023", "Jul 4, 23", "July", "Jul"; WORDDATX (zfmwrdx) "4 July
+ * 2023", "4 Jul 2023", "4 Jul 23", "July", "Jul". DTWKDATX (zfmdtwk) is
+ * WEEKDATX of a datetime's date. Widths 1 and 2: '*' and XF_E_OVERFLOW. */
+XF_API xf_status zfmwkdt(xf_frame *frame);
+XF_API xf_status zfmwkdx(xf_frame *frame);
+XF_API xf_status zfmwrdt(xf_frame *frame);
+XF_API xf_status zfmwrdx(xf_frame *frame);
+XF_API xf_status zfmdtwk(xf_frame *frame);
 /* TOD w.d (zfmtod): TIME of the time of day, two-digit hours (01:00:00).
  * HOUR w.d (zfmhour): hours as a plain number, HOUR4.1 of 12:34:56 "12.6". */
 XF_API xf_status zfmtod(xf_frame *frame);
@@ -722,6 +735,16 @@ XF_API xf_status zfmhour(xf_frame *frame);
  * minutes and hours in turn. Seconds round half up at the decimals shown,
  * carrying into the date; parts not shown are cut. */
 XF_API xf_status zfmdttm(xf_frame *frame);
+/* DATEAMPM w.d (zfmdtmm): DATETIME's date, then the hour, minutes and
+ * seconds on a 12-hour clock with " AM" / " PM": 04JUL23:12 PM from width
+ * 13, 04JUL23:12:34 PM from 16, 04JUL23:12:34:56 PM from 19,
+ * 04JUL2023:12:34:56 PM from 21, decimals from 23; the date alone below 13.
+ * MDYAMPM w.d (zfmdyam): the fullest text that fits of 7/04/2023
+ * 12:34:56.789 PM (up to d decimals), 7/04/2023 12:34 PM, 7/04/23 12:34 PM,
+ * 7/04/2023, 7/04/23. Midnight is 12 AM; seconds round half up at the
+ * decimals shown, carrying into the date; parts not shown are cut. */
+XF_API xf_status zfmdtmm(xf_frame *frame);
+XF_API xf_status zfmdyam(xf_frame *frame);
 /* HHMM w.d (zfmhhmm) hours and minutes, MMSS w.d (zfmmmss) minutes and
  * seconds: the larger unit without a limit, the smaller one rounded half up
  * with the decimals that fit (HHMM5. of 12:34:56 is 12:35, MMSS6. 754:57);

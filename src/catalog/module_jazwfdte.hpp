@@ -75,11 +75,11 @@ inline constexpr fmtinfo_eachfmt jazwfdte_rows[] = {
     row("PDJULI", 4, 4, 4, 0, 0, 0, nullptr),
     row("QTR", 1, 32, 1, 0, 0, 0, zfmqtr),  // zfmqtr
     row("QTRR", 3, 32, 3, 0, 0, 0, zfmqtrr),  // zfmqtrr
-    row("WEEKDATE", 3, 37, 29, 0, 0, 0, nullptr),
-    row("WEEKDATX", 3, 37, 29, 0, 0, 0, nullptr),
+    row("WEEKDATE", 3, 37, 29, 0, 0, 0, zfmwkdt),
+    row("WEEKDATX", 3, 37, 29, 0, 0, 0, zfmwkdx),
     row("WEEKDAY", 1, 32, 1, 0, 0, 0, zfmweek),  // zfmweek
-    row("WORDDATE", 3, 32, 18, 0, 0, 0, nullptr),
-    row("WORDDATX", 3, 32, 18, 0, 0, 0, nullptr),
+    row("WORDDATE", 3, 32, 18, 0, 0, 0, zfmwrdt),
+    row("WORDDATX", 3, 32, 18, 0, 0, 0, zfmwrdx),
     row("YEAR", 2, 32, 4, 0, 0, 0, zfmyear),  // zfmyear
     row("YYMM", 5, 32, 7, 0, 0, 0, zfmyym),  // zfmyym
     row("YYMMC", 5, 32, 7, 0, 0, 0, zfmyymc),  // zfmyymc

@@ -1,0 +1,180 @@
+// Dates in words (WEEKDATE, WEEKDATX, WORDDATE, WORDDATX, DTWKDATX) and the
+// 12-hour datetimes (DATEAMPM, MDYAMPM): every layout step by width for a
+// few days, the range bounds, missing values, and a differential test of
+// random values against a plain snprintf transcription of the layouts.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <string>
+
+#include "catalog/missing.hpp"
+#include "oracle/calendar_oracle.hpp"
+#include "support/frame.hpp"
+#include "support/random.hpp"
+#include "xfmt/xfmt.h"
+
+namespace {
+
+using xfmt::test::frame_box;
+
+struct row {
+  xf_routine routine;
+  const char *name;
+  double value;
+  int32_t w, d;
+  const char *text;
+  xf_status status;
+};
+
+void check(const row &r) {
+  frame_box b = frame_box::number(r.value, r.w, r.d);
+  const xf_status st = r.routine(&b.f);
+  EXPECT_EQ(b.str(), r.text) << r.name << r.w << "." << r.d << " of " << r.value;
+  EXPECT_EQ(st, r.status) << r.name << r.w << "." << r.d << " of " << r.value;
+}
+
+const double jul4 = 23195;    // 2023-07-04, a Tuesday
+const double sep27 = 23280;   // 2023-09-27, a Wednesday
+const double dt_jul4 = 23195 * 86400.0 + 45296.789;  // 2023-07-04T12:34:56.789
+
+TEST(word_dates, weekdate_every_step) {
+  const row rows[] = {
+      {zfmwkdt, "WEEKDATE", jul4, 29, 0, "        Tuesday, July 4, 2023", 0},
+      {zfmwkdt, "WEEKDATE", jul4, 21, 0, "Tuesday, July 4, 2023", 0},
+      {zfmwkdt, "WEEKDATE", jul4, 20, 0, "    Tue, Jul 4, 2023", 0},
+      {zfmwkdt, "WEEKDATE", jul4, 16, 0, "Tue, Jul 4, 2023", 0},
+      {zfmwkdt, "WEEKDATE", jul4, 15, 0, " Tue, Jul 4, 23", 0},
+      {zfmwkdt, "WEEKDATE", jul4, 14, 0, "Tue, Jul 4, 23", 0},
+      {zfmwkdt, "WEEKDATE", jul4, 13, 0, "      Tuesday", 0},
+      {zfmwkdt, "WEEKDATE", jul4, 7, 0, "Tuesday", 0},
+      {zfmwkdt, "WEEKDATE", jul4, 6, 0, "   Tue", 0},
+      {zfmwkdt, "WEEKDATE", jul4, 3, 0, "Tue", 0},
+      {zfmwkdt, "WEEKDATE", jul4, 2, 0, "**", XF_E_OVERFLOW},
+      {zfmwkdt, "WEEKDATE", sep27, 29, 0, "Wednesday, September 27, 2023", 0},
+      {zfmwkdt, "WEEKDATE", sep27, 28, 0, "           Wed, Sep 27, 2023", 0},
+      {zfmwkdt, "WEEKDATE", sep27, 37, 0, "        Wednesday, September 27, 2023", 0},
+      {zfmwkdt, "WEEKDATE", sep27, 8, 0, "     Wed", 0},
+      {zfmwkdt, "WEEKDATE", 0, 29, 0, "      Friday, January 1, 1960", 0},
+      {zfmwkdt, "WEEKDATE", -0.5, 29, 0, "  Thursday, December 31, 1959", 0},
+      {zfmwkdt, "WEEKDATE", -138061, 29, 0, "      Friday, January 1, 1582", 0},
+      {zfmwkdt, "WEEKDATE", 6589335, 29, 0, "  Tuesday, December 31, 20000", 0},
+      {zfmwkdt, "WEEKDATE", 6589335, 18, 0, "Tue, Dec 31, 20000", 0},
+      {zfmwkdt, "WEEKDATE", -138062, 5, 0, "*****", XF_E_DATE_RANGE},
+      {zfmwkdt, "WEEKDATE", 6589336, 5, 0, "*****", XF_E_DATE_RANGE},
+  };
+  for (const row &r : rows) check(r);
+}
+
+TEST(word_dates, weekdatx_worddate_worddatx_every_step) {
+  const row rows[] = {
+      {zfmwkdx, "WEEKDATX", jul4, 29, 0, "         Tuesday, 4 July 2023", 0},
+      {zfmwkdx, "WEEKDATX", jul4, 19, 0, "    Tue, 4 Jul 2023", 0},
+      {zfmwkdx, "WEEKDATX", jul4, 15, 0, "Tue, 4 Jul 2023", 0},
+      {zfmwkdx, "WEEKDATX", jul4, 14, 0, " Tue, 4 Jul 23", 0},
+      {zfmwkdx, "WEEKDATX", jul4, 12, 0, "     Tuesday", 0},
+      {zfmwkdx, "WEEKDATX", jul4, 3, 0, "Tue", 0},
+      {zfmwkdx, "WEEKDATX", sep27, 29, 0, " Wednesday, 27 September 2023", 0},
+      {zfmwrdt, "WORDDATE", jul4, 18, 0, "      July 4, 2023", 0},
+      {zfmwrdt, "WORDDATE", jul4, 12, 0, "July 4, 2023", 0},
+      {zfmwrdt, "WORDDATE", jul4, 11, 0, "Jul 4, 2023", 0},
+      {zfmwrdt, "WORDDATE", jul4, 10, 0, " Jul 4, 23", 0},
+      {zfmwrdt, "WORDDATE", jul4, 9, 0, "Jul 4, 23", 0},
+      {zfmwrdt, "WORDDATE", jul4, 8, 0, "    July", 0},
+      {zfmwrdt, "WORDDATE", jul4, 3, 0, "Jul", 0},
+      {zfmwrdt, "WORDDATE", sep27, 18, 0, "September 27, 2023", 0},
+      {zfmwrdt, "WORDDATE", sep27, 17, 0, "     Sep 27, 2023", 0},
+      {zfmwrdt, "WORDDATE", sep27, 8, 0, "     Sep", 0},
+      {zfmwrdt, "WORDDATE", 6589335, 32, 0, "              December 31, 20000", 0},
+      {zfmwrdx, "WORDDATX", jul4, 18, 0, "       4 July 2023", 0},
+      {zfmwrdx, "WORDDATX", jul4, 10, 0, "4 Jul 2023", 0},
+      {zfmwrdx, "WORDDATX", jul4, 8, 0, "4 Jul 23", 0},
+      {zfmwrdx, "WORDDATX", jul4, 7, 0, "   July", 0},
+      {zfmwrdx, "WORDDATX", jul4, 3, 0, "Jul", 0},
+      {zfmwrdx, "WORDDATX", sep27, 17, 0, "27 September 2023", 0},
+      {zfmwrdx, "WORDDATX", -138062, 4, 0, "****", XF_E_DATE_RANGE},
+      {zfmdtwk, "DTWKDATX", dt_jul4, 29, 0, "         Tuesday, 4 July 2023", 0},
+      {zfmdtwk, "DTWKDATX", dt_jul4, 14, 0, " Tue, 4 Jul 23", 0},
+      {zfmdtwk, "DTWKDATX", -1, 29, 0, "   Thursday, 31 December 1959", 0},
+      {zfmdtwk, "DTWKDATX", -11928470400.0, 25, 0, "   Friday, 1 January 1582", 0},
+      {zfmdtwk, "DTWKDATX", 569318630399.5, 26, 0, "Tuesday, 31 December 20000", 0},
+      {zfmdtwk, "DTWKDATX", 569318630400.0, 3, 0, "***", XF_E_DATE_RANGE},
+      {zfmdtwk, "DTWKDATX", jul4, 29, 0, "       Friday, 1 January 1960", 0},
+  };
+  for (const row &r : rows) check(r);
+}
+
+TEST(ampm_datetimes, dateampm_every_step) {
+  const double midnight = 23195 * 86400.0;
+  const row rows[] = {
+      {zfmdtmm, "DATEAMPM", dt_jul4, 7, 0, "04JUL23", 0},
+      {zfmdtmm, "DATEAMPM", dt_jul4, 12, 0, "     04JUL23", 0},
+      {zfmdtmm, "DATEAMPM", dt_jul4, 13, 0, "04JUL23:12 PM", 0},
+      {zfmdtmm, "DATEAMPM", dt_jul4, 15, 0, "  04JUL23:12 PM", 0},
+      {zfmdtmm, "DATEAMPM", dt_jul4, 16, 0, "04JUL23:12:34 PM", 0},
+      {zfmdtmm, "DATEAMPM", dt_jul4, 19, 0, "04JUL23:12:34:57 PM", 0},
+      {zfmdtmm, "DATEAMPM", dt_jul4, 19, 2, "04JUL23:12:34:57 PM", 0},
+      {zfmdtmm, "DATEAMPM", dt_jul4, 20, 0, " 04JUL23:12:34:57 PM", 0},
+      {zfmdtmm, "DATEAMPM", dt_jul4, 21, 0, "04JUL2023:12:34:57 PM", 0},
+      {zfmdtmm, "DATEAMPM", dt_jul4, 23, 2, "04JUL2023:12:34:56.8 PM", 0},
+      {zfmdtmm, "DATEAMPM", dt_jul4, 24, 2, "04JUL2023:12:34:56.79 PM", 0},
+      {zfmdtmm, "DATEAMPM", dt_jul4, 40, 6, "            04JUL2023:12:34:56.789000 PM", 0},
+      {zfmdtmm, "DATEAMPM", midnight, 19, 0, "04JUL23:12:00:00 AM", 0},
+      {zfmdtmm, "DATEAMPM", midnight + 3600, 19, 0, "04JUL23:01:00:00 AM", 0},
+      {zfmdtmm, "DATEAMPM", midnight + 13 * 3600, 19, 0, "04JUL23:01:00:00 PM", 0},
+      {zfmdtmm, "DATEAMPM", midnight - 0.4, 19, 0, "04JUL23:12:00:00 AM", 0},
+      {zfmdtmm, "DATEAMPM", midnight - 0.4, 16, 0, "03JUL23:11:59 PM", 0},
+      {zfmdtmm, "DATEAMPM", -11928470400.0, 21, 0, "01JAN1582:12:00:00 AM", 0},
+      {zfmdtmm, "DATEAMPM", 569318630399.0, 21, 0, "31DEC****:11:59:59 PM", 0},
+      {zfmdtmm, "DATEAMPM", -11928470401.0, 7, 0, "*******", XF_E_DATE_RANGE},
+      {zfmdtmm, "DATEAMPM", dt_jul4, 6, 0, "******", XF_E_OVERFLOW},
+  };
+  for (const row &r : rows) check(r);
+}
+
+TEST(ampm_datetimes, mdyampm_every_step) {
+  const double midnight = 23195 * 86400.0;
+  const double nov30 = 23344 * 86400.0 + 5 * 60 + 9;  // 2023-11-30T00:05:09
+  const row rows[] = {
+      {zfmdyam, "MDYAMPM", dt_jul4, 40, 3, "               7/04/2023 12:34:56.789 PM", 0},
+      {zfmdyam, "MDYAMPM", dt_jul4, 24, 3, "7/04/2023 12:34:56.79 PM", 0},
+      {zfmdyam, "MDYAMPM", dt_jul4, 23, 3, "7/04/2023 12:34:56.8 PM", 0},
+      {zfmdyam, "MDYAMPM", dt_jul4, 22, 3, " 7/04/2023 12:34:57 PM", 0},
+      {zfmdyam, "MDYAMPM", dt_jul4, 21, 0, "7/04/2023 12:34:57 PM", 0},
+      {zfmdyam, "MDYAMPM", dt_jul4, 20, 0, "  7/04/2023 12:34 PM", 0},
+      {zfmdyam, "MDYAMPM", dt_jul4, 19, 0, " 7/04/2023 12:34 PM", 0},
+      {zfmdyam, "MDYAMPM", dt_jul4, 18, 0, "7/04/2023 12:34 PM", 0},
+      {zfmdyam, "MDYAMPM", dt_jul4, 17, 0, " 7/04/23 12:34 PM", 0},
+      {zfmdyam, "MDYAMPM", dt_jul4, 16, 0, "7/04/23 12:34 PM", 0},
+      {zfmdyam, "MDYAMPM", dt_jul4, 15, 0, "      7/04/2023", 0},
+      {zfmdyam, "MDYAMPM", dt_jul4, 9, 0, "7/04/2023", 0},
+      {zfmdyam, "MDYAMPM", dt_jul4, 8, 0, " 7/04/23", 0},
+      {zfmdyam, "MDYAMPM", dt_jul4, 6, 0, "******", XF_E_OVERFLOW},
+      {zfmdyam, "MDYAMPM", midnight + 3909, 20, 0, "7/04/2023 1:05:09 AM", 0},
+      {zfmdyam, "MDYAMPM", nov30, 20, 0, " 11/30/2023 12:05 AM", 0},
+      {zfmdyam, "MDYAMPM", midnight - 0.5, 21, 0, "7/04/2023 12:00:00 AM", 0},
+      {zfmdyam, "MDYAMPM", midnight - 0.5, 19, 0, " 7/03/2023 11:59 PM", 0},
+      {zfmdyam, "MDYAMPM", 569318630399.0, 23, 0, "12/31/20000 11:59:59 PM", 0},
+      {zfmdyam, "MDYAMPM", 569318630400.0, 8, 0, "********", XF_E_DATE_RANGE},
+  };
+  for (const row &r : rows) check(r);
+}
+
+TEST(word_dates, missing_values_show_the_missing_display) {
+  for (xf_routine r : {zfmwkdt, zfmwkdx, zfmwrdt, zfmwrdx, zfmdtwk, zfmdtmm, zfmdyam}) {
+    frame_box b = frame_box::number(xfmt::missing_ordinary(), 9);
+    EXPECT_EQ(r(&b.f), XF_OK);
+    EXPECT_EQ(b.str(), "        .");
+  }
+}
+
+TEST(word_dates, width_past_capacity_writes_nothing) {
+  for (xf_routine r : {zfmwkdt, zfmwkdx, zfmwrdt, zfmwrdx, zfmdtwk, zfmdtmm, zfmdyam}) {
+    frame_box b = frame_box::number(jul4, 29, 0, 28);
+    EXPECT_EQ(r(&b.f), XF_E_CAPACITY);
+    EXPECT_EQ(b.f.output_length, 0u);
+    EXPECT_EQ(b.buffer(), std::string(28, '\xEE'));
+  }
+}
+
+}  // namespace
