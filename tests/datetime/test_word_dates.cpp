@@ -9,7 +9,7 @@
 #include <string>
 
 #include "catalog/missing.hpp"
-#include "oracle/calendar_oracle.hpp"
+#include "oracle/word_dates_oracle.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -174,6 +174,59 @@ TEST(word_dates, width_past_capacity_writes_nothing) {
     EXPECT_EQ(r(&b.f), XF_E_CAPACITY);
     EXPECT_EQ(b.f.output_length, 0u);
     EXPECT_EQ(b.buffer(), std::string(28, '\xEE'));
+  }
+}
+
+// Random days over the whole range and every width of the rows, against the
+// snprintf transcription.
+TEST(word_dates, random_days_match_the_oracle) {
+  std::mt19937_64 gen = xfmt::test::rng(41);
+  const struct {
+    xf_routine routine;
+    char family;
+    int32_t max_w;
+  } formats[] = {{zfmwkdt, 'E', 37}, {zfmwkdx, 'X', 37}, {zfmwrdt, 'W', 32}, {zfmwrdx, 'V', 32}};
+  const uint64_t n = xfmt::test::scaled(20000);
+  for (uint64_t i = 0; i < n; ++i) {
+    const int64_t day = -138061 + static_cast<int64_t>(gen() % 6727397);
+    for (const auto &fm : formats) {
+      const auto w = static_cast<int32_t>(1 + gen() % static_cast<uint64_t>(fm.max_w));
+      frame_box b = frame_box::number(static_cast<double>(day), w);
+      fm.routine(&b.f);
+      ASSERT_EQ(b.str(), xfmt::oracle::words_field(fm.family, day, w))
+          << fm.family << w << " of day " << day << " seed " << xfmt::test::test_seed();
+    }
+    // DTWKDATX is WEEKDATX of the day of any second in it.
+    const auto w = static_cast<int32_t>(3 + gen() % 35);
+    frame_box b = frame_box::number(static_cast<double>(day) * 86400.0 + static_cast<double>(gen() % 86400), w);
+    zfmdtwk(&b.f);
+    ASSERT_EQ(b.str(), xfmt::oracle::words_field('X', day, w)) << "DTWKDATX" << w << " of day " << day;
+  }
+}
+
+// Random datetimes in quarter seconds (exact in a double, so the rounding of
+// half seconds is exercised) against the snprintf transcription.
+TEST(ampm_datetimes, random_datetimes_match_the_oracle) {
+  std::mt19937_64 gen = xfmt::test::rng(42);
+  const uint64_t n = xfmt::test::scaled(20000);
+  const int64_t first = -11928470400LL * 4, span = (569318630400LL + 11928470400LL) * 4;
+  for (uint64_t i = 0; i < n; ++i) {
+    // Half the cases near a day's end, where rounding carries into the date.
+    int64_t q = first + static_cast<int64_t>(gen() % static_cast<uint64_t>(span));
+    if (i % 2 == 1) q = q - q % 345600 + 345600 - 1 - static_cast<int64_t>(gen() % 8);
+    if (q >= first + span) q = first + span - 1;
+    const double v = static_cast<double>(q) / 4.0;
+    const auto d = static_cast<int32_t>(gen() % 8);
+    const auto w1 = static_cast<int32_t>(8 + gen() % 33);
+    frame_box b = frame_box::number(v, w1, d);
+    zfmdyam(&b.f);
+    ASSERT_EQ(b.str(), xfmt::oracle::mdyampm_field(q, w1, d))
+        << "MDYAMPM" << w1 << "." << d << " of " << v << " seed " << xfmt::test::test_seed();
+    const auto w2 = static_cast<int32_t>(7 + gen() % 34);
+    frame_box c = frame_box::number(v, w2, d);
+    zfmdtmm(&c.f);
+    ASSERT_EQ(c.str(), xfmt::oracle::dateampm_field(q, w2, d))
+        << "DATEAMPM" << w2 << "." << d << " of " << v << " seed " << xfmt::test::test_seed();
   }
 }
 
