@@ -704,6 +704,17 @@ XF_API xf_status zfme8tm(xf_frame *frame);
 XF_API xf_status zfmb8tm(xf_frame *frame);
 XF_API xf_status zfme8dt(xf_frame *frame);
 XF_API xf_status zfmb8dt(xf_frame *frame);
+/* ISO 8601 marked as UTC (the value is not shifted): E8601DZ and IS8601DZ
+ * (zfme8dz) 2023-07-04T12:34:56+00:00, B8601DZ (zfmb8dz)
+ * 20230704T123456+0000, of a datetime; E8601TZ and IS8601TZ (zfme8tz)
+ * 12:34:56+00:00, B8601TZ (zfmb8tz) 123456+0000, of a time of day. The
+ * offset is written when it fits after the decimals asked for, otherwise
+ * "Z" with the decimals that fit; then the seconds are dropped
+ * (20230704T1234Z). Fractions are cut. */
+XF_API xf_status zfme8dz(xf_frame *frame);
+XF_API xf_status zfmb8dz(xf_frame *frame);
+XF_API xf_status zfme8tz(xf_frame *frame);
+XF_API xf_status zfmb8tz(xf_frame *frame);
 /* DOWNAME (zfmdown) "Tuesday", MONNAME (zfmmonn) "July": the name
  * right-justified, cut to the width when longer. YYMON (zfmymon) 2023JUL
  * from width 7, 23JUL at 5 and 6. */

@@ -23,10 +23,10 @@ inline constexpr fmtinfo_eachfmt jazwfdte_rows[] = {
     row("B8601DA", 8, 10, 8, 0, 0, 0, zfmb8da),
     row("B8601DN", 8, 10, 8, 0, 0, 0, zfmb8dn),
     row("B8601DT", 15, 26, 19, 0, 6, 0, zfmb8dt),
-    row("B8601DZ", 15, 26, 20, 0, 6, 0, nullptr),
+    row("B8601DZ", 15, 26, 20, 0, 6, 0, zfmb8dz),
     row("B8601LZ", 9, 20, 14, 0, 6, 0, nullptr),
     row("B8601TM", 6, 15, 8, 0, 6, 0, zfmb8tm),
-    row("B8601TZ", 9, 20, 14, 0, 6, 0, nullptr),
+    row("B8601TZ", 9, 20, 14, 0, 6, 0, zfmb8tz),
     row("DATE", 5, 11, 7, 0, 0, 0, zfmdate),  // zfmdate
     row("DAY", 2, 32, 2, 0, 0, 0, zfmday),  // zfmday
     row("DDMMYY", 2, 10, 8, 0, 0, 0, zfmdmy),  // zfmdmy
@@ -40,17 +40,17 @@ inline constexpr fmtinfo_eachfmt jazwfdte_rows[] = {
     row("E8601DA", 10, 10, 10, 0, 0, 0, zfme8da),
     row("E8601DN", 10, 10, 10, 0, 0, 0, zfme8dn),
     row("E8601DT", 16, 26, 19, 0, 6, 0, zfme8dt),
-    row("E8601DZ", 20, 35, 26, 0, 6, 0, nullptr),
+    row("E8601DZ", 20, 35, 26, 0, 6, 0, zfme8dz),
     row("E8601LZ", 9, 20, 14, 0, 6, 0, nullptr),
     row("E8601TM", 8, 15, 8, 0, 6, 0, zfme8tm),
-    row("E8601TZ", 9, 20, 14, 0, 6, 0, nullptr),
+    row("E8601TZ", 9, 20, 14, 0, 6, 0, zfme8tz),
     row("IS8601DA", 10, 10, 10, 0, 0, 0, zfme8da),
     row("IS8601DN", 10, 10, 10, 0, 0, 0, zfme8dn),
     row("IS8601DT", 16, 26, 19, 0, 6, 0, zfme8dt),
-    row("IS8601DZ", 20, 35, 26, 0, 6, 0, nullptr),
+    row("IS8601DZ", 20, 35, 26, 0, 6, 0, zfme8dz),
     row("IS8601LZ", 9, 20, 14, 0, 6, 0, nullptr),
     row("IS8601TM", 8, 15, 8, 0, 6, 0, zfme8tm),
-    row("IS8601TZ", 9, 20, 14, 0, 6, 0, nullptr),
+    row("IS8601TZ", 9, 20, 14, 0, 6, 0, zfme8tz),
     row("JULDATE", 5, 32, 7, 0, 0, 0, zfmjul),  // zfmjul
     row("JULDAY", 3, 32, 3, 0, 0, 0, zfmjuld),  // zfmjuld
     row("JULIAN", 5, 7, 5, 0, 0, 0, zfmjul),  // zfmjul

@@ -231,3 +231,44 @@ TEST(ampm_datetimes, random_datetimes_match_the_oracle) {
 }
 
 }  // namespace
+
+namespace {
+
+using xfmt::test::frame_box;
+
+// ISO 8601 marked as UTC: offset, then "Z", then no seconds, by width.
+TEST(iso8601_zoned, every_step) {
+  const double dt = 23195 * 86400.0 + 45296.789;  // 2023-07-04T12:34:56.789
+  const row rows[] = {
+      {zfme8dz, "E8601DZ", dt, 20, 0, "2023-07-04T12:34:56Z", 0},
+      {zfme8dz, "E8601DZ", dt, 24, 0, "    2023-07-04T12:34:56Z", 0},
+      {zfme8dz, "E8601DZ", dt, 25, 0, "2023-07-04T12:34:56+00:00", 0},
+      {zfme8dz, "E8601DZ", dt, 26, 0, " 2023-07-04T12:34:56+00:00", 0},
+      {zfme8dz, "E8601DZ", dt, 26, 6, "2023-07-04T12:34:56.78900Z", 0},
+      {zfme8dz, "E8601DZ", dt, 29, 3, "2023-07-04T12:34:56.789+00:00", 0},
+      {zfme8dz, "E8601DZ", dt, 35, 6, "   2023-07-04T12:34:56.789000+00:00", 0},
+      {zfme8dz, "E8601DZ", dt, 19, 0, "  2023-07-04T12:34Z", 0},
+      {zfme8dz, "E8601DZ", dt, 16, 0, "****************", XF_E_OVERFLOW},
+      {zfme8dz, "E8601DZ", -11928470400.0, 20, 0, "1582-01-01T00:00:00Z", 0},
+      {zfme8dz, "E8601DZ", -11928470401.0, 20, 0, "********************", XF_E_DATE_RANGE},
+      {zfmb8dz, "B8601DZ", dt, 15, 0, " 20230704T1234Z", 0},
+      {zfmb8dz, "B8601DZ", dt, 16, 0, "20230704T123456Z", 0},
+      {zfmb8dz, "B8601DZ", dt, 20, 0, "20230704T123456+0000", 0},
+      {zfmb8dz, "B8601DZ", dt, 27, 6, "20230704T123456.789000+0000", 0},
+      {zfmb8dz, "B8601DZ", dt, 26, 6, "   20230704T123456.789000Z", 0},
+      {zfme8tz, "E8601TZ", 45296.789, 9, 0, "12:34:56Z", 0},
+      {zfme8tz, "E8601TZ", 45296.789, 14, 0, "12:34:56+00:00", 0},
+      {zfme8tz, "E8601TZ", 45296.789, 14, 2, "  12:34:56.78Z", 0},
+      {zfme8tz, "E8601TZ", 45296.789, 20, 3, "  12:34:56.789+00:00", 0},
+      {zfme8tz, "E8601TZ", -1, 9, 0, "23:59:59Z", 0},
+      {zfmb8tz, "B8601TZ", 45296.789, 9, 0, "  123456Z", 0},
+      {zfmb8tz, "B8601TZ", 45296.789, 14, 0, "   123456+0000", 0},
+      {zfmb8tz, "B8601TZ", 45296.789, 20, 6, "  123456.789000+0000", 0},
+  };
+  for (const row &r : rows) check(r);
+  frame_box b = frame_box::number(xfmt::missing_ordinary(), 9);
+  EXPECT_EQ(zfme8tz(&b.f), XF_OK);
+  EXPECT_EQ(b.str(), "        .");
+}
+
+}  // namespace
