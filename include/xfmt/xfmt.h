@@ -721,6 +721,14 @@ XF_API xf_status zfmb8tz(xf_frame *frame);
 XF_API xf_status zfmdown(xf_frame *frame);
 XF_API xf_status zfmmonn(xf_frame *frame);
 XF_API xf_status zfmymon(xf_frame *frame);
+/* Packed Julian dates, four bytes ending in the sign nibble F: PDJULG
+ * (zfmpdjg) yyyydddF, 2023-07-04 as 20 23 18 5F; PDJULI (zfmpdji) 0cyydddF
+ * with c the century from 1900, 2023-07-04 as 01 23 18 5F. Years the layout
+ * cannot hold (PDJULG past 9999, PDJULI outside 1900-2899): '*' and
+ * XF_E_DATE_RANGE. Wider fields put zero bytes first; a missing value gets
+ * the missing display (text) like every date format. */
+XF_API xf_status zfmpdjg(xf_frame *frame);
+XF_API xf_status zfmpdji(xf_frame *frame);
 /* Dates in words, right-justified; the fullest layout whose text fits the
  * width is written, days without a leading zero. WEEKDATE (zfmwkdt)
  * "Tuesday, July 4, 2023", "Tue, Jul 4, 2023", "Tue, Jul 4, 23", "Tuesday",

@@ -71,8 +71,8 @@ inline constexpr fmtinfo_eachfmt jazwfdte_rows[] = {
     row("MONTH", 1, 32, 2, 0, 0, 0, zfmmont),  // zfmmont
     row("MONYY", 5, 7, 5, 0, 0, 0, zfmmony),  // zfmmony
     row("NENGO", 2, 10, 10, 0, 0, 0, zfmneng),  // zfmneng
-    row("PDJULG", 4, 4, 4, 0, 0, 0, nullptr),
-    row("PDJULI", 4, 4, 4, 0, 0, 0, nullptr),
+    row("PDJULG", 4, 4, 4, 0, 0, 0, zfmpdjg),
+    row("PDJULI", 4, 4, 4, 0, 0, 0, zfmpdji),
     row("QTR", 1, 32, 1, 0, 0, 0, zfmqtr),  // zfmqtr
     row("QTRR", 3, 32, 3, 0, 0, 0, zfmqtrr),  // zfmqtrr
     row("WEEKDATE", 3, 37, 29, 0, 0, 0, zfmwkdt),

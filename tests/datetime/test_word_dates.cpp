@@ -272,3 +272,75 @@ TEST(iso8601_zoned, every_step) {
 }
 
 }  // namespace
+
+namespace {
+
+using xfmt::test::frame_box;
+
+std::string packed(xf_routine r, double v, int32_t w, xf_status &st) {
+  frame_box b = frame_box::number(v, w);
+  st = r(&b.f);
+  std::string hex;
+  char two[3];
+  for (char ch : b.str()) {
+    std::snprintf(two, sizeof two, "%02X", static_cast<unsigned>(static_cast<unsigned char>(ch)));
+    hex += two;
+  }
+  return hex;
+}
+
+TEST(packed_julian, layouts_and_bounds) {
+  const struct {
+    xf_routine routine;
+    double value;
+    int32_t w;
+    const char *hex;
+    xf_status status;
+  } rows[] = {
+      {zfmpdjg, 23195, 4, "2023185F", 0},            // 2023-07-04
+      {zfmpdjg, 0, 4, "1960001F", 0},                // 1960-01-01
+      {zfmpdjg, 14975, 4, "2000366F", 0},            // 2000-12-31, a leap year
+      {zfmpdjg, -138061, 4, "1582001F", 0},          // first valid day
+      {zfmpdjg, 2936547, 4, "9999365F", 0},          // 9999-12-31
+      {zfmpdjg, 2936548, 4, "2A2A2A2A", XF_E_DATE_RANGE},  // 10000-01-01
+      {zfmpdjg, 23195, 6, "00002023185F", 0},
+      {zfmpdjg, 23195, 3, "2A2A2A", XF_E_OVERFLOW},
+      {zfmpdjg, -138062, 4, "2A2A2A2A", XF_E_DATE_RANGE},
+      {zfmpdji, 23195, 4, "0123185F", 0},
+      {zfmpdji, -0.5, 4, "0059365F", 0},             // 1959-12-31
+      {zfmpdji, -21914, 4, "0000001F", 0},           // 1900-01-01
+      {zfmpdji, -21915, 4, "2A2A2A2A", XF_E_DATE_RANGE},  // 1899-12-31
+      {zfmpdji, 343328, 4, "0999365F", 0},           // 2899-12-31
+      {zfmpdji, 343329, 4, "2A2A2A2A", XF_E_DATE_RANGE},
+  };
+  for (const auto &r : rows) {
+    xf_status st = 0;
+    EXPECT_EQ(packed(r.routine, r.value, r.w, st), r.hex) << r.value;
+    EXPECT_EQ(st, r.status) << r.value;
+  }
+  xf_status st = 0;
+  EXPECT_EQ(packed(zfmpdjg, xfmt::missing_ordinary(), 4, st), "2020202E");
+  EXPECT_EQ(st, XF_OK);
+}
+
+// Every day of 1900..2899 packs its Julian value.
+TEST(packed_julian, every_day_packs_its_julian_value) {
+  for (int64_t day = -21914; day <= 343328; ++day) {
+    frame_box g = frame_box::number(static_cast<double>(day), 4);
+    frame_box i = frame_box::number(static_cast<double>(day), 4);
+    ASSERT_EQ(zfmpdjg(&g.f), XF_OK);
+    ASSERT_EQ(zfmpdji(&i.f), XF_OK);
+    const auto julian = static_cast<int64_t>(zjuldat(static_cast<double>(day)));  // yyyyddd
+    char want[24];
+    std::snprintf(want, sizeof want, "%07lld", static_cast<long long>(julian));
+    std::string got;
+    for (unsigned char byte : g.out) got += {static_cast<char>('0' + (byte >> 4)), static_cast<char>('0' + (byte & 15))};
+    ASSERT_EQ(got, std::string(want) + "?") << day;  // '0' + 15 is '?'
+    std::snprintf(want, sizeof want, "%07lld", static_cast<long long>(julian - 1900000));
+    got.clear();
+    for (unsigned char byte : i.out) got += {static_cast<char>('0' + (byte >> 4)), static_cast<char>('0' + (byte & 15))};
+    ASSERT_EQ(got, std::string(want) + "?") << day;
+  }
+}
+
+}  // namespace
