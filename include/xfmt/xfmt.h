@@ -715,6 +715,13 @@ XF_API xf_status zfme8dz(xf_frame *frame);
 XF_API xf_status zfmb8dz(xf_frame *frame);
 XF_API xf_status zfme8tz(xf_frame *frame);
 XF_API xf_status zfmb8tz(xf_frame *frame);
+/* E8601LZ and IS8601LZ (zfme8lz) 12:34:56+01:00, B8601LZ (zfmb8lz)
+ * 123456+0100: a local time of day (not shifted) with the standard offset
+ * of the process zone, read from the clock once and kept until a test
+ * installs another clock. Narrower fields drop the decimals, then the
+ * seconds (12:34+01:00); '*' and XF_E_OVERFLOW below that. */
+XF_API xf_status zfme8lz(xf_frame *frame);
+XF_API xf_status zfmb8lz(xf_frame *frame);
 /* DOWNAME (zfmdown) "Tuesday", MONNAME (zfmmonn) "July": the name
  * right-justified, cut to the width when longer. YYMON (zfmymon) 2023JUL
  * from width 7, 23JUL at 5 and 6. */

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "catalog/missing.hpp"
+#include "catalog/platform.hpp"
 #include "oracle/word_dates_oracle.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
@@ -341,6 +342,48 @@ TEST(packed_julian, every_day_packs_its_julian_value) {
     for (unsigned char byte : i.out) got += {static_cast<char>('0' + (byte >> 4)), static_cast<char>('0' + (byte & 15))};
     ASSERT_EQ(got, std::string(want) + "?") << day;
   }
+}
+
+}  // namespace
+
+namespace {
+
+using namespace xfmt::platform;
+
+// Clocks in zones east and west of UTC with minutes in the offset.
+wall_time zero_now() { return {0, 0}; }
+bool no_local(int64_t, local_time *) { return false; }
+int32_t kolkata_like() { return -19800; }  // 5:30 east
+int32_t newfoundland_like() { return 12600; }  // 3:30 west
+constexpr clock_source east_clock{zero_now, no_local, kolkata_like};
+constexpr clock_source west_clock{zero_now, no_local, newfoundland_like};
+
+struct local_zone_forms : testing::Test {
+  void TearDown() override { set_clock(nullptr); }
+};
+
+TEST_F(local_zone_forms, offset_of_the_installed_clock) {
+  set_clock(&east_clock);
+  const row east[] = {
+      {zfme8lz, "E8601LZ", 45296.789, 14, 0, "12:34:56+05:30", 0},
+      {zfme8lz, "E8601LZ", 45296.789, 20, 3, "  12:34:56.789+05:30", 0},
+      {zfme8lz, "E8601LZ", 45296.789, 16, 3, "12:34:56.7+05:30", 0},
+      {zfme8lz, "E8601LZ", 45296.789, 13, 0, "  12:34+05:30", 0},
+      {zfme8lz, "E8601LZ", 45296.789, 10, 0, "**********", XF_E_OVERFLOW},
+      {zfme8lz, "E8601LZ", -1, 14, 0, "23:59:59+05:30", 0},
+      {zfmb8lz, "B8601LZ", 45296.789, 14, 0, "   123456+0530", 0},
+      {zfmb8lz, "B8601LZ", 45296.789, 9, 0, "1234+0530", 0},
+  };
+  for (const row &r : east) check(r);
+  set_clock(&west_clock);
+  const row west[] = {
+      {zfme8lz, "E8601LZ", 45296.789, 14, 0, "12:34:56-03:30", 0},
+      {zfmb8lz, "B8601LZ", 45296.789, 18, 2, "    123456.78-0330", 0},
+  };
+  for (const row &r : west) check(r);
+  frame_box b = frame_box::number(xfmt::missing_ordinary(), 9);
+  EXPECT_EQ(zfmb8lz(&b.f), XF_OK);
+  EXPECT_EQ(b.str(), "        .");
 }
 
 }  // namespace
