@@ -207,24 +207,26 @@ extern "C" XF_API xf_status zfmlogp(xf_frame *f) {
       return deliver_field(f, buf, w, st);
     }
   }
-  // p = m * 10^-e with m in [1, 10): e = ceil(v), m = 10^(e - v).
-  double e = std::ceil(v);
-  double m = std::pow(10.0, e - v);
-  auto exponent = static_cast<int64_t>(e);
-  char exp_text[24];
-  int el = 0;
-  for (int64_t x = exponent; x > 0; x /= 10) exp_text[el++] = static_cast<char>('0' + x % 10);
-  if (el == 0) exp_text[el++] = '0';
+  // p = m * 10^-e with m in [1, 10): e = ceil(v), m = 10^(e - v). The
+  // mantissa shows k decimals; one that rounds up to 10 is 1 of the next
+  // power: v = 4.0001 at k = 1 gives m = 9.9977 -> "1.0E-4", not "10.0E-5".
+  auto exponent = static_cast<int64_t>(std::ceil(v));
+  double m = std::pow(10.0, static_cast<double>(exponent) - v);
+  int el = exponent == 0 ? 1 : 0;
+  for (int64_t x = exponent; x > 0; x /= 10) ++el;
   int room = w - 2 - el;  // positions of the mantissa
   if (room < 1) return fail_stars(f, w, XF_E_OVERFLOW);
   int k = room >= 3 ? room - 2 : 0;  // mantissa decimals
   if (k > 15) k = 15;
-  double scale = 1.0;
-  for (int i = 0; i < k; ++i) scale *= 10.0;
-  auto digits = static_cast<int64_t>(std::llround(m * scale));
-  auto top = static_cast<int64_t>(scale) * 10;
-  if (digits >= top) digits = top / 10;  // 9.96 at one decimal rounds to 10.0: 1.0 of the same power
-  else if (digits < top / 10) digits = top / 10;
+  int64_t scale = 1;
+  for (int i = 0; i < k; ++i) scale *= 10;
+  auto digits = static_cast<int64_t>(std::llround(m * static_cast<double>(scale)));
+  if (digits >= 10 * scale) {
+    digits = scale;
+    --exponent;
+  } else if (digits < scale) {
+    digits = scale;  // m a hair below 1 from the rounding of pow
+  }
   char text[text_max];
   int len = 0;
   char mant[24];
@@ -235,20 +237,15 @@ extern "C" XF_API xf_status zfmlogp(xf_frame *f) {
     text[len++] = '.';
     for (int i = ml - 2; i >= 0; --i) text[len++] = mant[i];
   }
-  // A mantissa that rounded up to 10 is 1 of the next larger power.
-  int64_t shown_exp = exponent;
-  if (std::llround(m * scale) >= top) shown_exp -= 1;
-  text[len++] = 'E';
-  text[len++] = '-';
-  el = 0;
-  for (int64_t x = shown_exp; x > 0; x /= 10) exp_text[el++] = static_cast<char>('0' + x % 10);
-  if (el == 0) {
-    // 10^0: p rounded to 1 (only for tiny v at a narrow width).
-    len -= 2;
-    if (len > w) return fail_stars(f, w, XF_E_OVERFLOW);
-    return deliver_text(f, text, len, w, XF_OK);
+  if (exponent > 0) {
+    // 10^0 (p rounded to 1, only at widths without room for F) has no exponent.
+    char exp_text[24];
+    el = 0;
+    for (int64_t x = exponent; x > 0; x /= 10) exp_text[el++] = static_cast<char>('0' + x % 10);
+    text[len++] = 'E';
+    text[len++] = '-';
+    for (int i = el - 1; i >= 0; --i) text[len++] = exp_text[i];
   }
-  for (int i = el - 1; i >= 0; --i) text[len++] = exp_text[i];
   if (len > w) return fail_stars(f, w, XF_E_OVERFLOW);
   return deliver_text(f, text, len, w, XF_OK);
 }

@@ -90,6 +90,9 @@ TEST(Logprob, Table) {
       {400, 5, 0, "*****", XF_E_OVERFLOW},
       {3.0000001, 6, 0, "0.0010", XF_OK},
       {4.5, 6, 0, "3.2E-5", XF_OK},
+      {4.0001, 6, 0, "1.0E-4", XF_OK},
+      {9.001, 5, 0, " 1E-9", XF_OK},  // 9.977E-10 at no decimals: 1E-9
+      {9.99, 4, 0, "****", XF_E_OVERFLOW},  // 1.02E-10 needs five positions
       {-1, 5, 0, "*****", XF_E_OVERFLOW},
       {HUGE_VAL, 5, 0, "*****", XF_E_OVERFLOW},
   };
