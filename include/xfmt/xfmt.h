@@ -1553,7 +1553,7 @@ XF_API xf_status eurtosit(xf_frame *frame);
  *   $UPCASE  a-z in upper case, left-aligned
  *   $REVERS  the first w bytes reversed and left-aligned: "abc  " -> "cba  "
  *   $REVERJ  the first w bytes (blank padded to w) reversed: "abc  " -> "  cba"
- *   $ASCII   each byte through eb2as, 0x20 padded
+ *   $ASCII   the bytes as they stand (text here is already ASCII), 0x20 padded
  *   $EBCDIC  each byte through as2eb, 0x40 padded */
 XF_API xf_status zfmquote(xf_frame *frame);
 XF_API xf_status zfmupcase(xf_frame *frame);

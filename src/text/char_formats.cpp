@@ -65,6 +65,13 @@ constexpr byte_table make_upper() {
 }
 constexpr byte_table upper_table = make_upper();
 
+constexpr byte_table make_identity() {
+  byte_table t{};
+  for (int i = 0; i < 256; ++i) t.v[i] = static_cast<uint8_t>(i);
+  return t;
+}
+constexpr byte_table identity_table = make_identity();
+
 }  // namespace
 }  // namespace xfmt::text
 
@@ -127,9 +134,11 @@ extern "C" XF_API xf_status zfmreverj(xf_frame *f) {
   return close_field(f, c);
 }
 
-// $ASCII w: the value's bytes read as EBCDIC and written as ASCII (eb2as),
-// blank (0x20) padded.
-extern "C" XF_API xf_status zfmascii(xf_frame *f) { return mapped_copy(f, eb2as, ' '); }
+// $ASCII w: the value in ASCII. Character values on this platform are
+// already ASCII (Latin-1), so the bytes are written as they stand, blank
+// (0x20) padded; reading them as EBCDIC would scramble every host's text.
+// Data that really is EBCDIC goes through eb2as (wztxetoa) first.
+extern "C" XF_API xf_status zfmascii(xf_frame *f) { return mapped_copy(f, identity_table.v, ' '); }
 
 // $EBCDIC w: the value's ASCII bytes written as EBCDIC (as2eb), padded with
 // the EBCDIC blank 0x40.
