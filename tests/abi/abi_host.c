@@ -39,6 +39,7 @@ typedef xf_status (*name_fn)(const char *, int32_t, int32_t, void *, void **);
 typedef xf_status (*fmt_fn)(xf_frame *, void *);
 typedef xf_status (*del_fn)(void *);
 typedef xf_status (*init_fn)(void);
+typedef const fmtinfo *(*load_fn)(void *, const char *, uint32_t, xf_status *);
 
 static int failures = 0;
 
@@ -61,6 +62,49 @@ static void load(void *lib, const char *name, void *fn, size_t size) {
   memcpy(fn, &sym, size);
 }
 
+/* The module row a possible-format row names, looked up through xfload. */
+static const fmtinfo_eachfmt *module_row(load_fn load_module, const fmtposs_row *p) {
+  xf_status st = 1;
+  const fmtinfo *m = load_module(NULL, p->module_name, p->module_name_length, &st);
+  uint64_t i;
+  if (m == NULL || st != 0) return NULL;
+  for (i = 0; i < m->count; ++i)
+    if (m->rows[i].name_length == p->row.name_length &&
+        memcmp(m->rows[i].name, p->row.name, p->row.name_length) == 0)
+      return &m->rows[i];
+  return NULL;
+}
+
+/* Every possible-format name resolves, as written and (for "@" names) as an
+ * informat request without the "@", to its module and its module row's
+ * limits. Returns the number of names checked. */
+static int resolve_every_name(const fmtposs_row *table, name_fn name, del_fn del, load_fn load_module) {
+  int i, n = 0;
+  for (i = 0; i < 548; ++i) {
+    const fmtposs_row *p = &table[i];
+    const fmtinfo_eachfmt *r = module_row(load_module, p);
+    uint16_t b[8];
+    void *h = NULL;
+    CHECK(r != NULL);
+    if (r == NULL) continue;
+    CHECK(name(p->row.name, (int32_t)p->row.name_length, 0, b, &h) == 0);
+    if (h == NULL) continue;
+    CHECK(memcmp(((const fmtposs_row *)h)->module_name, p->module_name, 8) == 0);
+    CHECK(b[0] == r->min_width && b[1] == r->max_width && b[2] == r->default_width);
+    CHECK(b[3] == r->national && b[4] == r->min_decimals && b[5] == r->max_decimals);
+    CHECK(b[6] == r->default_decimals && b[7] == 0);
+    CHECK(del(h) == 0);
+    if (p->row.name[0] == '@') {
+      void *h2 = NULL;
+      CHECK(name(p->row.name + 1, (int32_t)p->row.name_length - 1, 73, b, &h2) == 0);
+      CHECK(h2 != NULL && memcmp(((const fmtposs_row *)h2)->row.name, p->row.name, p->row.name_length) == 0);
+      if (h2 != NULL) CHECK(del(h2) == 0);
+    }
+    ++n;
+  }
+  return n;
+}
+
 static void check_block(const uint16_t *b, unsigned min_w, unsigned max_w, unsigned def_w, unsigned max_d) {
   CHECK(b[0] == min_w);
   CHECK(b[1] == max_w);
@@ -75,6 +119,7 @@ int main(int argc, char **argv) {
   name_fn name = NULL;
   fmt_fn fmt = NULL;
   del_fn del = NULL;
+  load_fn load_module = NULL;
   uint16_t block[8];
   void *h = NULL;
   void *intr = NULL;
@@ -97,6 +142,7 @@ int main(int argc, char **argv) {
   load(lib, "xfname", &name, sizeof name);
   load(lib, "xffmt", &fmt, sizeof fmt);
   load(lib, "xfdel", &del, sizeof del);
+  load(lib, "xfload", &load_module, sizeof load_module);
   if (failures) return 1;
   poss_table = (const fmtposs_row *)dlsym(lib, "fmtposs");
   CHECK(poss_table != NULL);
@@ -106,6 +152,19 @@ int main(int argc, char **argv) {
   CHECK(dlsym(lib, "_ZN4xfmt11status_nameEj") == NULL);
 
   CHECK(init() == 0);
+  if (poss_table != NULL) CHECK(resolve_every_name(poss_table, name, del, load_module) == 548);
+  /* The three intrinsic names and the character shorthands. */
+  CHECK(name("_C_R_A_S_H_", 11, 0, block, &intr) == 0 && intr != NULL);
+  check_block(block, 1, 1, 1, 0);
+  CHECK(name("INTRINSIC-CRDATE", 16, 0, block, &intr) == 0 && intr != NULL);
+  check_block(block, 20, 20, 20, 0);
+  CHECK(name("$", 1, 0, block, &h) == 0 && h != NULL);
+  check_block(block, 1, 32767, 8, 0);
+  if (h != NULL) CHECK(del(h) == 0);
+  CHECK(name("$F", 2, 0, block, &h) == 0 && h != NULL);
+  check_block(block, 1, 32767, 8, 0);
+  if (h != NULL) CHECK(del(h) == 0);
+  CHECK(name("@$F", 3, 0, block, &h) == 1 && h == NULL);
 
   /* Width blocks. */
   CHECK(name("DATE", 4, 0, block, &h) == 0);
