@@ -21,21 +21,52 @@ constexpr double pow10_doubles[32] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  
 // decimal digits) lies below it, and u128 arithmetic on it never overflows.
 constexpr double scaled_limit = 5192296858534827628530496329220096.0;
 
+// The n low decimal digits of m (m below 10^38) into digits[0, n), most
+// significant first. One u128 division splits off the low 19 digits; the
+// rest runs on 64-bit words, since each u128 % 10 is a library call.
+void decimal_digits(u128 m, int n, unsigned char *digits) {
+  constexpr uint64_t ten19 = 10000000000000000000ull;
+  uint64_t lo = static_cast<uint64_t>(m % ten19);
+  uint64_t hi = static_cast<uint64_t>(m / ten19);
+  for (int i = n - 1, k = 0; i >= 0; --i, ++k) {
+    if (k == 19) lo = hi;
+    digits[i] = static_cast<unsigned char>(lo % 10);
+    lo /= 10;
+  }
+}
+
 }  // namespace
 
 double pow10_double(int32_t d) { return d >= 0 && d <= 31 ? pow10_doubles[d] : 1.0; }
 
 scaled_int scale_value(double v, int32_t d) {
-  if (is_missing(v) || std::isnan(v)) return {scaled_kind::missing, false, 0};
-  double x = std::round(v * pow10_double(d));
+  double x = v * pow10_double(d);
+  // Below 2^52 the integer part converts exactly and x - t is exact, so
+  // the half-away rounding needs no library call (2.5 gives t 2, frac 0.5,
+  // 3; -2.5 gives -3).
+  if (std::fabs(x) < 4503599627370496.0) {
+    int64_t t = static_cast<int64_t>(x);
+    double frac = x - static_cast<double>(t);
+    if (frac >= 0.5) ++t;
+    else if (frac <= -0.5) --t;
+    bool negative = t < 0;
+    uint64_t m = negative ? 0 - static_cast<uint64_t>(t) : static_cast<uint64_t>(t);
+    return {scaled_kind::ok, negative, m};
+  }
+  if (is_missing(v) || std::isnan(x)) return {scaled_kind::missing, false, 0};
+  x = std::round(x);
   bool negative = x < 0;
   double m = negative ? -x : x;
   if (!(m < scaled_limit)) return {negative ? scaled_kind::too_low : scaled_kind::too_high, negative, 0};
-  // A rounded zero of either sign is stored as +0.
-  return {scaled_kind::ok, negative && m != 0, static_cast<u128>(m)};
+  return {scaled_kind::ok, negative, static_cast<u128>(m)};
 }
 
 void put_twos(unsigned char *out, int w, u128 x, bool big) {
+  if (w <= 8) {
+    uint64_t x64 = static_cast<uint64_t>(x);
+    for (int i = 0; i < w; ++i, x64 >>= 8) out[big ? w - 1 - i : i] = static_cast<unsigned char>(x64 & 0xFF);
+    return;
+  }
   for (int i = 0; i < w; ++i) {
     unsigned char b = static_cast<unsigned char>(x & 0xFF);
     x >>= 8;
@@ -52,40 +83,29 @@ uint64_t get_unsigned(const unsigned char *in, int w, bool big) {
 u128 all_nines(int n) { return pow10_u128.v[n] - 1; }
 
 bool put_packed(unsigned char *out, int w, u128 magnitude, bool negative) {
-  if (magnitude > all_nines(2 * w - 1)) return false;
-  // Right to left: the last byte holds one digit and the sign nibble.
-  unsigned sign = negative ? 0xDu : 0xCu;
-  out[w - 1] = static_cast<unsigned char>((static_cast<unsigned>(magnitude % 10) << 4) | sign);
-  magnitude /= 10;
-  for (int i = w - 2; i >= 0; --i) {
-    unsigned lo = static_cast<unsigned>(magnitude % 10);
-    magnitude /= 10;
-    unsigned hi = static_cast<unsigned>(magnitude % 10);
-    magnitude /= 10;
-    out[i] = static_cast<unsigned char>((hi << 4) | lo);
-  }
+  int n = 2 * w - 1;
+  if (magnitude > all_nines(n)) return false;
+  unsigned char d[32];
+  decimal_digits(magnitude, n, d);
+  d[n] = negative ? 0xD : 0xC;  // the sign takes the last nibble
+  for (int i = 0; i < w; ++i) out[i] = static_cast<unsigned char>((d[2 * i] << 4) | d[2 * i + 1]);
   return true;
 }
 
 bool put_packed_unsigned(unsigned char *out, int w, u128 magnitude) {
-  if (2 * w <= 38 && magnitude > all_nines(2 * w)) return false;
-  for (int i = w - 1; i >= 0; --i) {
-    unsigned lo = static_cast<unsigned>(magnitude % 10);
-    magnitude /= 10;
-    unsigned hi = static_cast<unsigned>(magnitude % 10);
-    magnitude /= 10;
-    out[i] = static_cast<unsigned char>((hi << 4) | lo);
-  }
+  int n = 2 * w;
+  if (magnitude > all_nines(n)) return false;
+  unsigned char d[32];
+  decimal_digits(magnitude, n, d);
+  for (int i = 0; i < w; ++i) out[i] = static_cast<unsigned char>((d[2 * i] << 4) | d[2 * i + 1]);
   return true;
 }
 
 bool put_zoned(unsigned char *out, int w, u128 magnitude, bool negative) {
   if (magnitude > all_nines(w)) return false;
-  for (int i = w - 1; i >= 0; --i) {
-    out[i] = static_cast<unsigned char>(0xF0u | static_cast<unsigned>(magnitude % 10));
-    magnitude /= 10;
-  }
-  out[w - 1] = static_cast<unsigned char>((out[w - 1] & 0x0Fu) | (negative ? 0xD0u : 0xC0u));
+  decimal_digits(magnitude, w, out);
+  for (int i = 0; i < w - 1; ++i) out[i] = static_cast<unsigned char>(out[i] | 0xF0u);
+  out[w - 1] = static_cast<unsigned char>(out[w - 1] | (negative ? 0xD0u : 0xC0u));
   return true;
 }
 
