@@ -841,6 +841,52 @@ XF_API xf_status zifmhex(xf_frame *frame);
 XF_API xf_status zifmoct(xf_frame *frame);
 XF_API xf_status zifmbin(xf_frame *frame);
 
+/* Date, time and datetime informats (module JAZWIDTE). They read as the
+ * numeric informats do (at most w bytes, blanks and tabs around the text
+ * ignored, XF_E_CAPACITY with nothing written below 8 bytes of output) and
+ * store a date value (days since 1960-01-01), a time value (seconds since
+ * midnight) or a datetime value (seconds since 1960-01-01 00:00:00).
+ *   XF_OK            the value; blank field or "." (ordinary missing);
+ *                    "._", ".A" .. ".Z" (the host's missing value);
+ *   XF_IN_INVALID    any other shape, a day that does not exist or lies
+ *                    outside 1582-01-01 .. 20000-12-31: ordinary missing;
+ *   XF_IN_BAD_WIDTH  w below 0, d outside 0..31 (98, 99 allowed): missing.
+ * Two-digit years: 00..49 are 2000..2049, 50..99 are 1950..1999. Date
+ * separators are one of "/", "-", "." or a blank; month names are JAN..DEC
+ * or the full English name, in any case. A time of day is h:mm[:ss[.fff]]
+ * with minutes and seconds below 60, optionally followed by AM or PM (A, P;
+ * any case; blanks before allowed; hour 1..12, 12 AM is midnight). */
+/* @DATE: day, month name, year: "04JUL2023", "4jul23", "04-JUL-2023". */
+XF_API xf_status zifmdate(xf_frame *frame);
+/* @DATETIME: an @DATE date, then ":", "T" or blanks and a time of day with
+ * hours 0..23 ("04JUL2023:12:34:56"); the date alone is its midnight. */
+XF_API xf_status zifmdttm(xf_frame *frame);
+/* @DDMMYY, @MMDDYY, @YYMMDD: day, month and year in that order, either
+ * separated ("04/07/2023", "4-7-23", "2023-07-04"; day and month 1 or 2
+ * digits, year 2 or 4) or compact in 6 or 8 digits ("040723", "20230704"). */
+XF_API xf_status zifmdmy(xf_frame *frame);
+XF_API xf_status zifmmdy(xf_frame *frame);
+XF_API xf_status zifmymd(xf_frame *frame);
+/* @JULIAN: year and day of the year 001..366 in 7 or 5 digits: "2023185",
+ * "23185". */
+XF_API xf_status zifmjul(xf_frame *frame);
+/* @MDYAMPM: an @MMDDYY date, then blanks (a comma allowed) and a time of day
+ * with hours 0..23 or AM/PM: "07/04/2023 12:34:56 PM"; the date alone is
+ * its midnight. */
+XF_API xf_status zifmdyam(xf_frame *frame);
+/* @MONYY: month name and year, "JUL2023", "jul-23": the first of the month. */
+XF_API xf_status zifmmony(xf_frame *frame);
+/* @NENGO: era letter M, T, S, H or R, an optional ".", era year, month and
+ * day separated ("R.01/05/01", "H1-1-8") or compact in 6 digits
+ * ("R010501"). A day before its era began is invalid. */
+XF_API xf_status zifmneng(xf_frame *frame);
+/* @TIME: a time of day without limit of 24 hours (up to 999999 hours
+ * without AM/PM): "12:34", "1:02:03.5", "12:34:56 PM". */
+XF_API xf_status zifmtime(xf_frame *frame);
+/* @YYQ: year, an optional separator, Q and the quarter 1..4: "2023Q3";
+ * the first day of the quarter. */
+XF_API xf_status zifmyyq(xf_frame *frame);
+
 /* Character informats deliver w bytes at frame->output: the first
  * min(w, input_length) bytes of the text, padded with blanks; output_length
  * is set to w and the output encoding to 0. When output_capacity is below w

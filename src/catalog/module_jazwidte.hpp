@@ -8,17 +8,17 @@
 namespace xfmt::catalog {
 
 inline constexpr fmtinfo_eachfmt jazwidte_rows[] = {
-    row("@DATE", 7, 32, 7, 0, 31, 0, nullptr),
-    row("@DATETIME", 6, 32, 6, 0, 31, 0, nullptr),
-    row("@DDMMYY", 6, 32, 6, 0, 31, 0, nullptr),
-    row("@JULIAN", 5, 32, 5, 0, 31, 0, nullptr),
-    row("@MDYAMPM", 6, 32, 6, 0, 31, 0, nullptr),
-    row("@MMDDYY", 6, 32, 6, 0, 31, 0, nullptr),
-    row("@MONYY", 5, 32, 5, 0, 31, 0, nullptr),
-    row("@NENGO", 7, 32, 10, 0, 31, 0, nullptr),
-    row("@TIME", 7, 32, 10, 0, 31, 0, nullptr),
-    row("@YYMMDD", 6, 32, 6, 0, 31, 0, nullptr),
-    row("@YYQ", 4, 32, 4, 0, 31, 0, nullptr),
+    row("@DATE", 7, 32, 7, 0, 31, 0, zifmdate),
+    row("@DATETIME", 6, 32, 6, 0, 31, 0, zifmdttm),
+    row("@DDMMYY", 6, 32, 6, 0, 31, 0, zifmdmy),
+    row("@JULIAN", 5, 32, 5, 0, 31, 0, zifmjul),
+    row("@MDYAMPM", 6, 32, 6, 0, 31, 0, zifmdyam),
+    row("@MMDDYY", 6, 32, 6, 0, 31, 0, zifmmdy),
+    row("@MONYY", 5, 32, 5, 0, 31, 0, zifmmony),
+    row("@NENGO", 7, 32, 10, 0, 31, 0, zifmneng),
+    row("@TIME", 7, 32, 10, 0, 31, 0, zifmtime),
+    row("@YYMMDD", 6, 32, 6, 0, 31, 0, zifmymd),
+    row("@YYQ", 4, 32, 4, 0, 31, 0, zifmyyq),
 };
 
 }  // namespace xfmt::catalog

@@ -1,0 +1,89 @@
+// Every informat of JAZWIDTE on arbitrary bytes: byte 0 picks the row, byte
+// 1 the width, byte 2 the decimals (and now and then a short output buffer),
+// the rest is the text. Input and output are exact-size heap buffers, so a
+// one-byte overrun is seen by AddressSanitizer. The same call twice gives the
+// same bytes; a failure status stands only beside the ordinary missing value;
+// a stored date is a whole day of the calendar's range, a time is not
+// negative, a datetime lies inside the datetime range.
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+#include "catalog/missing.hpp"
+#include "datetime/calendar.hpp"
+#include "xfmt/xfmt.h"
+
+namespace {
+
+struct outcome {
+  xf_status status;
+  uint32_t length;
+  std::unique_ptr<unsigned char[]> bytes;
+};
+
+outcome run(xf_routine routine, const unsigned char *text, size_t n, int32_t w, int32_t d,
+            uint32_t capacity) {
+  std::unique_ptr<unsigned char[]> in(new unsigned char[n == 0 ? 1 : n]);
+  if (n) std::memcpy(in.get(), text, n);
+  outcome o{0, 0, std::unique_ptr<unsigned char[]>(new unsigned char[capacity == 0 ? 1 : capacity])};
+  std::memset(o.bytes.get(), 0xEE, capacity == 0 ? 1 : capacity);
+  xf_frame f{};
+  f.width = w;
+  f.decimals = d;
+  f.input = in.get();
+  f.input_length = static_cast<uint32_t>(n);
+  f.output = capacity == 0 ? nullptr : o.bytes.get();
+  f.output_capacity = capacity;
+  o.status = routine(&f);
+  o.length = f.output_length;
+  if (o.length > capacity) std::abort();
+  return o;
+}
+
+void check_value(xf_routine routine, double v) {
+  namespace dt = xfmt::datetime;
+  if (routine == zifmtime) {
+    if (!(v >= 0)) std::abort();
+  } else if (routine == zifmdttm || routine == zifmdyam) {
+    if (!dt::datetime_in_range(v)) std::abort();
+  } else {
+    if (!dt::date_in_range(v) || v != std::floor(v)) std::abort();
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+  if (size < 3) return 0;
+  const fmtinfo *m = jazwidte();
+  const fmtinfo_eachfmt &row = m->rows[data[0] % m->count];
+  if (row.routine == nullptr) return 0;
+  int32_t w = static_cast<int8_t>(data[1]);  // -128 .. 127
+  int32_t d = data[2] % 104;                 // 0 .. 103, past 31 and through 98/99
+  const unsigned char *text = data + 3;
+  size_t n = size - 3;
+  uint32_t capacity = data[2] >= 240 ? data[2] - 240u : 8;  // now and then a short buffer
+
+  outcome a = run(row.routine, text, n, w, d, capacity);
+  outcome b = run(row.routine, text, n, w, d, capacity);
+  if (a.status != b.status || a.length != b.length ||
+      std::memcmp(a.bytes.get(), b.bytes.get(), capacity) != 0)
+    std::abort();
+  if (capacity < 8) {
+    if (a.status != XF_E_CAPACITY || a.length != 0) std::abort();
+    return 0;
+  }
+  if (a.length != 8) std::abort();
+  uint64_t bits;
+  std::memcpy(&bits, a.bytes.get(), 8);
+  double v;
+  std::memcpy(&v, &bits, 8);
+  const bool missing = xfmt::is_missing_bits(bits);
+  if (a.status != XF_OK && bits != xfmt::missing_ordinary_bits) std::abort();
+  if (a.status != XF_OK && a.status != XF_IN_INVALID && a.status != XF_IN_BAD_WIDTH) std::abort();
+  if (!missing) check_value(row.routine, v);
+  return 0;
+}
