@@ -562,6 +562,39 @@ XF_API xf_status zfmchex(xf_frame *frame);
 XF_API xf_status zfmcoct(xf_frame *frame);
 XF_API xf_status zfmcbin(xf_frame *frame);
 
+/* Spelled and special numeric formats. Each reads w, d and the double at
+ * input and writes min(w, capacity) positions (the output length); w < 1:
+ * nothing written, 0x8001D827; missing values: the standard display; a
+ * value the format cannot show: '*' and 0x8001D827; a field cut to the
+ * capacity: 0x8001D826. Statuses of the F layout (2) pass through.
+ *   WORDS    left-aligned words, cents as hundredths:
+ *            "one hundred twenty-three and forty-five hundredths"
+ *   WORDF    left-aligned words, cents as figures: "... and 45/100"
+ *            (both: |amount| below 10^15, "minus " before a negative one)
+ *   FRACT    right-justified "2 1/4", "-1/3", the closest fraction that fits
+ *   ROMAN    integral part 1..3999 in upper-case numerals: "MCMXCIX"
+ *   SSN      integral part 0..999999999 as "012-34-5678"
+ *   ODDSR    F w.d between "<.001" (below 10^-d) and ">999.999" (1000 on);
+ *            negative: '*'
+ *   PVALUE   F w.d, "<.0001" below 10^-d; negative: '*'
+ *   LOGPROB  the value is -log10(p); shows p as F w.(w-2) or, when smaller,
+ *            as "5.0E-13"; negative value: '*'
+ *   NUMX     F w.d with a comma as the decimal mark
+ *   SIZEK    bytes / 1024 as F (w-1).d and "K"; SIZEKB: F (w-2).d and "KB"
+ *   SIZEKMG  bytes in KB, MB, GB or TB (powers of 1024) as F (w-2).d and the unit */
+XF_API xf_status zfmwords(xf_frame *frame);
+XF_API xf_status zfmwordf(xf_frame *frame);
+XF_API xf_status zfmfract(xf_frame *frame);
+XF_API xf_status zfmroman(xf_frame *frame);
+XF_API xf_status zfmssn(xf_frame *frame);
+XF_API xf_status zfmoddsr(xf_frame *frame);
+XF_API xf_status zfmpval(xf_frame *frame);
+XF_API xf_status zfmlogp(xf_frame *frame);
+XF_API xf_status zfmnumx(xf_frame *frame);
+XF_API xf_status zfmsizek(xf_frame *frame);
+XF_API xf_status zfmsizekb(xf_frame *frame);
+XF_API xf_status zfmsizekmg(xf_frame *frame);
+
 /* ======================================================================
  * Dates and times
  * ====================================================================== */
@@ -1586,6 +1619,24 @@ XF_API xf_status eurtosit(xf_frame *frame);
 #define XF_ENC_WIN_LATIN1     62u
 #define XF_ENC_WIN_HEBREW     65u
 #define XF_ENC_WIN_ARABIC     66u
+
+/* Character formats of reworked bytes. Each reads at most input_length bytes
+ * of text, writes min(w, capacity) positions (the output length) and returns
+ * 0, or 0x8001D826 when w is above the capacity.
+ *   $QUOTE   the text without trailing blanks in double quotes, inner '"'
+ *            doubled; a long text is cut before the closing quote; w 1: '*'
+ *            and 0x8001D827
+ *   $UPCASE  a-z in upper case, left-aligned
+ *   $REVERS  the first w bytes reversed and left-aligned: "abc  " -> "cba  "
+ *   $REVERJ  the first w bytes (blank padded to w) reversed: "abc  " -> "  cba"
+ *   $ASCII   the bytes as they stand (text here is already ASCII), 0x20 padded
+ *   $EBCDIC  each byte through as2eb, 0x40 padded */
+XF_API xf_status zfmquote(xf_frame *frame);
+XF_API xf_status zfmupcase(xf_frame *frame);
+XF_API xf_status zfmrevers(xf_frame *frame);
+XF_API xf_status zfmreverj(xf_frame *frame);
+XF_API xf_status zfmascii(xf_frame *frame);
+XF_API xf_status zfmebcdic(xf_frame *frame);
 
 /* UTF-8 tables, indexed by a byte (utf8_mask by sequence length 1-6, entry 0
  * unused). bytesFromUTF8: 1 for 0x00-0xBF, 2-6 by lead byte. valid_1st_utf8:
