@@ -781,12 +781,51 @@ XF_API xf_status zfme8tm(xf_frame *frame);
 XF_API xf_status zfmb8tm(xf_frame *frame);
 XF_API xf_status zfme8dt(xf_frame *frame);
 XF_API xf_status zfmb8dt(xf_frame *frame);
+/* ISO 8601 marked as UTC (the value is not shifted): E8601DZ and IS8601DZ
+ * (zfme8dz) 2023-07-04T12:34:56+00:00, B8601DZ (zfmb8dz)
+ * 20230704T123456+0000, of a datetime; E8601TZ and IS8601TZ (zfme8tz)
+ * 12:34:56+00:00, B8601TZ (zfmb8tz) 123456+0000, of a time of day. The
+ * offset is written when it fits after the decimals asked for, otherwise
+ * "Z" with the decimals that fit; then the seconds are dropped
+ * (20230704T1234Z). Fractions are cut. */
+XF_API xf_status zfme8dz(xf_frame *frame);
+XF_API xf_status zfmb8dz(xf_frame *frame);
+XF_API xf_status zfme8tz(xf_frame *frame);
+XF_API xf_status zfmb8tz(xf_frame *frame);
+/* E8601LZ and IS8601LZ (zfme8lz) 12:34:56+01:00, B8601LZ (zfmb8lz)
+ * 123456+0100: a local time of day (not shifted) with the standard offset
+ * of the process zone, read from the clock once and kept until a test
+ * installs another clock. Narrower fields drop the decimals, then the
+ * seconds (12:34+01:00); '*' and XF_E_OVERFLOW below that. */
+XF_API xf_status zfme8lz(xf_frame *frame);
+XF_API xf_status zfmb8lz(xf_frame *frame);
 /* DOWNAME (zfmdown) "Tuesday", MONNAME (zfmmonn) "July": the name
  * right-justified, cut to the width when longer. YYMON (zfmymon) 2023JUL
  * from width 7, 23JUL at 5 and 6. */
 XF_API xf_status zfmdown(xf_frame *frame);
 XF_API xf_status zfmmonn(xf_frame *frame);
 XF_API xf_status zfmymon(xf_frame *frame);
+/* Packed Julian dates, four bytes ending in the sign nibble F: PDJULG
+ * (zfmpdjg) yyyydddF, 2023-07-04 as 20 23 18 5F; PDJULI (zfmpdji) 0cyydddF
+ * with c the century from 1900, 2023-07-04 as 01 23 18 5F. Years the layout
+ * cannot hold (PDJULG past 9999, PDJULI outside 1900-2899): '*' and
+ * XF_E_DATE_RANGE. Wider fields put zero bytes first; a missing value gets
+ * the missing display (text) like every date format. */
+XF_API xf_status zfmpdjg(xf_frame *frame);
+XF_API xf_status zfmpdji(xf_frame *frame);
+/* Dates in words, right-justified; the fullest layout whose text fits the
+ * width is written, days without a leading zero. WEEKDATE (zfmwkdt)
+ * "Tuesday, July 4, 2023", "Tue, Jul 4, 2023", "Tue, Jul 4, 23", "Tuesday",
+ * "Tue"; WEEKDATX (zfmwkdx) "Tuesday, 4 July 2023", "Tue, 4 Jul 2023",
+ * "Tue, 4 Jul 23", "Tuesday", "Tue"; WORDDATE (zfmwrdt) "July 4, 2023",
+ * "Jul 4, 2023", "Jul 4, 23", "July", "Jul"; WORDDATX (zfmwrdx) "4 July
+ * 2023", "4 Jul 2023", "4 Jul 23", "July", "Jul". DTWKDATX (zfmdtwk) is
+ * WEEKDATX of a datetime's date. Widths 1 and 2: '*' and XF_E_OVERFLOW. */
+XF_API xf_status zfmwkdt(xf_frame *frame);
+XF_API xf_status zfmwkdx(xf_frame *frame);
+XF_API xf_status zfmwrdt(xf_frame *frame);
+XF_API xf_status zfmwrdx(xf_frame *frame);
+XF_API xf_status zfmdtwk(xf_frame *frame);
 /* TOD w.d (zfmtod): TIME of the time of day, two-digit hours (01:00:00).
  * HOUR w.d (zfmhour): hours as a plain number, HOUR4.1 of 12:34:56 "12.6". */
 XF_API xf_status zfmtod(xf_frame *frame);
@@ -799,6 +838,16 @@ XF_API xf_status zfmhour(xf_frame *frame);
  * minutes and hours in turn. Seconds round half up at the decimals shown,
  * carrying into the date; parts not shown are cut. */
 XF_API xf_status zfmdttm(xf_frame *frame);
+/* DATEAMPM w.d (zfmdtmm): DATETIME's date, then the hour, minutes and
+ * seconds on a 12-hour clock with " AM" / " PM": 04JUL23:12 PM from width
+ * 13, 04JUL23:12:34 PM from 16, 04JUL23:12:34:56 PM from 19,
+ * 04JUL2023:12:34:56 PM from 21, decimals from 23; the date alone below 13.
+ * MDYAMPM w.d (zfmdyam): the fullest text that fits of 7/04/2023
+ * 12:34:56.789 PM (up to d decimals), 7/04/2023 12:34 PM, 7/04/23 12:34 PM,
+ * 7/04/2023, 7/04/23. Midnight is 12 AM; seconds round half up at the
+ * decimals shown, carrying into the date; parts not shown are cut. */
+XF_API xf_status zfmdtmm(xf_frame *frame);
+XF_API xf_status zfmdyam(xf_frame *frame);
 /* HHMM w.d (zfmhhmm) hours and minutes, MMSS w.d (zfmmmss) minutes and
  * seconds: the larger unit without a limit, the smaller one rounded half up
  * with the decimals that fit (HHMM5. of 12:34:56 is 12:35, MMSS6. 754:57);
