@@ -518,6 +518,50 @@ XF_API xf_status zfmnprn(xf_frame *frame);
 XF_API xf_status zfmpct(xf_frame *frame);
 XF_API xf_status pctn(xf_frame *frame);
 
+/* Binary number formats write exactly w raw bytes of round(value x 10^d)
+ * (half away from zero; d 0..31, others count as 0) and set output_length
+ * to w. w outside the format's range: XF_E_OVERFLOW, nothing written
+ * (output length 0); w above output_capacity: XF_E_CAPACITY, nothing
+ * written. A value past the field stores the field's extreme of the same
+ * sign and returns XF_E_OVERFLOW; a missing value stores 0 (RB: its bits).
+ *   IB w.d    (1-8)  two's complement, most significant byte first
+ *   IBR w.d   (1-8)  the same, least significant byte first
+ *   PIB w.d   (1-8)  unsigned, big-endian; negative values store 0
+ *   PIBR w.d  (1-8)  unsigned, little-endian
+ *   PD w.d    (1-16) packed decimal, 2w-1 digits, last nibble C (+) or D (-)
+ *   PK w.d    (1-16) packed decimal, 2w digits, no sign; negatives store 0
+ *   ZD w.d    (1-32) zoned: digits F0-F9, the last C0-C9 (+) or D0-D9 (-)
+ *   RB w.d    (1-8)  the first w bytes of the IEEE double, big-endian
+ *   VAXRB w.d (1-8)  VAX D-floating (16-bit words little-endian, the most
+ *                    significant first), cut to w; missing and NaN store 0 */
+XF_API xf_status zfmib(xf_frame *frame);
+XF_API xf_status zfmibr(xf_frame *frame);
+XF_API xf_status zfmpib(xf_frame *frame);
+XF_API xf_status zfmpibr(xf_frame *frame);
+XF_API xf_status zfmpd(xf_frame *frame);
+XF_API xf_status zfmpk(xf_frame *frame);
+XF_API xf_status zfmzd(xf_frame *frame);
+XF_API xf_status zfmrb(xf_frame *frame);
+XF_API xf_status zfmvaxrb(xf_frame *frame);
+
+/* HEX w. (1-16), OCTAL w. (1-24), BINARY w. (1-64): the value rounded to an
+ * integer (d plays no part) in w digits of base 16, 8, 2, zero padded,
+ * upper-case hex. 0 .. base^w - 1 as is; negative values down to
+ * -base^w / 2 in w-digit two's complement (HEX4 of -1 is "FFFF"). Other
+ * values and bad w: w '*' and XF_E_OVERFLOW. HEX16 shows the 16 hex digits
+ * of the double's bits for every value; missing values otherwise show the
+ * standard display. w above the capacity: cut, XF_E_CAPACITY. */
+XF_API xf_status zfmhex(xf_frame *frame);
+XF_API xf_status zfmoct(xf_frame *frame);
+XF_API xf_status zfmbin(xf_frame *frame);
+/* $HEX w., $OCTAL w., $BINARY w.: the bytes of the character value at input
+ * (input_length bytes) as 2, 3 or 8 digits a byte, blanks ("20") past its
+ * end, cut at w (also inside a byte). Output length min(w, capacity);
+ * XF_E_CAPACITY when cut by the capacity; w < 1: XF_E_OVERFLOW. */
+XF_API xf_status zfmchex(xf_frame *frame);
+XF_API xf_status zfmcoct(xf_frame *frame);
+XF_API xf_status zfmcbin(xf_frame *frame);
+
 /* Spelled and special numeric formats. Each reads w, d and the double at
  * input and writes min(w, capacity) positions (the output length); w < 1:
  * nothing written, 0x8001D827; missing values: the standard display; a
@@ -854,6 +898,31 @@ XF_API xf_status zifmpct(xf_frame *frame);
  * blanks are dropped and "," becomes "."; the rest is read as @COMMA. */
 XF_API xf_status zifmcmx(xf_frame *frame);
 
+/* Binary informats read exactly w raw bytes (fewer at input: XF_IN_INVALID)
+ * and store value / 10^d; layouts as the formats of the same names.
+ *   @IB, @IBR (1-8) two's complement; @PIB, @PIBR (1-8) unsigned;
+ *   @PD (1-16): sign nibble B or D minus, A C E F plus, a digit there or a
+ *     nibble above 9 among the digits XF_IN_INVALID; @PK (1-16) 2w digits;
+ *   @ZD (1-32): zones F or 3 before the last byte, whose zone C F A E 3 is
+ *     plus and D B 7 minus (both EBCDIC and ASCII zoned digits read);
+ *   @RB (1-8): the first w bytes of a big-endian double, the rest zero.
+ * w outside the range or d outside 0..31: XF_IN_BAD_WIDTH. */
+XF_API xf_status zifmib(xf_frame *frame);
+XF_API xf_status zifmibr(xf_frame *frame);
+XF_API xf_status zifmpib(xf_frame *frame);
+XF_API xf_status zifmpibr(xf_frame *frame);
+XF_API xf_status zifmpd(xf_frame *frame);
+XF_API xf_status zifmpk(xf_frame *frame);
+XF_API xf_status zifmzd(xf_frame *frame);
+XF_API xf_status zifmrb(xf_frame *frame);
+/* @HEX (1-16), @OCTAL (1-24), @BINARY (1-64): digits of the base (hex in
+ * either case), blanks around them skipped, read as an unsigned integer (d
+ * plays no part); @HEX16 reads the bits of a double. A blank field is the
+ * ordinary missing value (XF_OK); any other byte XF_IN_INVALID. */
+XF_API xf_status zifmhex(xf_frame *frame);
+XF_API xf_status zifmoct(xf_frame *frame);
+XF_API xf_status zifmbin(xf_frame *frame);
+
 /* Date, time and datetime informats (module JAZWIDTE). They read as the
  * numeric informats do (at most w bytes, blanks and tabs around the text
  * ignored, XF_E_CAPACITY with nothing written below 8 bytes of output) and
@@ -913,6 +982,13 @@ XF_API xf_status zifmzbc(xf_frame *frame);
 /* @$QUOTE: when the text, blanks around it aside, starts and ends with the
  * same quote (' or "), that one pair is removed. */
 XF_API xf_status zifmcq(xf_frame *frame);
+/* @$HEX, @$OCTAL, @$BINARY: each 2, 3 or 8 digits of the first w input
+ * bytes become one byte (an incomplete last group is dropped); the output
+ * length is that byte count, cut to the capacity (XF_E_CAPACITY). A bad
+ * digit or an octal group above 377: the bytes blank and XF_IN_INVALID. */
+XF_API xf_status zifmchex(xf_frame *frame);
+XF_API xf_status zifmcoct(xf_frame *frame);
+XF_API xf_status zifmcbin(xf_frame *frame);
 
 /* ======================================================================
  * User-defined formats
