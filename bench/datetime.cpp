@@ -127,6 +127,43 @@ void BM_time8_snprintf(benchmark::State &state) {
   state.SetItemsProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(values.size()));
 }
 
+// Dates in words and the 12-hour datetime against strftime's nearest
+// patterns (its %e pads the day with a blank where ours drops it).
+size_t weekdate29(char *out, const struct tm *p) { return strftime(out, 32, "%A, %B %e, %Y", p); }
+size_t worddate18(char *out, const struct tm *p) { return strftime(out, 32, "%B %e, %Y", p); }
+void BM_weekdate29_direct(benchmark::State &s) { direct(s, zfmwkdt, 29, day_counts()); }
+void BM_weekdate29_strftime(benchmark::State &s) { through_strftime(s, weekdate29); }
+void BM_worddate18_direct(benchmark::State &s) { direct(s, zfmwrdt, 18, day_counts()); }
+void BM_worddate18_strftime(benchmark::State &s) { through_strftime(s, worddate18); }
+
+const std::vector<double> &datetimes() {
+  static const std::vector<double> v = [] {
+    std::mt19937_64 gen(1200);
+    std::uniform_int_distribution<int64_t> pick(-21914LL * 86400, 51501LL * 86400);
+    std::vector<double> out(value_count);
+    for (double &d : out) d = static_cast<double>(pick(gen));
+    return out;
+  }();
+  return v;
+}
+
+void BM_dateampm21_direct(benchmark::State &s) { direct(s, zfmdtmm, 21, datetimes()); }
+void BM_dateampm21_strftime(benchmark::State &state) {
+  const auto &values = datetimes();
+  // DATEAMPM21 has the four-digit year: 04JUL2023:12:34:56 PM.
+  static const char *const pattern = "%d%b%Y:%I:%M:%S %p";
+  char out[32];
+  for (auto _ : state) {
+    for (double v : values) {
+      const auto t = static_cast<time_t>(static_cast<int64_t>(v) - epoch_shift_days * 86400);
+      struct tm parts;
+      gmtime_r(&t, &parts);
+      benchmark::DoNotOptimize(strftime(out, sizeof out, pattern, &parts));
+    }
+  }
+  state.SetItemsProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(values.size()));
+}
+
 }  // namespace
 
 BENCHMARK(BM_date9_xffmt)->Unit(benchmark::kMillisecond);
@@ -140,3 +177,9 @@ BENCHMARK(BM_time8_snprintf)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_date9_direct)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_mmddyy10_direct)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_time8_direct)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_weekdate29_direct)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_weekdate29_strftime)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_worddate18_direct)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_worddate18_strftime)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_dateampm21_direct)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_dateampm21_strftime)->Unit(benchmark::kMillisecond);

@@ -518,6 +518,83 @@ XF_API xf_status zfmnprn(xf_frame *frame);
 XF_API xf_status zfmpct(xf_frame *frame);
 XF_API xf_status pctn(xf_frame *frame);
 
+/* Binary number formats write exactly w raw bytes of round(value x 10^d)
+ * (half away from zero; d 0..31, others count as 0) and set output_length
+ * to w. w outside the format's range: XF_E_OVERFLOW, nothing written
+ * (output length 0); w above output_capacity: XF_E_CAPACITY, nothing
+ * written. A value past the field stores the field's extreme of the same
+ * sign and returns XF_E_OVERFLOW; a missing value stores 0 (RB: its bits).
+ *   IB w.d    (1-8)  two's complement, most significant byte first
+ *   IBR w.d   (1-8)  the same, least significant byte first
+ *   PIB w.d   (1-8)  unsigned, big-endian; negative values store 0
+ *   PIBR w.d  (1-8)  unsigned, little-endian
+ *   PD w.d    (1-16) packed decimal, 2w-1 digits, last nibble C (+) or D (-)
+ *   PK w.d    (1-16) packed decimal, 2w digits, no sign; negatives store 0
+ *   ZD w.d    (1-32) zoned: digits F0-F9, the last C0-C9 (+) or D0-D9 (-)
+ *   RB w.d    (1-8)  the first w bytes of the IEEE double, big-endian
+ *   VAXRB w.d (1-8)  VAX D-floating (16-bit words little-endian, the most
+ *                    significant first), cut to w; missing and NaN store 0 */
+XF_API xf_status zfmib(xf_frame *frame);
+XF_API xf_status zfmibr(xf_frame *frame);
+XF_API xf_status zfmpib(xf_frame *frame);
+XF_API xf_status zfmpibr(xf_frame *frame);
+XF_API xf_status zfmpd(xf_frame *frame);
+XF_API xf_status zfmpk(xf_frame *frame);
+XF_API xf_status zfmzd(xf_frame *frame);
+XF_API xf_status zfmrb(xf_frame *frame);
+XF_API xf_status zfmvaxrb(xf_frame *frame);
+
+/* HEX w. (1-16), OCTAL w. (1-24), BINARY w. (1-64): the value rounded to an
+ * integer (d plays no part) in w digits of base 16, 8, 2, zero padded,
+ * upper-case hex. 0 .. base^w - 1 as is; negative values down to
+ * -base^w / 2 in w-digit two's complement (HEX4 of -1 is "FFFF"). Other
+ * values and bad w: w '*' and XF_E_OVERFLOW. HEX16 shows the 16 hex digits
+ * of the double's bits for every value; missing values otherwise show the
+ * standard display. w above the capacity: cut, XF_E_CAPACITY. */
+XF_API xf_status zfmhex(xf_frame *frame);
+XF_API xf_status zfmoct(xf_frame *frame);
+XF_API xf_status zfmbin(xf_frame *frame);
+/* $HEX w., $OCTAL w., $BINARY w.: the bytes of the character value at input
+ * (input_length bytes) as 2, 3 or 8 digits a byte, blanks ("20") past its
+ * end, cut at w (also inside a byte). Output length min(w, capacity);
+ * XF_E_CAPACITY when cut by the capacity; w < 1: XF_E_OVERFLOW. */
+XF_API xf_status zfmchex(xf_frame *frame);
+XF_API xf_status zfmcoct(xf_frame *frame);
+XF_API xf_status zfmcbin(xf_frame *frame);
+
+/* Spelled and special numeric formats. Each reads w, d and the double at
+ * input and writes min(w, capacity) positions (the output length); w < 1:
+ * nothing written, 0x8001D827; missing values: the standard display; a
+ * value the format cannot show: '*' and 0x8001D827; a field cut to the
+ * capacity: 0x8001D826. Statuses of the F layout (2) pass through.
+ *   WORDS    left-aligned words, cents as hundredths:
+ *            "one hundred twenty-three and forty-five hundredths"
+ *   WORDF    left-aligned words, cents as figures: "... and 45/100"
+ *            (both: |amount| below 10^15, "minus " before a negative one)
+ *   FRACT    right-justified "2 1/4", "-1/3", the closest fraction that fits
+ *   ROMAN    integral part 1..3999 in upper-case numerals: "MCMXCIX"
+ *   SSN      integral part 0..999999999 as "012-34-5678"
+ *   ODDSR    F w.d between "<.001" (below 10^-d) and ">999.999" (1000 on);
+ *            negative: '*'
+ *   PVALUE   F w.d, "<.0001" below 10^-d; negative: '*'
+ *   LOGPROB  the value is -log10(p); shows p as F w.(w-2) or, when smaller,
+ *            as "5.0E-13"; negative value: '*'
+ *   NUMX     F w.d with a comma as the decimal mark
+ *   SIZEK    bytes / 1024 as F (w-1).d and "K"; SIZEKB: F (w-2).d and "KB"
+ *   SIZEKMG  bytes in KB, MB, GB or TB (powers of 1024) as F (w-2).d and the unit */
+XF_API xf_status zfmwords(xf_frame *frame);
+XF_API xf_status zfmwordf(xf_frame *frame);
+XF_API xf_status zfmfract(xf_frame *frame);
+XF_API xf_status zfmroman(xf_frame *frame);
+XF_API xf_status zfmssn(xf_frame *frame);
+XF_API xf_status zfmoddsr(xf_frame *frame);
+XF_API xf_status zfmpval(xf_frame *frame);
+XF_API xf_status zfmlogp(xf_frame *frame);
+XF_API xf_status zfmnumx(xf_frame *frame);
+XF_API xf_status zfmsizek(xf_frame *frame);
+XF_API xf_status zfmsizekb(xf_frame *frame);
+XF_API xf_status zfmsizekmg(xf_frame *frame);
+
 /* ======================================================================
  * Dates and times
  * ====================================================================== */
@@ -704,12 +781,51 @@ XF_API xf_status zfme8tm(xf_frame *frame);
 XF_API xf_status zfmb8tm(xf_frame *frame);
 XF_API xf_status zfme8dt(xf_frame *frame);
 XF_API xf_status zfmb8dt(xf_frame *frame);
+/* ISO 8601 marked as UTC (the value is not shifted): E8601DZ and IS8601DZ
+ * (zfme8dz) 2023-07-04T12:34:56+00:00, B8601DZ (zfmb8dz)
+ * 20230704T123456+0000, of a datetime; E8601TZ and IS8601TZ (zfme8tz)
+ * 12:34:56+00:00, B8601TZ (zfmb8tz) 123456+0000, of a time of day. The
+ * offset is written when it fits after the decimals asked for, otherwise
+ * "Z" with the decimals that fit; then the seconds are dropped
+ * (20230704T1234Z). Fractions are cut. */
+XF_API xf_status zfme8dz(xf_frame *frame);
+XF_API xf_status zfmb8dz(xf_frame *frame);
+XF_API xf_status zfme8tz(xf_frame *frame);
+XF_API xf_status zfmb8tz(xf_frame *frame);
+/* E8601LZ and IS8601LZ (zfme8lz) 12:34:56+01:00, B8601LZ (zfmb8lz)
+ * 123456+0100: a local time of day (not shifted) with the standard offset
+ * of the process zone, read from the clock once and kept until a test
+ * installs another clock. Narrower fields drop the decimals, then the
+ * seconds (12:34+01:00); '*' and XF_E_OVERFLOW below that. */
+XF_API xf_status zfme8lz(xf_frame *frame);
+XF_API xf_status zfmb8lz(xf_frame *frame);
 /* DOWNAME (zfmdown) "Tuesday", MONNAME (zfmmonn) "July": the name
  * right-justified, cut to the width when longer. YYMON (zfmymon) 2023JUL
  * from width 7, 23JUL at 5 and 6. */
 XF_API xf_status zfmdown(xf_frame *frame);
 XF_API xf_status zfmmonn(xf_frame *frame);
 XF_API xf_status zfmymon(xf_frame *frame);
+/* Packed Julian dates, four bytes ending in the sign nibble F: PDJULG
+ * (zfmpdjg) yyyydddF, 2023-07-04 as 20 23 18 5F; PDJULI (zfmpdji) 0cyydddF
+ * with c the century from 1900, 2023-07-04 as 01 23 18 5F. Years the layout
+ * cannot hold (PDJULG past 9999, PDJULI outside 1900-2899): '*' and
+ * XF_E_DATE_RANGE. Wider fields put zero bytes first; a missing value gets
+ * the missing display (text) like every date format. */
+XF_API xf_status zfmpdjg(xf_frame *frame);
+XF_API xf_status zfmpdji(xf_frame *frame);
+/* Dates in words, right-justified; the fullest layout whose text fits the
+ * width is written, days without a leading zero. WEEKDATE (zfmwkdt)
+ * "Tuesday, July 4, 2023", "Tue, Jul 4, 2023", "Tue, Jul 4, 23", "Tuesday",
+ * "Tue"; WEEKDATX (zfmwkdx) "Tuesday, 4 July 2023", "Tue, 4 Jul 2023",
+ * "Tue, 4 Jul 23", "Tuesday", "Tue"; WORDDATE (zfmwrdt) "July 4, 2023",
+ * "Jul 4, 2023", "Jul 4, 23", "July", "Jul"; WORDDATX (zfmwrdx) "4 July
+ * 2023", "4 Jul 2023", "4 Jul 23", "July", "Jul". DTWKDATX (zfmdtwk) is
+ * WEEKDATX of a datetime's date. Widths 1 and 2: '*' and XF_E_OVERFLOW. */
+XF_API xf_status zfmwkdt(xf_frame *frame);
+XF_API xf_status zfmwkdx(xf_frame *frame);
+XF_API xf_status zfmwrdt(xf_frame *frame);
+XF_API xf_status zfmwrdx(xf_frame *frame);
+XF_API xf_status zfmdtwk(xf_frame *frame);
 /* TOD w.d (zfmtod): TIME of the time of day, two-digit hours (01:00:00).
  * HOUR w.d (zfmhour): hours as a plain number, HOUR4.1 of 12:34:56 "12.6". */
 XF_API xf_status zfmtod(xf_frame *frame);
@@ -722,6 +838,16 @@ XF_API xf_status zfmhour(xf_frame *frame);
  * minutes and hours in turn. Seconds round half up at the decimals shown,
  * carrying into the date; parts not shown are cut. */
 XF_API xf_status zfmdttm(xf_frame *frame);
+/* DATEAMPM w.d (zfmdtmm): DATETIME's date, then the hour, minutes and
+ * seconds on a 12-hour clock with " AM" / " PM": 04JUL23:12 PM from width
+ * 13, 04JUL23:12:34 PM from 16, 04JUL23:12:34:56 PM from 19,
+ * 04JUL2023:12:34:56 PM from 21, decimals from 23; the date alone below 13.
+ * MDYAMPM w.d (zfmdyam): the fullest text that fits of 7/04/2023
+ * 12:34:56.789 PM (up to d decimals), 7/04/2023 12:34 PM, 7/04/23 12:34 PM,
+ * 7/04/2023, 7/04/23. Midnight is 12 AM; seconds round half up at the
+ * decimals shown, carrying into the date; parts not shown are cut. */
+XF_API xf_status zfmdtmm(xf_frame *frame);
+XF_API xf_status zfmdyam(xf_frame *frame);
 /* HHMM w.d (zfmhhmm) hours and minutes, MMSS w.d (zfmmmss) minutes and
  * seconds: the larger unit without a limit, the smaller one rounded half up
  * with the decimals that fit (HHMM5. of 12:34:56 is 12:35, MMSS6. 754:57);
@@ -771,6 +897,31 @@ XF_API xf_status zifmpct(xf_frame *frame);
 /* @COMMAX, @DOLLARX: of the first min(w, 32) bytes, ".", "$", "%", ")" and
  * blanks are dropped and "," becomes "."; the rest is read as @COMMA. */
 XF_API xf_status zifmcmx(xf_frame *frame);
+
+/* Binary informats read exactly w raw bytes (fewer at input: XF_IN_INVALID)
+ * and store value / 10^d; layouts as the formats of the same names.
+ *   @IB, @IBR (1-8) two's complement; @PIB, @PIBR (1-8) unsigned;
+ *   @PD (1-16): sign nibble B or D minus, A C E F plus, a digit there or a
+ *     nibble above 9 among the digits XF_IN_INVALID; @PK (1-16) 2w digits;
+ *   @ZD (1-32): zones F or 3 before the last byte, whose zone C F A E 3 is
+ *     plus and D B 7 minus (both EBCDIC and ASCII zoned digits read);
+ *   @RB (1-8): the first w bytes of a big-endian double, the rest zero.
+ * w outside the range or d outside 0..31: XF_IN_BAD_WIDTH. */
+XF_API xf_status zifmib(xf_frame *frame);
+XF_API xf_status zifmibr(xf_frame *frame);
+XF_API xf_status zifmpib(xf_frame *frame);
+XF_API xf_status zifmpibr(xf_frame *frame);
+XF_API xf_status zifmpd(xf_frame *frame);
+XF_API xf_status zifmpk(xf_frame *frame);
+XF_API xf_status zifmzd(xf_frame *frame);
+XF_API xf_status zifmrb(xf_frame *frame);
+/* @HEX (1-16), @OCTAL (1-24), @BINARY (1-64): digits of the base (hex in
+ * either case), blanks around them skipped, read as an unsigned integer (d
+ * plays no part); @HEX16 reads the bits of a double. A blank field is the
+ * ordinary missing value (XF_OK); any other byte XF_IN_INVALID. */
+XF_API xf_status zifmhex(xf_frame *frame);
+XF_API xf_status zifmoct(xf_frame *frame);
+XF_API xf_status zifmbin(xf_frame *frame);
 
 /* Date, time and datetime informats (module JAZWIDTE). They read as the
  * numeric informats do (at most w bytes, blanks and tabs around the text
@@ -831,6 +982,13 @@ XF_API xf_status zifmzbc(xf_frame *frame);
 /* @$QUOTE: when the text, blanks around it aside, starts and ends with the
  * same quote (' or "), that one pair is removed. */
 XF_API xf_status zifmcq(xf_frame *frame);
+/* @$HEX, @$OCTAL, @$BINARY: each 2, 3 or 8 digits of the first w input
+ * bytes become one byte (an incomplete last group is dropped); the output
+ * length is that byte count, cut to the capacity (XF_E_CAPACITY). A bad
+ * digit or an octal group above 377: the bytes blank and XF_IN_INVALID. */
+XF_API xf_status zifmchex(xf_frame *frame);
+XF_API xf_status zifmcoct(xf_frame *frame);
+XF_API xf_status zifmcbin(xf_frame *frame);
 
 /* ======================================================================
  * User-defined formats
@@ -1510,6 +1668,24 @@ XF_API xf_status eurtosit(xf_frame *frame);
 #define XF_ENC_WIN_LATIN1     62u
 #define XF_ENC_WIN_HEBREW     65u
 #define XF_ENC_WIN_ARABIC     66u
+
+/* Character formats of reworked bytes. Each reads at most input_length bytes
+ * of text, writes min(w, capacity) positions (the output length) and returns
+ * 0, or 0x8001D826 when w is above the capacity.
+ *   $QUOTE   the text without trailing blanks in double quotes, inner '"'
+ *            doubled; a long text is cut before the closing quote; w 1: '*'
+ *            and 0x8001D827
+ *   $UPCASE  a-z in upper case, left-aligned
+ *   $REVERS  the first w bytes reversed and left-aligned: "abc  " -> "cba  "
+ *   $REVERJ  the first w bytes (blank padded to w) reversed: "abc  " -> "  cba"
+ *   $ASCII   the bytes as they stand (text here is already ASCII), 0x20 padded
+ *   $EBCDIC  each byte through as2eb, 0x40 padded */
+XF_API xf_status zfmquote(xf_frame *frame);
+XF_API xf_status zfmupcase(xf_frame *frame);
+XF_API xf_status zfmrevers(xf_frame *frame);
+XF_API xf_status zfmreverj(xf_frame *frame);
+XF_API xf_status zfmascii(xf_frame *frame);
+XF_API xf_status zfmebcdic(xf_frame *frame);
 
 /* UTF-8 tables, indexed by a byte (utf8_mask by sequence length 1-6, entry 0
  * unused). bytesFromUTF8: 1 for 0x00-0xBF, 2-6 by lead byte. valid_1st_utf8:

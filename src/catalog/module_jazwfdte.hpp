@@ -23,10 +23,10 @@ inline constexpr fmtinfo_eachfmt jazwfdte_rows[] = {
     row("B8601DA", 8, 10, 8, 0, 0, 0, zfmb8da),
     row("B8601DN", 8, 10, 8, 0, 0, 0, zfmb8dn),
     row("B8601DT", 15, 26, 19, 0, 6, 0, zfmb8dt),
-    row("B8601DZ", 15, 26, 20, 0, 6, 0, nullptr),
-    row("B8601LZ", 9, 20, 14, 0, 6, 0, nullptr),
+    row("B8601DZ", 15, 26, 20, 0, 6, 0, zfmb8dz),
+    row("B8601LZ", 9, 20, 14, 0, 6, 0, zfmb8lz),
     row("B8601TM", 6, 15, 8, 0, 6, 0, zfmb8tm),
-    row("B8601TZ", 9, 20, 14, 0, 6, 0, nullptr),
+    row("B8601TZ", 9, 20, 14, 0, 6, 0, zfmb8tz),
     row("DATE", 5, 11, 7, 0, 0, 0, zfmdate),  // zfmdate
     row("DAY", 2, 32, 2, 0, 0, 0, zfmday),  // zfmday
     row("DDMMYY", 2, 10, 8, 0, 0, 0, zfmdmy),  // zfmdmy
@@ -40,17 +40,17 @@ inline constexpr fmtinfo_eachfmt jazwfdte_rows[] = {
     row("E8601DA", 10, 10, 10, 0, 0, 0, zfme8da),
     row("E8601DN", 10, 10, 10, 0, 0, 0, zfme8dn),
     row("E8601DT", 16, 26, 19, 0, 6, 0, zfme8dt),
-    row("E8601DZ", 20, 35, 26, 0, 6, 0, nullptr),
-    row("E8601LZ", 9, 20, 14, 0, 6, 0, nullptr),
+    row("E8601DZ", 20, 35, 26, 0, 6, 0, zfme8dz),
+    row("E8601LZ", 9, 20, 14, 0, 6, 0, zfme8lz),
     row("E8601TM", 8, 15, 8, 0, 6, 0, zfme8tm),
-    row("E8601TZ", 9, 20, 14, 0, 6, 0, nullptr),
+    row("E8601TZ", 9, 20, 14, 0, 6, 0, zfme8tz),
     row("IS8601DA", 10, 10, 10, 0, 0, 0, zfme8da),
     row("IS8601DN", 10, 10, 10, 0, 0, 0, zfme8dn),
     row("IS8601DT", 16, 26, 19, 0, 6, 0, zfme8dt),
-    row("IS8601DZ", 20, 35, 26, 0, 6, 0, nullptr),
-    row("IS8601LZ", 9, 20, 14, 0, 6, 0, nullptr),
+    row("IS8601DZ", 20, 35, 26, 0, 6, 0, zfme8dz),
+    row("IS8601LZ", 9, 20, 14, 0, 6, 0, zfme8lz),
     row("IS8601TM", 8, 15, 8, 0, 6, 0, zfme8tm),
-    row("IS8601TZ", 9, 20, 14, 0, 6, 0, nullptr),
+    row("IS8601TZ", 9, 20, 14, 0, 6, 0, zfme8tz),
     row("JULDATE", 5, 32, 7, 0, 0, 0, zfmjul),  // zfmjul
     row("JULDAY", 3, 32, 3, 0, 0, 0, zfmjuld),  // zfmjuld
     row("JULIAN", 5, 7, 5, 0, 0, 0, zfmjul),  // zfmjul
@@ -71,15 +71,15 @@ inline constexpr fmtinfo_eachfmt jazwfdte_rows[] = {
     row("MONTH", 1, 32, 2, 0, 0, 0, zfmmont),  // zfmmont
     row("MONYY", 5, 7, 5, 0, 0, 0, zfmmony),  // zfmmony
     row("NENGO", 2, 10, 10, 0, 0, 0, zfmneng),  // zfmneng
-    row("PDJULG", 4, 4, 4, 0, 0, 0, nullptr),
-    row("PDJULI", 4, 4, 4, 0, 0, 0, nullptr),
+    row("PDJULG", 4, 4, 4, 0, 0, 0, zfmpdjg),
+    row("PDJULI", 4, 4, 4, 0, 0, 0, zfmpdji),
     row("QTR", 1, 32, 1, 0, 0, 0, zfmqtr),  // zfmqtr
     row("QTRR", 3, 32, 3, 0, 0, 0, zfmqtrr),  // zfmqtrr
-    row("WEEKDATE", 3, 37, 29, 0, 0, 0, nullptr),
-    row("WEEKDATX", 3, 37, 29, 0, 0, 0, nullptr),
+    row("WEEKDATE", 3, 37, 29, 0, 0, 0, zfmwkdt),
+    row("WEEKDATX", 3, 37, 29, 0, 0, 0, zfmwkdx),
     row("WEEKDAY", 1, 32, 1, 0, 0, 0, zfmweek),  // zfmweek
-    row("WORDDATE", 3, 32, 18, 0, 0, 0, nullptr),
-    row("WORDDATX", 3, 32, 18, 0, 0, 0, nullptr),
+    row("WORDDATE", 3, 32, 18, 0, 0, 0, zfmwrdt),
+    row("WORDDATX", 3, 32, 18, 0, 0, 0, zfmwrdx),
     row("YEAR", 2, 32, 4, 0, 0, 0, zfmyear),  // zfmyear
     row("YYMM", 5, 32, 7, 0, 0, 0, zfmyym),  // zfmyym
     row("YYMMC", 5, 32, 7, 0, 0, 0, zfmyymc),  // zfmyymc

@@ -12,7 +12,7 @@ inline constexpr fmtinfo_eachfmt jazwfmsc_rows[] = {
     row("$BIDI", 1, 32767, 1, 0, 0, 0, nullptr),
     row("$LOGVS", 1, 32767, 1, 0, 0, 0, nullptr),
     row("$LOGVSR", 1, 32767, 1, 0, 0, 0, nullptr),
-    row("$QUOTE", 2, 32767, 2, 0, 0, 0, nullptr),
+    row("$QUOTE", 2, 32767, 2, 0, 0, 0, zfmquote),  // zfmquote
     row("$VSLOG", 1, 32767, 1, 0, 0, 0, nullptr),
     row("$VSLOGR", 1, 32767, 1, 0, 0, 0, nullptr),
     row("COMMA", 2, 32, 6, 0, 31, 0, zfmcma),  // zfmcma
@@ -72,18 +72,18 @@ inline constexpr fmtinfo_eachfmt jazwfmsc_rows[] = {
     row("EURTOROL", 1, 32, 6, 0, 31, 0, eurtorol),  // euro: ROL
     row("EURTOYUD", 1, 32, 6, 0, 31, 0, eurtoyud),  // euro: YUD
     row("EURTOSIT", 1, 32, 6, 0, 31, 0, eurtosit),  // euro: SIT
-    row("FRACT", 4, 32, 10, 0, 0, 0, nullptr),
+    row("FRACT", 4, 32, 10, 0, 0, 0, zfmfract),  // zfmfract
     row("NEGPAREN", 1, 32, 6, 0, 31, 0, zfmnprn),  // zfmnprn
-    row("ODDSR", 3, 32, 7, 0, 31, 3, nullptr),
+    row("ODDSR", 3, 32, 7, 0, 31, 3, zfmoddsr),  // zfmoddsr
     row("PERCENT", 4, 32, 6, 0, 31, 0, zfmpct),  // zfmpct
     row("PERCENTN", 4, 32, 6, 0, 31, 0, pctn),  // pctn
-    row("ROMAN", 2, 32, 6, 0, 0, 0, nullptr),
-    row("SIZEK", 2, 33, 9, 0, 31, 0, nullptr),
-    row("SIZEKB", 2, 33, 9, 0, 31, 0, nullptr),
-    row("SIZEKMG", 2, 33, 9, 0, 31, 0, nullptr),
-    row("SSN", 11, 11, 11, 0, 0, 0, nullptr),
-    row("WORDF", 5, 32767, 10, 0, 0, 0, nullptr),
-    row("WORDS", 5, 32767, 10, 0, 0, 0, nullptr),
+    row("ROMAN", 2, 32, 6, 0, 0, 0, zfmroman),  // zfmroman
+    row("SIZEK", 2, 33, 9, 0, 31, 0, zfmsizek),  // zfmsizek
+    row("SIZEKB", 2, 33, 9, 0, 31, 0, zfmsizekb),  // zfmsizekb
+    row("SIZEKMG", 2, 33, 9, 0, 31, 0, zfmsizekmg),  // zfmsizekmg
+    row("SSN", 11, 11, 11, 0, 0, 0, zfmssn),  // zfmssn
+    row("WORDF", 5, 32767, 10, 0, 0, 0, zfmwordf),  // zfmwordf
+    row("WORDS", 5, 32767, 10, 0, 0, 0, zfmwords),  // zfmwords
     row("Z", 1, 32, 1, 0, 32, 0, zfmz),  // zfmz
     row("BEST", 1, 32, 12, 0, 32, 0, zfmb),  // zfmb
     row("BESTX", 1, 64, 12, 0, 32, 0, zfmbx),  // zfmbx

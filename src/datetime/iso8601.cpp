@@ -11,54 +11,12 @@
 #include "catalog/field.hpp"
 #include "datetime/calendar.hpp"
 #include "datetime/date_field.hpp"
+#include "datetime/iso8601_parts.hpp"
 
 using namespace xfmt::datetime;
 using xfmt::frame_out;
 
 namespace {
-
-// yyyy-mm-dd or yyyymmdd at out; returns the length. Years past 9999 show "****".
-int32_t put_date(char *out, int64_t day, bool extended) {
-  const ymd c = ymd_in_range(day);
-  put4(out, c.year);
-  char *p = out + 4;
-  if (extended) *p++ = '-';
-  put2(p, c.month);
-  p += 2;
-  if (extended) *p++ = '-';
-  put2(p, c.day);
-  return extended ? 10 : 8;
-}
-
-// hh:mm:ss or hhmmss, then "." and `decimals` digits of the fraction (cut),
-// for a second of the day 0 <= s < 86400; returns the length.
-int32_t put_time(char *out, double s, bool extended, int32_t decimals, bool with_seconds) {
-  const auto whole = static_cast<int64_t>(s);
-  const double frac = s - static_cast<double>(whole);
-  char *p = out;
-  put2(p, whole / 3600);
-  p += 2;
-  if (extended) *p++ = ':';
-  put2(p, whole % 3600 / 60);
-  p += 2;
-  if (!with_seconds) return static_cast<int32_t>(p - out);
-  if (extended) *p++ = ':';
-  put2(p, whole % 60);
-  p += 2;
-  if (decimals > 0) {
-    // Microseconds to the nearest first (45296.789 holds 0.78899999999703
-    // as its fraction and must show .789), then cut to the decimals asked;
-    // the last microsecond of a second stays .999999 rather than carrying.
-    auto micro = static_cast<int64_t>(frac * 1e6 + 0.5);
-    if (micro > 999999) micro = 999999;
-    char digits[6];
-    for (int32_t i = 5; i >= 0; --i, micro /= 10) digits[i] = static_cast<char>('0' + micro % 10);
-    *p++ = '.';
-    std::memcpy(p, digits, static_cast<size_t>(decimals));
-    p += decimals;
-  }
-  return static_cast<int32_t>(p - out);
-}
 
 // The text right-justified in the field.
 xf_status place(xf_frame *f, const char *text, int32_t len) {

@@ -1,0 +1,194 @@
+// Dates written in words: WEEKDATE ("Tuesday, July 4, 2023"), WEEKDATX
+// ("Tuesday, 4 July 2023"), WORDDATE ("July 4, 2023"), WORDDATX
+// ("4 July 2023") and DTWKDATX (WEEKDATX of a datetime's date).
+//
+// Each format has a short list of layouts from the fullest to the barest;
+// the first one whose text fits the width is written, right-justified. The
+// choice goes by the text of the value, not by the width alone, so a field
+// of 25 holds "Tuesday, July 4, 2023" in full but shortens the longer
+// "Wednesday, September 27, 2023" to "Wed, Sep 27, 2023". Days have no
+// leading zero; years keep all their digits (five from 10000 on), or the
+// last two in the two-digit layouts.
+#include "xfmt/xfmt.h"
+
+#include <cstring>
+#include <initializer_list>
+
+#include "catalog/field.hpp"
+#include "datetime/calendar.hpp"
+#include "datetime/date_field.hpp"
+
+using namespace xfmt::datetime;
+
+namespace {
+
+const char abbr_month[12][4] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+const char abbr_day[7][4] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
+
+// The pieces of one calendar day that the layouts pick from.
+struct day_words {
+  ymd c;
+  int32_t weekday;  // 0 = Sunday .. 6 = Saturday
+};
+
+day_words words_of_day(int64_t n) {
+  // 1960-01-01, day 0, was a Friday (5).
+  return {ymd_in_range(n), static_cast<int32_t>(n + 5 - floor_div(n + 5, 7) * 7)};
+}
+
+// A text of at most 40 bytes built left to right.
+struct text_buf {
+  char b[40];
+  int32_t n = 0;
+  void add(const char *s, size_t len) {
+    std::memcpy(b + n, s, len);
+    n += static_cast<int32_t>(len);
+  }
+  void add(const char *s) { add(s, std::strlen(s)); }
+  void add(char ch) { b[n++] = ch; }
+  // A number without leading zeros: 0..99999 (days and years).
+  void number(int64_t v) {
+    char tmp[8];
+    int32_t k = 0;
+    do {
+      tmp[k++] = static_cast<char>('0' + v % 10);
+      v /= 10;
+    } while (v > 0);
+    while (k > 0) b[n++] = tmp[--k];
+  }
+  void year(int64_t y, bool four) {
+    if (four) number(y);
+    else {
+      put2(b + n, y % 100);
+      n += 2;
+    }
+  }
+};
+
+xf_status put_right(xf_frame *f, const text_buf &t) {
+  const int32_t w = f->width;
+  char *out = xfmt::frame_out(f);
+  std::memset(out, ' ', static_cast<size_t>(w - t.n));
+  std::memcpy(out + (w - t.n), t.b, static_cast<size_t>(t.n));
+  f->output_length = static_cast<uint32_t>(w);
+  return XF_OK;
+}
+
+// Layouts of the four formats, fullest first.
+enum class form { full, abbr4, abbr2, name, short_name };
+
+// WEEKDATE: "Tuesday, July 4, 2023", "Tue, Jul 4, 2023", "Tue, Jul 4, 23",
+// "Tuesday", "Tue".
+text_buf weekdate_text(const day_words &d, form k) {
+  text_buf t;
+  const bool full = k == form::full;
+  if (k == form::name) {
+    t.add(weekdays[d.weekday]);
+    return t;
+  }
+  t.add(full ? weekdays[d.weekday] : abbr_day[d.weekday]);
+  if (k == form::short_name) return t;
+  t.add(", ");
+  t.add(full ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
+  t.add(' ');
+  t.number(d.c.day);
+  t.add(", ");
+  t.year(d.c.year, k != form::abbr2);
+  return t;
+}
+
+// WEEKDATX: "Tuesday, 4 July 2023", "Tue, 4 Jul 2023", "Tue, 4 Jul 23",
+// "Tuesday", "Tue".
+text_buf weekdatx_text(const day_words &d, form k) {
+  text_buf t;
+  const bool full = k == form::full;
+  if (k == form::name) {
+    t.add(weekdays[d.weekday]);
+    return t;
+  }
+  t.add(full ? weekdays[d.weekday] : abbr_day[d.weekday]);
+  if (k == form::short_name) return t;
+  t.add(", ");
+  t.number(d.c.day);
+  t.add(' ');
+  t.add(full ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
+  t.add(' ');
+  t.year(d.c.year, k != form::abbr2);
+  return t;
+}
+
+// WORDDATE: "July 4, 2023", "Jul 4, 2023", "Jul 4, 23", "July", "Jul".
+text_buf worddate_text(const day_words &d, form k) {
+  text_buf t;
+  const bool full = k == form::full;
+  if (k == form::name || k == form::short_name) {
+    t.add(k == form::name ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
+    return t;
+  }
+  t.add(full ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
+  t.add(' ');
+  t.number(d.c.day);
+  t.add(", ");
+  t.year(d.c.year, k != form::abbr2);
+  return t;
+}
+
+// WORDDATX: "4 July 2023", "4 Jul 2023", "4 Jul 23", "July", "Jul".
+text_buf worddatx_text(const day_words &d, form k) {
+  text_buf t;
+  if (k == form::name || k == form::short_name) {
+    t.add(k == form::name ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
+    return t;
+  }
+  t.number(d.c.day);
+  t.add(' ');
+  t.add(k == form::full ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
+  t.add(' ');
+  t.year(d.c.year, k != form::abbr2);
+  return t;
+}
+
+using text_of = text_buf (*)(const day_words &, form);
+
+// The first layout that fits; stars when not even the three-letter name
+// does (widths 1 and 2).
+xf_status write_words(xf_frame *f, int64_t day, text_of layout) {
+  const day_words d = words_of_day(day);
+  for (form k : {form::full, form::abbr4, form::abbr2, form::name, form::short_name}) {
+    const text_buf t = layout(d, k);
+    if (t.n <= f->width) return put_right(f, t);
+  }
+  return too_narrow(f);
+}
+
+int64_t floor_day(double v) {
+  auto n = static_cast<int64_t>(v);
+  if (static_cast<double>(n) > v) --n;
+  return n;
+}
+
+xf_status date_in_words(xf_frame *f, text_of layout) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 1, st)) return st;
+  return write_words(f, floor_day(value_of(f)), layout);
+}
+
+}  // namespace
+
+extern "C" {
+
+XF_API xf_status zfmwkdt(xf_frame *f) { return date_in_words(f, weekdate_text); }
+XF_API xf_status zfmwkdx(xf_frame *f) { return date_in_words(f, weekdatx_text); }
+XF_API xf_status zfmwrdt(xf_frame *f) { return date_in_words(f, worddate_text); }
+XF_API xf_status zfmwrdx(xf_frame *f) { return date_in_words(f, worddatx_text); }
+
+// The datetime range is exactly the seconds of the valid days, so the day
+// of an in-range datetime is always a valid date.
+XF_API xf_status zfmdtwk(xf_frame *f) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 2, st)) return st;
+  return write_words(f, static_cast<int64_t>(zdatprt(value_of(f))), weekdatx_text);
+}
+
+}  // extern "C"

@@ -1,0 +1,208 @@
+// The binary informats, mirrors of the binary formats: @IB, @IBR, @PIB,
+// @PIBR, @PD, @PK, @ZD, @RB read w raw bytes; @HEX, @OCTAL, @BINARY read
+// digits of base 16, 8, 2; @$HEX, @$OCTAL, @$BINARY turn digits into bytes.
+#include "xfmt/xfmt.h"
+
+#include <cstring>
+
+#include "catalog/missing.hpp"
+#include "informats/decimal_to_double.hpp"
+#include "informats/informat_frame.hpp"
+#include "numeric/binary_codec.hpp"
+
+namespace xfmt::informats {
+namespace {
+
+using numeric::u128;
+
+const unsigned char *field_bytes(const xf_frame *f) { return static_cast<const unsigned char *>(f->input); }
+
+// sign x m / 10^d. Up to 2^53 with d <= 22 this is one correctly rounded
+// division; larger magnitudes round twice (to a double, then the quotient).
+double scaled_down(bool negative, u128 m, int d) {
+  double x;
+  if (m <= (u128{1} << 53) && d <= 22) x = static_cast<double>(m) / exact_pow10[d];
+  else x = static_cast<double>(m) / numeric::pow10_double(d);
+  return negative ? -x : x;
+}
+
+// Shared entry checks of the raw-byte informats: the room for the double,
+// w in 1..max_w, d in 0..31 and w bytes of input. Returns false with the
+// status set (missing stored where there is room).
+bool raw_ready(xf_frame *f, int max_w, int &d, xf_status &status) {
+  if (!can_store_double(f)) {
+    status = refuse_small_output(f);
+    return false;
+  }
+  d = implied_decimals(f->decimals);
+  if (f->width < 1 || f->width > max_w || d < 0) {
+    status = store_double(f, missing_ordinary(), XF_IN_BAD_WIDTH);
+    return false;
+  }
+  if (f->input == nullptr || f->input_length < static_cast<uint32_t>(f->width)) {
+    status = store_double(f, missing_ordinary(), XF_IN_INVALID);
+    return false;
+  }
+  return true;
+}
+
+xf_status read_integer(xf_frame *f, bool big, bool is_signed) {
+  int d = 0;
+  xf_status status = XF_OK;
+  if (!raw_ready(f, 8, d, status)) return status;
+  int w = f->width;
+  uint64_t x = numeric::get_unsigned(field_bytes(f), w, big);
+  bool negative = is_signed && (x >> (8 * w - 1)) != 0;
+  u128 m = x;
+  if (negative) m = (u128{1} << (8 * w)) - x;
+  return store_double(f, scaled_down(negative, m, d), XF_OK);
+}
+
+int nibble(const unsigned char *p, int i) { return (i & 1) ? p[i / 2] & 0x0F : p[i / 2] >> 4; }
+
+// Packed decimal: digit nibbles 0-9; the sign nibble B or D is minus, A, C,
+// E, F plus; a digit in the sign place or a nibble above 9 among the
+// digits makes the field invalid.
+xf_status read_packed(xf_frame *f, bool has_sign) {
+  int d = 0;
+  xf_status status = XF_OK;
+  if (!raw_ready(f, 16, d, status)) return status;
+  const unsigned char *p = field_bytes(f);
+  int digits = 2 * f->width - (has_sign ? 1 : 0);
+  u128 m = 0;
+  for (int i = 0; i < digits; ++i) {
+    int n = nibble(p, i);
+    if (n > 9) return store_double(f, missing_ordinary(), XF_IN_INVALID);
+    m = m * 10 + static_cast<unsigned>(n);
+  }
+  bool negative = false;
+  if (has_sign) {
+    int s = nibble(p, digits);
+    if (s < 0xA) return store_double(f, missing_ordinary(), XF_IN_INVALID);
+    negative = s == 0xB || s == 0xD;
+  }
+  return store_double(f, scaled_down(negative, m, d), XF_OK);
+}
+
+// Zoned decimal: zones F (EBCDIC) or 3 (ASCII digits) before the last
+// byte; the last byte's zone C, F, A, E or 3 is plus, D, B or 7 minus.
+xf_status read_zoned(xf_frame *f) {
+  int d = 0;
+  xf_status status = XF_OK;
+  if (!raw_ready(f, 32, d, status)) return status;
+  const unsigned char *p = field_bytes(f);
+  int w = f->width;
+  u128 m = 0;
+  for (int i = 0; i < w; ++i) {
+    unsigned zone = p[i] >> 4, digit = p[i] & 0x0Fu;
+    if (digit > 9) return store_double(f, missing_ordinary(), XF_IN_INVALID);
+    if (i < w - 1 && zone != 0xF && zone != 0x3) return store_double(f, missing_ordinary(), XF_IN_INVALID);
+    m = m * 10 + digit;
+  }
+  unsigned zone = p[w - 1] >> 4;
+  bool negative = zone == 0xD || zone == 0xB || zone == 0x7;
+  bool positive = zone == 0xC || zone == 0xF || zone == 0xA || zone == 0xE || zone == 0x3;
+  if (!negative && !positive) return store_double(f, missing_ordinary(), XF_IN_INVALID);
+  return store_double(f, scaled_down(negative && m != 0, m, d), XF_OK);
+}
+
+int digit_value(unsigned char c) {
+  if (c >= '0' && c <= '9') return c - '0';
+  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+  return 99;
+}
+
+// Digits of base 2^bits, blanks around them skipped; a blank field is
+// missing (status 0). The value is unsigned. Returns false on a bad digit.
+bool read_digits(const xf_frame *f, int bits, u128 &x, bool &blank) {
+  const unsigned char *p = field_bytes(f);
+  int64_t n = field_length(f);
+  int64_t a = 0;
+  while (a < n && p[a] == ' ') ++a;
+  while (n > a && p[n - 1] == ' ') --n;
+  blank = a == n;
+  x = 0;
+  for (int64_t i = a; i < n; ++i) {
+    int v = digit_value(p[i]);
+    if (v >= (1 << bits)) return false;
+    x = (x << bits) | static_cast<unsigned>(v);
+  }
+  return true;
+}
+
+xf_status radix_informat(xf_frame *f, int bits, int max_w) {
+  if (!can_store_double(f)) return refuse_small_output(f);
+  if (f->width < 1 || f->width > max_w) return store_double(f, missing_ordinary(), XF_IN_BAD_WIDTH);
+  u128 x = 0;
+  bool blank = false;
+  if (!read_digits(f, bits, x, blank)) return store_double(f, missing_ordinary(), XF_IN_INVALID);
+  if (blank) return store_double(f, missing_ordinary(), XF_OK);
+  // Sixteen hex digits are the bits of a double, left padded with zeros.
+  if (bits == 4 && f->width == 16) return store_double(f, bits_double(static_cast<uint64_t>(x)), XF_OK);
+  return store_double(f, static_cast<double>(x), XF_OK);
+}
+
+// Each group of 'per' digits becomes one byte; an incomplete last group is
+// dropped. A bad digit, or an octal group above 377, gives XF_IN_INVALID
+// with the bytes blank.
+xf_status radix_char_informat(xf_frame *f, int bits, int per) {
+  if (f->width < 0) {
+    f->output_length = 0;
+    return XF_IN_BAD_WIDTH;
+  }
+  const unsigned char *p = field_bytes(f);
+  int64_t n = field_length(f);
+  uint32_t bytes = static_cast<uint32_t>(n / per);
+  uint32_t room = f->output == nullptr ? 0 : f->output_capacity;
+  uint32_t k = bytes < room ? bytes : room;
+  unsigned char *out = static_cast<unsigned char *>(f->output);
+  for (uint32_t i = 0; i < k; ++i) {
+    unsigned v = 0;
+    for (int j = 0; j < per; ++j) {
+      int dv = digit_value(p[static_cast<int64_t>(i) * per + j]);
+      if (dv >= (1 << bits)) v = 0x100;
+      else v = (v << bits) | static_cast<unsigned>(dv);
+    }
+    if (v > 0xFF) {
+      std::memset(out, ' ', k);
+      f->output_length = k;
+      return XF_IN_INVALID;
+    }
+    out[i] = static_cast<unsigned char>(v);
+  }
+  f->output_length = k;
+  f->output_encoding = XF_ENC_SINGLE_BYTE;
+  return k < bytes ? XF_E_CAPACITY : XF_OK;
+}
+
+}  // namespace
+}  // namespace xfmt::informats
+
+using namespace xfmt::informats;
+
+extern "C" xf_status zifmib(xf_frame *f) { return read_integer(f, true, true); }
+extern "C" xf_status zifmibr(xf_frame *f) { return read_integer(f, false, true); }
+extern "C" xf_status zifmpib(xf_frame *f) { return read_integer(f, true, false); }
+extern "C" xf_status zifmpibr(xf_frame *f) { return read_integer(f, false, false); }
+extern "C" xf_status zifmpd(xf_frame *f) { return read_packed(f, true); }
+extern "C" xf_status zifmpk(xf_frame *f) { return read_packed(f, false); }
+extern "C" xf_status zifmzd(xf_frame *f) { return read_zoned(f); }
+
+// The first w bytes of a double, most significant first; the rest zero.
+extern "C" xf_status zifmrb(xf_frame *f) {
+  int d = 0;
+  xf_status status = XF_OK;
+  if (!raw_ready(f, 8, d, status)) return status;
+  uint64_t top = xfmt::numeric::get_unsigned(field_bytes(f), f->width, true);
+  double v = xfmt::bits_double(top << (64 - 8 * f->width));
+  if (d > 0 && !xfmt::is_missing(v)) v /= xfmt::numeric::pow10_double(d);
+  return store_double(f, v, XF_OK);
+}
+
+extern "C" xf_status zifmhex(xf_frame *f) { return radix_informat(f, 4, 16); }
+extern "C" xf_status zifmoct(xf_frame *f) { return radix_informat(f, 3, 24); }
+extern "C" xf_status zifmbin(xf_frame *f) { return radix_informat(f, 1, 64); }
+extern "C" xf_status zifmchex(xf_frame *f) { return radix_char_informat(f, 4, 2); }
+extern "C" xf_status zifmcoct(xf_frame *f) { return radix_char_informat(f, 3, 3); }
+extern "C" xf_status zifmcbin(xf_frame *f) { return radix_char_informat(f, 1, 8); }

@@ -1,0 +1,54 @@
+// Byte layouts of the binary number formats, shared by the formats and the
+// informats: the scaled integer of a value, two's complement and packed or
+// zoned decimal fields, and the VAX D-floating layout. Plain functions over
+// caller buffers; nothing here reads a frame.
+#pragma once
+
+#include <cstdint>
+
+#include "numeric/digits.hpp"
+
+namespace xfmt::numeric {
+
+// Result of scaling a value to an integer field.
+enum class scaled_kind { ok, missing, too_low, too_high };
+
+struct scaled_int {
+  scaled_kind kind;
+  bool negative;
+  u128 magnitude;  // |round(v * 10^d)|, below 2^112 whenever kind is ok
+};
+
+// round(v * 10^d), half away from zero, for d 0..31 (others count as 0).
+// Missing values and NaN give missing; a magnitude of 2^112 (5.2e33) or more (or infinity)
+// gives too_low or too_high by sign. The product is one double
+// multiplication: 1.005 with d 2 is 100.49999999999999 and stores 100, the
+// value the double really holds.
+scaled_int scale_value(double v, int32_t d);
+
+// 10^d as a double for d 0..31 (others: 1).
+double pow10_double(int32_t d);
+
+// Writes the low 8*w bits of x (two's complement), most significant byte
+// first (big) or last (little). w 1..16.
+void put_twos(unsigned char *out, int w, u128 x, bool big);
+// Reads w bytes (1..8) as an unsigned integer.
+uint64_t get_unsigned(const unsigned char *in, int w, bool big);
+
+// Packed decimal: 2w - 1 digits and a sign nibble (0xC plus, 0xD minus).
+// magnitude must fit; returns false (nothing written) otherwise.
+bool put_packed(unsigned char *out, int w, u128 magnitude, bool negative);
+// Packed without sign: 2w digits.
+bool put_packed_unsigned(unsigned char *out, int w, u128 magnitude);
+// Zoned: w digits 0xF0-0xF9, the last with zone 0xC (plus) or 0xD (minus).
+bool put_zoned(unsigned char *out, int w, u128 magnitude, bool negative);
+
+// The largest magnitude of n decimal digits (n 0..38): 10^n - 1.
+u128 all_nines(int n);
+
+// VAX D-floating in its memory order (16-bit words little-endian, the most
+// significant word first). Returns false when |v| is past the largest
+// D-floating value; values below the smallest give zero.
+bool vax_d_bits(double v, unsigned char out[8]);
+
+}  // namespace xfmt::numeric

@@ -1,0 +1,198 @@
+// The binary informats: exact bytes read, bad input, and round trips from
+// each format through its informat.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "catalog/missing.hpp"
+#include "support/frame.hpp"
+#include "support/random.hpp"
+#include "xfmt/xfmt.h"
+
+namespace {
+
+using xfmt::test::frame_box;
+
+struct read_row {
+  std::string bytes;
+  int32_t w;
+  int32_t d;
+  double value;
+  xf_status status;
+};
+
+void check_read(xf_routine routine, const char *name, const read_row &r) {
+  frame_box b = frame_box::chars(r.bytes, r.w, r.d, 8);
+  xf_status st = routine(&b.f);
+  EXPECT_EQ(st, r.status) << name << " w " << r.w;
+  EXPECT_EQ(b.f.output_length, 8u);
+  if (xfmt::is_missing(r.value)) EXPECT_EQ(xfmt::double_bits(b.result()), xfmt::double_bits(r.value)) << name;
+  else EXPECT_EQ(b.result(), r.value) << name << " w " << r.w;
+}
+
+const double dot = xfmt::missing_ordinary();
+std::string B(std::initializer_list<int> v) {
+  std::string s;
+  for (int c : v) s.push_back(static_cast<char>(c));
+  return s;
+}
+
+TEST(binary_informats, integer_bytes) {
+  check_read(zifmib, "@IB", {B({0xFF, 0xFE}), 2, 0, -2, XF_OK});
+  check_read(zifmib, "@IB", {B({0x80}), 1, 0, -128, XF_OK});
+  check_read(zifmib, "@IB", {B({0x04, 0xD2}), 2, 2, 12.34, XF_OK});
+  check_read(zifmib, "@IB", {B({0x80, 0, 0, 0, 0, 0, 0, 0}), 8, 0, -9223372036854775808.0, XF_OK});
+  check_read(zifmib, "@IB", {B({0x01}), 2, 0, dot, XF_IN_INVALID});  // one byte short
+  check_read(zifmib, "@IB", {B({0x01}), 0, 0, dot, XF_IN_BAD_WIDTH});
+  check_read(zifmib, "@IB", {B({0x01}), 9, 0, dot, XF_IN_BAD_WIDTH});
+  check_read(zifmib, "@IB", {B({0x01}), 1, 32, dot, XF_IN_BAD_WIDTH});
+  check_read(zifmibr, "@IBR", {B({0xFE, 0xFF}), 2, 0, -2, XF_OK});
+  check_read(zifmpib, "@PIB", {B({0xFF, 0xFE}), 2, 0, 65534, XF_OK});
+  check_read(zifmpibr, "@PIBR", {B({0x01, 0x02}), 2, 0, 513, XF_OK});
+  check_read(zifmpib, "@PIB", {B({0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}), 8, 0, 18446744073709551615.0, XF_OK});
+}
+
+TEST(binary_informats, decimal_bytes) {
+  check_read(zifmpd, "@PD", {B({0x12, 0x3C}), 2, 0, 123, XF_OK});
+  check_read(zifmpd, "@PD", {B({0x12, 0x3D}), 2, 1, -12.3, XF_OK});
+  check_read(zifmpd, "@PD", {B({0x12, 0x3B}), 2, 0, -123, XF_OK});
+  check_read(zifmpd, "@PD", {B({0x12, 0x3F}), 2, 0, 123, XF_OK});
+  check_read(zifmpd, "@PD", {B({0x12, 0x39}), 2, 0, dot, XF_IN_INVALID});   // digit in the sign place
+  check_read(zifmpd, "@PD", {B({0x1A, 0x3C}), 2, 0, dot, XF_IN_INVALID});   // nibble above 9
+  check_read(zifmpk, "@PK", {B({0x12, 0x34}), 2, 0, 1234, XF_OK});
+  check_read(zifmpk, "@PK", {B({0x12, 0x34}), 2, 2, 12.34, XF_OK});
+  check_read(zifmpk, "@PK", {B({0x1C}), 1, 0, dot, XF_IN_INVALID});
+  check_read(zifmzd, "@ZD", {B({0xF1, 0xF2, 0xC3}), 3, 0, 123, XF_OK});
+  check_read(zifmzd, "@ZD", {B({0xF1, 0xF2, 0xD3}), 3, 0, -123, XF_OK});
+  check_read(zifmzd, "@ZD", {"123", 3, 1, 12.3, XF_OK});                    // ASCII digits
+  check_read(zifmzd, "@ZD", {B({'1', '2', 0x73}), 3, 0, -123, XF_OK});      // ASCII negative zone
+  check_read(zifmzd, "@ZD", {B({0xF1, 0xC2, 0xC3}), 3, 0, dot, XF_IN_INVALID});
+  check_read(zifmzd, "@ZD", {B({0xF1, 0xFA}), 2, 0, dot, XF_IN_INVALID});
+  check_read(zifmzd, "@ZD", {B({0xF1, 0x52}), 2, 0, dot, XF_IN_INVALID});
+}
+
+TEST(binary_informats, rb_and_radix_text) {
+  check_read(zifmrb, "@RB", {B({0x3F, 0xF0}), 2, 0, 1, XF_OK});
+  check_read(zifmrb, "@RB", {B({0x40, 0x2E, 0, 0, 0, 0, 0, 0}), 8, 1, 1.5, XF_OK});
+  check_read(zifmhex, "@HEX", {"FF", 2, 0, 255, XF_OK});
+  check_read(zifmhex, "@HEX", {" ff ", 4, 0, 255, XF_OK});
+  check_read(zifmhex, "@HEX", {"3FF0000000000000", 16, 0, 1, XF_OK});
+  check_read(zifmhex, "@HEX", {"    ", 4, 0, dot, XF_OK});
+  check_read(zifmhex, "@HEX", {"FG", 2, 0, dot, XF_IN_INVALID});
+  check_read(zifmhex, "@HEX", {"F", 17, 0, dot, XF_IN_BAD_WIDTH});
+  check_read(zifmoct, "@OCTAL", {"777", 3, 0, 511, XF_OK});
+  check_read(zifmoct, "@OCTAL", {"8", 1, 0, dot, XF_IN_INVALID});
+  check_read(zifmbin, "@BINARY", {"00000101", 8, 0, 5, XF_OK});
+  check_read(zifmbin, "@BINARY", {"0102", 4, 0, dot, XF_IN_INVALID});
+  frame_box small = frame_box::chars("01", 2, 0, 7);
+  EXPECT_EQ(zifmbin(&small.f), XF_E_CAPACITY);
+  EXPECT_EQ(small.f.output_length, 0u);
+}
+
+TEST(binary_informats, character_digits) {
+  frame_box h = frame_box::chars("41426", 5, 0, 2);
+  EXPECT_EQ(zifmchex(&h.f), XF_OK);
+  EXPECT_EQ(h.str(), "AB");  // the incomplete last group is dropped
+  frame_box o = frame_box::chars("101102", 6, 0, 2);
+  EXPECT_EQ(zifmcoct(&o.f), XF_OK);
+  EXPECT_EQ(o.str(), "AB");
+  frame_box bi = frame_box::chars("01000001", 8, 0, 1);
+  EXPECT_EQ(zifmcbin(&bi.f), XF_OK);
+  EXPECT_EQ(bi.str(), "A");
+  frame_box bad = frame_box::chars("4X", 2, 0, 1);
+  EXPECT_EQ(zifmchex(&bad.f), XF_IN_INVALID);
+  EXPECT_EQ(bad.str(), " ");
+  frame_box big = frame_box::chars("400", 3, 0, 1);
+  EXPECT_EQ(zifmcoct(&big.f), XF_IN_INVALID);
+  frame_box cut = frame_box::chars("414243", 6, 0, 2);
+  EXPECT_EQ(zifmchex(&cut.f), XF_E_CAPACITY);
+  EXPECT_EQ(cut.str(), "AB");
+  frame_box neg = frame_box::chars("41", -1, 0, 2);
+  EXPECT_EQ(zifmchex(&neg.f), XF_IN_BAD_WIDTH);
+}
+
+// Format then informat gives back round(v x 10^d) / 10^d for every value
+// that fits, and the character forms give back every byte string.
+struct pair_entry {
+  xf_routine format;
+  xf_routine informat;
+  int max_w;
+  bool is_signed;
+  const char *name;
+};
+
+struct radix_pair {
+  xf_routine format;
+  xf_routine informat;
+  int w;
+};
+
+TEST(binary_informats, round_trips) {
+  const pair_entry pairs[] = {{zfmib, zifmib, 8, true, "IB"},     {zfmibr, zifmibr, 8, true, "IBR"},
+                              {zfmpib, zifmpib, 8, false, "PIB"}, {zfmpibr, zifmpibr, 8, false, "PIBR"},
+                              {zfmpd, zifmpd, 16, true, "PD"},    {zfmpk, zifmpk, 16, false, "PK"},
+                              {zfmzd, zifmzd, 32, true, "ZD"}};
+  std::mt19937_64 g = xfmt::test::rng(0xB3);
+  uint64_t n = xfmt::test::scaled(20000);
+  for (uint64_t i = 0; i < n; ++i) {
+    const pair_entry &p = pairs[g() % 7];
+    int w = 1 + static_cast<int>(g() % static_cast<uint64_t>(p.max_w));
+    int d = static_cast<int>(g() % 4);
+    // At most 2^53 after scaling, so the integer is exact and the informat
+    // divides it once.
+    int64_t k = static_cast<int64_t>(g() >> (11 + g() % 53));
+    if (p.is_signed && g() % 2) k = -k;
+    double v = static_cast<double>(k) / std::pow(10.0, d);
+    frame_box out = frame_box::number(v, w, d);
+    xf_status st = p.format(&out.f);
+    if (st != XF_OK) continue;
+    frame_box in = frame_box::chars(out.str(), w, d, 8);
+    ASSERT_EQ(p.informat(&in.f), XF_OK) << p.name;
+    double want = std::round(v * std::pow(10.0, d)) / std::pow(10.0, d);
+    ASSERT_EQ(in.result(), want) << p.name << " k " << k << " w " << w << " d " << d;
+  }
+  for (int w = 1; w <= 8; ++w) {  // RB: the top w bytes of the double
+    double v = -1234.5678;
+    frame_box out = frame_box::number(v, w, 0);
+    ASSERT_EQ(zfmrb(&out.f), XF_OK);
+    frame_box in = frame_box::chars(out.str(), w, 0, 8);
+    ASSERT_EQ(zifmrb(&in.f), XF_OK);
+    uint64_t mask = w == 8 ? ~uint64_t{0} : ~(~uint64_t{0} >> (8 * w));
+    EXPECT_EQ(xfmt::double_bits(in.result()), xfmt::double_bits(v) & mask) << "w " << w;
+  }
+  for (double v : {0.0, 1.0, 255.0, 4095.0, 65535.0}) {
+    const radix_pair radix[] = {{zfmhex, zifmhex, 4}, {zfmoct, zifmoct, 6}, {zfmbin, zifmbin, 16}};
+    for (auto [f, inf, w] : radix) {
+      frame_box out = frame_box::number(v, w, 0);
+      ASSERT_EQ(f(&out.f), XF_OK);
+      frame_box in = frame_box::chars(out.str(), w, 0, 8);
+      ASSERT_EQ(inf(&in.f), XF_OK);
+      EXPECT_EQ(in.result(), v);
+    }
+  }
+  std::string all;
+  for (int c = 0; c < 256; ++c) all.push_back(static_cast<char>(c));
+  const radix_pair chars[] = {{zfmchex, zifmchex, 2}, {zfmcoct, zifmcoct, 3}, {zfmcbin, zifmcbin, 8}};
+  for (auto [f, inf, per] : chars) {
+    frame_box out = frame_box::chars(all, 256 * per);
+    ASSERT_EQ(f(&out.f), XF_OK);
+    frame_box in = frame_box::chars(out.str(), 256 * per, 0, 256);
+    ASSERT_EQ(inf(&in.f), XF_OK);
+    EXPECT_EQ(in.str(), all);
+  }
+}
+
+TEST(binary_informats, hex16_round_trips_every_value) {
+  std::mt19937_64 g = xfmt::test::rng(0xB4);
+  for (uint64_t i = 0; i < xfmt::test::scaled(2000); ++i) {
+    uint64_t bits = g();
+    frame_box out = frame_box::number(xfmt::bits_double(bits), 16, 0);
+    ASSERT_EQ(zfmhex(&out.f), XF_OK);
+    frame_box in = frame_box::chars(out.str(), 16, 0, 8);
+    ASSERT_EQ(zifmhex(&in.f), XF_OK);
+    ASSERT_EQ(xfmt::double_bits(in.result()), bits);
+  }
+}
+
+}  // namespace

@@ -1,0 +1,26 @@
+// Slow reference of the binary formats: the scaled integer printed in
+// decimal by snprintf, then turned into bytes digit by digit with decimal
+// string arithmetic (base-256 long division, nibbles, zones), and the radix
+// formats by repeated division of that decimal text.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "xfmt/xfmt.h"
+
+namespace xfmt::oracle {
+
+struct bytes_result {
+  std::string bytes;
+  xf_status status = 0;
+};
+
+// kind: 'I' IB, 'i' IBR, 'P' PIB, 'p' PIBR, 'D' PD, 'K' PK, 'Z' ZD.
+bytes_result binary_oracle(char kind, double value, int w, int d);
+
+// HEX (base 16), OCTAL (8), BINARY (2) for w below 16 digits of hex: the
+// text, or w '*' with XF_E_OVERFLOW. Not for missing values.
+bytes_result radix_oracle(int base, double value, int w);
+
+}  // namespace xfmt::oracle
