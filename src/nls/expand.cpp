@@ -28,43 +28,18 @@ struct sink {
   char *p;
   size_t room;
   size_t n = 0;
-  // Cleared by any text the encoder would have to convert: the caller then
-  // need not read the text back to know (reading back bytes just stored one
-  // at a time stalls on store forwarding). Single characters are digits,
-  // signs and punctuation of the conversions, never such bytes.
-  bool ascii = true;
 
   void put(char c) {
     if (n < room) p[n] = c;
     ++n;
   }
   void put(std::string_view s) {
-    const size_t k = s.size();
-    ascii = ascii && plain_text(s);
-    if (n + k <= room) {
-      copy_short(p + n, s.data(), k);
-      n += k;
+    if (n + s.size() <= room) {
+      if (!s.empty()) std::memcpy(p + n, s.data(), s.size());
+      n += s.size();
       return;
     }
-    for (char c : s) {
-      if (n < room) p[n] = c;
-      ++n;
-    }
-  }
-  // Names and literals are mostly under 16 bytes: two overlapping fixed-size
-  // copies cover 4..16 bytes without a call into the C library.
-  static void copy_short(char *to, const char *from, size_t k) {
-    if (k >= 8 && k <= 16) {
-      std::memcpy(to, from, 8);
-      std::memcpy(to + k - 8, from + k - 8, 8);
-    } else if (k >= 4 && k < 8) {
-      std::memcpy(to, from, 4);
-      std::memcpy(to + k - 4, from + k - 4, 4);
-    } else if (k < 4) {
-      for (size_t i = 0; i < k; ++i) to[i] = from[i];
-    } else {
-      std::memcpy(to, from, k);
-    }
+    for (char c : s) put(c);
   }
   void blanks(size_t k) {
     while (k--) put(' ');
@@ -451,25 +426,6 @@ bool parse(const char *p, size_t n, size_t &i, conversion &c) {
 
 }  // namespace
 
-// Eight bytes at a time: a high bit set anywhere, or a byte equal to '<' (a
-// zero byte of x = v ^ "<<<<<<<<", found by the usual (x - 0x01..) & ~x &
-// 0x80.. test, which has no false positives), rules the text out.
-bool plain_text(std::string_view t) {
-  constexpr uint64_t ones = 0x0101010101010101u, highs = 0x8080808080808080u;
-  constexpr uint64_t angles = ones * static_cast<uint64_t>('<');
-  const size_t n = t.size();
-  size_t i = 0;
-  for (; i + 8 <= n; i += 8) {
-    uint64_t v;
-    std::memcpy(&v, t.data() + i, sizeof v);
-    const uint64_t x = v ^ angles;
-    if (((v & highs) | ((x - ones) & ~x & highs)) != 0) return false;
-  }
-  for (; i < n; ++i)
-    if (static_cast<unsigned char>(t[i]) >= 0x80 || t[i] == '<') return false;
-  return true;
-}
-
 size_t escaped_length(std::string_view t) {
   size_t n = 0;
   for (size_t i = 0; i < t.size(); ++n) {
@@ -500,8 +456,7 @@ int era_year(const moment &m, std::string_view country) {
 }
 
 int expand_text(const moment &m, const field_reader &loc, const char *pattern,
-                size_t pattern_length, char *text, size_t room, size_t *length, int32_t decimals,
-                bool *plain) {
+                size_t pattern_length, char *text, size_t room, size_t *length, int32_t decimals) {
   // Most patterns hold no "%x" or "%X": they are read in place.
   char inlined[work_room];
   const char *first = pattern;
@@ -535,7 +490,6 @@ int expand_text(const moment &m, const field_reader &loc, const char *pattern,
     if (!convert(s, c, m, loc, decimals)) return expand_bad_letter;
   }
   *length = s.n;
-  if (plain != nullptr) *plain = s.ascii;
   return expand_fits;
 }
 

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 #include "nls/locale.hpp"
@@ -71,14 +72,28 @@ int expand(const moment &m, const field_reader &loc, const char *pattern, size_t
 
 // The expansion alone: at most room bytes of text, its full length in
 // *length (more than room: the text was cut). expand_fits or expand_bad_letter.
-// With plain, *plain tells whether the whole text (also a part cut off) is
-// ASCII without "<", text the encoder would pass on unchanged.
 int expand_text(const moment &m, const field_reader &loc, const char *pattern,
-                size_t pattern_length, char *text, size_t room, size_t *length, int32_t decimals,
-                bool *plain = nullptr);
+                size_t pattern_length, char *text, size_t room, size_t *length, int32_t decimals);
 
-// ASCII without "<".
-bool plain_text(std::string_view text);
+// ASCII without "<": text the encoder passes on unchanged.
+// Eight bytes at a time: a high bit set anywhere, or a byte equal to '<' (a
+// zero byte of x = v ^ "<<<<<<<<", found by the usual (x - 0x01..) & ~x &
+// 0x80.. test, which has no false positives), rules the text out.
+inline bool plain_text(std::string_view t) {
+  constexpr uint64_t ones = 0x0101010101010101u, highs = 0x8080808080808080u;
+  constexpr uint64_t angles = ones * static_cast<uint64_t>('<');
+  const size_t n = t.size();
+  size_t i = 0;
+  for (; i + 8 <= n; i += 8) {
+    uint64_t v;
+    std::memcpy(&v, t.data() + i, sizeof v);
+    const uint64_t x = v ^ angles;
+    if (((v & highs) | ((x - ones) & ~x & highs)) != 0) return false;
+  }
+  for (; i < n; ++i)
+    if (static_cast<unsigned char>(t[i]) >= 0x80 || t[i] == '<') return false;
+  return true;
+}
 
 // Era-adjusted year of "%+Y" for the locale's country code (field 5).
 int era_year(const moment &m, std::string_view country);

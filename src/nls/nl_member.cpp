@@ -74,8 +74,8 @@ int format_one(xf_frame *f, const moment &m, const field_reader &loc, const char
 // stars), so the expander may write there straight away. Text that is plain
 // ASCII and fits needs no encoding: that is the result. Anything else goes
 // the general way, whose result is the same by construction:
-//   plain text longer than w: at least w + 1 characters, so the encoder
-//     would have shortened it;
+//   text longer than w whose first w bytes are plain: at least w + 1
+//     characters, so the encoder would have shortened it;
 //   text that fits but is not plain: encoded from a copy;
 //   text cut short otherwise: the expansion is repeated with full room.
 int format_one_in_place(xf_frame *f, const moment &m, const field_reader &loc, int code,
@@ -88,13 +88,13 @@ int format_one_in_place(xf_frame *f, const moment &m, const field_reader &loc, i
   if (room > text_room) room = static_cast<uint32_t>(text_room);
   char *field = frame_out(f);
   int32_t len = static_cast<int32_t>(room);
-  bool plain = false;
-  const int r = zkf_expand(m, loc, nullptr, 0, code, field, &len, d, &plain);
-  if (r == expand_fits && plain) {
+  const int r = zkf_expand(m, loc, nullptr, 0, code, field, &len, d);
+  if (r == expand_fits && plain_text(std::string_view(field, static_cast<size_t>(len)))) {
     out.n = static_cast<uint32_t>(len);
     return len - f->width;  // zero or negative: fits whole
   }
-  if (r == expand_too_long && room == w && plain) return encode_shortened;
+  if (r == expand_too_long && room == w && plain_text(std::string_view(field, room)))
+    return encode_shortened;
   if (r == expand_fits) {  // escapes or Latin-1 bytes: encode from a copy
     char text[text_room];
     std::memcpy(text, field, static_cast<size_t>(len));

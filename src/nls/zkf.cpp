@@ -90,7 +90,7 @@ moment datetime_moment_of(double value, int32_t decimals, bool with_date) {
 }
 
 int zkf_expand(const moment &m, const field_reader &loc, const char *pattern, size_t pattern_length,
-               int code, char *text, int32_t *length, int32_t decimals, bool *plain) {
+               int code, char *text, int32_t *length, int32_t decimals) {
   // A locale pattern with " %z" appended: patterns are short, 200 is ample.
   char joined[256];
   std::string_view p;
@@ -107,7 +107,7 @@ int zkf_expand(const moment &m, const field_reader &loc, const char *pattern, si
   }
   const size_t room = *length > 0 ? static_cast<size_t>(*length) : 0;
   size_t n = 0;
-  const int r = expand_text(m, loc, p.data(), p.size(), text, room, &n, decimals, plain);
+  const int r = expand_text(m, loc, p.data(), p.size(), text, room, &n, decimals);
   if (r != expand_fits) return r;
   if (n > room) return expand_too_long;  // text holds its first room bytes
   *length = static_cast<int32_t>(n);

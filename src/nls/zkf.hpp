@@ -30,8 +30,7 @@ moment datetime_moment_of(double value, int32_t decimals, bool with_date);
 // Expands pattern (or, when pattern is null, the locale field code & 0xFF)
 // for the moment into text (room *length); appends " %z" when the code asks.
 // Returns the expand result, or zkf_unreadable; *length gets the length.
-// plain as for expand_text.
 int zkf_expand(const moment &m, const field_reader &loc, const char *pattern, size_t pattern_length,
-               int code, char *text, int32_t *length, int32_t decimals, bool *plain = nullptr);
+               int code, char *text, int32_t *length, int32_t decimals);
 
 }  // namespace xfmt::nls
