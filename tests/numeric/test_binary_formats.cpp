@@ -269,12 +269,14 @@ TEST(binary_formats, through_the_catalog) {
     std::string got = b.str();
     bool text = std::strcmp(e.name, "HEX") == 0 || std::strcmp(e.name, "BINARY") == 0;
     EXPECT_EQ(text ? got : hex(got), e.bytes) << e.name;
+    EXPECT_EQ(xfdel(h), XF_OK);
   }
   void *h = nullptr;
   ASSERT_EQ(xfname("IB", 2, 73, nullptr, &h), XF_OK);
   frame_box in = frame_box::chars(std::string("\xFF\xFE", 2), 2, 0, 8);
   EXPECT_EQ(xffmt(&in.f, h), XF_OK);
   EXPECT_EQ(in.result(), -2.0);
+  EXPECT_EQ(xfdel(h), XF_OK);
 }
 
 }  // namespace
