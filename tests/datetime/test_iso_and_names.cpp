@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "support/format_rows.hpp"
 #include "catalog/missing.hpp"
 #include "support/frame.hpp"
 #include "xfmt/xfmt.h"
@@ -12,21 +13,8 @@ namespace {
 
 using xfmt::test::frame_box;
 
-struct row {
-  xf_routine routine;
-  const char *name;
-  double value;
-  int32_t w, d;
-  const char *text;
-  xf_status status;
-};
-
-void check(const row &r) {
-  frame_box b = frame_box::number(r.value, r.w, r.d);
-  const xf_status st = r.routine(&b.f);
-  EXPECT_EQ(b.str(), r.text) << r.name << r.w << "." << r.d << " of " << r.value;
-  EXPECT_EQ(st, r.status) << r.name << r.w << "." << r.d << " of " << r.value;
-}
+using xfmt::test::check;
+using xfmt::test::row;
 
 const double d20230704 = 23195;
 const double dt20230704 = 23195 * 86400.0 + 45296.789;  // 2023-07-04T12:34:56.789

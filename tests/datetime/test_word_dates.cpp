@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <string>
 
+#include "support/format_rows.hpp"
 #include "catalog/missing.hpp"
 #include "catalog/platform.hpp"
 #include "oracle/word_dates_oracle.hpp"
@@ -19,21 +20,8 @@ namespace {
 
 using xfmt::test::frame_box;
 
-struct row {
-  xf_routine routine;
-  const char *name;
-  double value;
-  int32_t w, d;
-  const char *text;
-  xf_status status;
-};
-
-void check(const row &r) {
-  frame_box b = frame_box::number(r.value, r.w, r.d);
-  const xf_status st = r.routine(&b.f);
-  EXPECT_EQ(b.str(), r.text) << r.name << r.w << "." << r.d << " of " << r.value;
-  EXPECT_EQ(st, r.status) << r.name << r.w << "." << r.d << " of " << r.value;
-}
+using xfmt::test::check;
+using xfmt::test::row;
 
 const double jul4 = 23195;    // 2023-07-04, a Tuesday
 const double sep27 = 23280;   // 2023-09-27, a Wednesday
