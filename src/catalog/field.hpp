@@ -31,8 +31,22 @@ inline uint32_t field_room(const xf_frame *f, int32_t w) {
   return uw < f->output_capacity ? uw : f->output_capacity;
 }
 
+// Short runs (the blanks after a text, a few stars) are written with two
+// overlapping stores instead of a call.
 inline void fill_bytes(char *out, uint32_t n, char c) {
-  if (n) std::memset(out, c, n);
+  const uint64_t eight = 0x0101010101010101u * static_cast<unsigned char>(c);
+  if (n >= 8 && n <= 16) {
+    std::memcpy(out, &eight, 8);
+    std::memcpy(out + n - 8, &eight, 8);
+  } else if (n >= 4 && n < 8) {
+    const auto four = static_cast<uint32_t>(eight);
+    std::memcpy(out, &four, 4);
+    std::memcpy(out + n - 4, &four, 4);
+  } else if (n < 4) {
+    for (uint32_t i = 0; i < n; ++i) out[i] = c;
+  } else {
+    std::memset(out, c, n);
+  }
 }
 
 // Fills min(w, capacity) positions with '*', sets the output length to that

@@ -125,10 +125,15 @@ constexpr ymd ymd_in_range(int64_t n) {
              static_cast<int32_t>((n3 & 0xFFFF) / 2141 + 1)};
 }
 
+// Days of a common year before the first of each month (index 1..12). At
+// namespace scope: a table local to the function was built on the stack
+// at every call.
+inline constexpr int32_t common_days_before[13] = {0,   0,   31,  59,  90,  120, 151,
+                                                  181, 212, 243, 273, 304, 334};
+
 // Day of the year (1-based) of a calendar day.
 constexpr int32_t day_of_year(int64_t y, int32_t m, int32_t d) {
-  constexpr int32_t before[13] = {0, 0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
-  return before[m] + d + (m > 2 && is_leap(y) ? 1 : 0);
+  return common_days_before[m] + d + (m > 2 && is_leap(y) ? 1 : 0);
 }
 
 // The calendar day of an in-range date value (fraction dropped by floor).

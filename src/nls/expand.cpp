@@ -80,14 +80,6 @@ struct sink {
   void stars() { put("**"); }
 };
 
-// One parsed conversion: "%", flags, letter.
-struct conversion {
-  bool hash = false;   // "#": no padding, second set of names
-  bool era = false;    // "+": era year
-  bool lower = false;  // lower-case variant (or "?")
-  char letter = 0;     // upper case, "m" already turned into 'N'
-};
-
 // A two-digit number: zero padded by default, unpadded under "#"; a value
 // of 100 or more keeps only its last two digits when padded.
 void two(sink &s, const conversion &c, int64_t v) {
@@ -107,15 +99,6 @@ void name(sink &s, const field_reader &loc, int field, size_t pad_to = 0) {
   if (pad_to == 0) return;
   size_t len = escaped_length(t);
   if (pad_to > len) s.blanks(pad_to - len);
-}
-
-// Longest name, in characters, of count fields from first on.
-size_t longest(const field_reader &loc, int first, int count) {
-  size_t best = 0;
-  std::string_view t;
-  for (int i = 0; i < count; ++i)
-    if (loc.get(first + i, &t)) best = std::max(best, escaped_length(t));
-  return best;
 }
 
 // Process time zone for "%z" and "%Z": read afresh for each conversion, the
@@ -230,7 +213,7 @@ bool convert(sink &s, const conversion &c, const moment &m, const field_reader &
       return true;
     case 'F': {
       int first = lower ? (c.hash ? 121 : 107) : (c.hash ? 128 : 114);
-      name(s, loc, first + m.wday, longest(loc, first, 7));
+      name(s, loc, first + m.wday, longest_name(loc, first, 7));
       return true;
     }
     case 'B':
@@ -238,7 +221,7 @@ bool convert(sink &s, const conversion &c, const moment &m, const field_reader &
       return true;
     case 'C': {
       int first = c.hash ? 95 : 71;
-      name(s, loc, first + m.month - 1, longest(loc, first, 12));
+      name(s, loc, first + m.month - 1, longest_name(loc, first, 12));
       return true;
     }
     case 'D':
@@ -398,8 +381,19 @@ size_t inline_patterns(const char *p, size_t n, const field_reader &loc, char *o
   return len;
 }
 
-// Reads the conversion that starts after a "%" at p[i]; advances i past it.
-bool parse(const char *p, size_t n, size_t &i, conversion &c) {
+}  // namespace
+
+size_t escaped_length(std::string_view t) {
+  size_t n = 0;
+  for (size_t i = 0; i < t.size(); ++n) {
+    bool esc =
+        t[i] == '<' && i + 7 <= t.size() && (t[i + 1] == 'U' || t[i + 1] == 'u') && t[i + 6] == '>';
+    i += esc ? 7 : 1;
+  }
+  return n;
+}
+
+bool parse_conversion(const char *p, size_t n, size_t &i, conversion &c) {
   if (i < n && (p[i] == '#' || p[i] == '0')) c.hash = p[i++] == '#';
   if (i < n && p[i] >= '1' && p[i] <= '9') ++i;
   if (i < n && p[i] == '+') {
@@ -424,16 +418,24 @@ bool parse(const char *p, size_t n, size_t &i, conversion &c) {
   return true;
 }
 
-}  // namespace
+std::string_view prepare_pattern(const char *pattern, size_t pattern_length,
+                                 const field_reader &loc, char *buffer, size_t room) {
+  bool inline_needed = false;
+  for (size_t i = 0; i + 1 < pattern_length && !inline_needed; ++i)
+    inline_needed = pattern[i] == '%' && (pattern[i + 1] == 'x' || pattern[i + 1] == 'X');
+  if (inline_needed)
+    return {buffer, inline_patterns(pattern, pattern_length, loc, buffer, room)};
+  size_t n = pattern_length;
+  while (n > 0 && pattern[n - 1] == ' ') --n;
+  return {pattern, n};
+}
 
-size_t escaped_length(std::string_view t) {
-  size_t n = 0;
-  for (size_t i = 0; i < t.size(); ++n) {
-    bool esc =
-        t[i] == '<' && i + 7 <= t.size() && (t[i + 1] == 'U' || t[i + 1] == 'u') && t[i + 6] == '>';
-    i += esc ? 7 : 1;
-  }
-  return n;
+size_t longest_name(const field_reader &loc, int first, int count) {
+  size_t best = 0;
+  std::string_view t;
+  for (int i = 0; i < count; ++i)
+    if (loc.get(first + i, &t)) best = std::max(best, escaped_length(t));
+  return best;
 }
 
 // Japanese eras from Meiji to Heisei: the first day of each (days from
@@ -457,19 +459,11 @@ int era_year(const moment &m, std::string_view country) {
 
 int expand_text(const moment &m, const field_reader &loc, const char *pattern,
                 size_t pattern_length, char *text, size_t room, size_t *length, int32_t decimals) {
-  // Most patterns hold no "%x" or "%X": they are read in place.
   char inlined[work_room];
-  const char *first = pattern;
-  size_t n = pattern_length;
-  bool inline_needed = false;
-  for (size_t i = 0; i + 1 < n && !inline_needed; ++i)
-    inline_needed = pattern[i] == '%' && (pattern[i + 1] == 'x' || pattern[i + 1] == 'X');
-  if (inline_needed) {
-    n = inline_patterns(pattern, pattern_length, loc, inlined, sizeof inlined);
-    first = inlined;
-  } else {
-    while (n > 0 && pattern[n - 1] == ' ') --n;
-  }
+  const std::string_view prepared =
+      prepare_pattern(pattern, pattern_length, loc, inlined, sizeof inlined);
+  const char *first = prepared.data();
+  const size_t n = prepared.size();
   sink s{text, room};
   for (size_t i = 0; i < n;) {
     if (first[i] != '%') {  // literal text up to the next conversion (a few bytes)
@@ -486,7 +480,7 @@ int expand_text(const moment &m, const field_reader &loc, const char *pattern,
       continue;
     }
     conversion c;
-    if (!parse(first, n, i, c)) return expand_bad_letter;
+    if (!parse_conversion(first, n, i, c)) return expand_bad_letter;
     if (!convert(s, c, m, loc, decimals)) return expand_bad_letter;
   }
   *length = s.n;

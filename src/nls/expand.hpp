@@ -57,6 +57,24 @@ struct moment {
   double second = 0;  // 0 <= s < 60, fraction kept
 };
 
+// One conversion of a pattern: "%", flags, letter.
+struct conversion {
+  bool hash = false;   // "#": no padding, second set of names
+  bool era = false;    // "+": era year
+  bool lower = false;  // lower-case variant (or "?")
+  char letter = 0;     // upper case, "m" already turned into 'N'
+};
+
+// Reads the conversion that starts after a "%" at p[i] and advances i past
+// it; false when the pattern ends first.
+bool parse_conversion(const char *p, size_t n, size_t &i, conversion &c);
+
+// The pattern as the expander walks it: "%x" and "%X" replaced by the
+// locale's date and time patterns (written to buffer, room bytes), trailing
+// blanks dropped. Most patterns hold neither and are returned in place.
+std::string_view prepare_pattern(const char *pattern, size_t pattern_length,
+                                 const field_reader &loc, char *buffer, size_t room);
+
 // Outcome of expand.
 inline constexpr int expand_fits = 0;
 inline constexpr int expand_too_long = 1;
@@ -100,5 +118,9 @@ int era_year(const moment &m, std::string_view country);
 
 // Length in characters of a record text: each "<UXXXX>" escape counts one.
 size_t escaped_length(std::string_view text);
+
+// Longest name, in characters, of count fields from first on (the width of
+// the padded name conversions).
+size_t longest_name(const field_reader &loc, int first, int count);
 
 }  // namespace xfmt::nls

@@ -18,8 +18,12 @@ inline constexpr int locale_field_count = 189;
 // "en_US" when unset), read anew on every call; 0 when none matches.
 int resolve_locale_id(int id);
 
-// resolve_locale_id of the frame's locale bits (option_word & 0xFFFF).
-int frame_locale_id(const xf_frame *f);
+// resolve_locale_id of the frame's locale bits (option_word & 0xFFFF); the
+// usual case, a record number, without a call.
+inline int frame_locale_id(const xf_frame *f) {
+  const int id = static_cast<int>(f->option_word & XF_OPT_LOCALE_MASK);
+  return id >= 1 && id <= locale_count ? id : resolve_locale_id(id);
+}
 
 // The field's text as stored (escapes not expanded), for an id already
 // resolved (1..136); empty for a bad id or field, or an empty field.

@@ -44,9 +44,6 @@ int resolve_locale_id(int id) {
   return match_environment(env != nullptr ? env : "en_US");
 }
 
-int frame_locale_id(const xf_frame *f) {
-  return resolve_locale_id(static_cast<int>(f->option_word & XF_OPT_LOCALE_MASK));
-}
 
 bool locale_field_ok(int id, int field) {
   return id >= 1 && id <= locale_count && field >= 0 && field < locale_field_count;

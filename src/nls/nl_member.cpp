@@ -5,9 +5,12 @@
 
 #include <cmath>
 #include <cstring>
+#include <optional>
 #include <string_view>
 
 #include "catalog/field.hpp"
+#include "datetime/calendar.hpp"
+#include "nls/date_plan.hpp"
 #include "nls/locale_reader.hpp"
 #include "nls/nl_encode.hpp"
 #include "nls/zkf.hpp"
@@ -103,6 +106,86 @@ int format_one_in_place(xf_frame *f, const moment &m, const field_reader &loc, i
   }
   if (r != expand_too_long) return format_failed;
   return format_one(f, m, loc, nullptr, 0, code, d, false, out);
+}
+
+// The moment of the frame's value, taken apart only when a pattern goes
+// through the expander: the compiled date patterns need just the day.
+class lazy_moment {
+ public:
+  lazy_moment(value_kind kind, double value, int32_t decimals)
+      : kind_(kind), value_(value), decimals_(decimals) {}
+  const moment &get() {
+    if (!m_) m_.emplace(moment_for(kind_, value_, decimals_));
+    return *m_;
+  }
+
+ private:
+  value_kind kind_;
+  double value_;
+  int32_t decimals_;
+  // Not filled in until asked for: clearing a moment costs more than a
+  // compiled pattern takes to write.
+  std::optional<moment> m_;
+};
+
+// The day of a date value, for compiled patterns; ok is false when the
+// expander must write the field: UTF-16, no width, no usable day.
+struct planned_day {
+  bool ok = false;
+  day_fields day{};
+};
+
+// v is the frame's value, already checked by the prologue.
+planned_day plan_day_of(const xf_frame *f, value_kind kind, double v) {
+  if (kind != value_kind::date && kind != value_kind::date_of_datetime) return {};
+  if (wants_utf16(f) || f->width <= 0) return {};
+  if (kind == value_kind::date_of_datetime) {
+    v = zdatprt(v);
+    if (is_missing(v) || !date_value_in_range(v)) return {};
+  }
+  int64_t n = static_cast<int64_t>(v);
+  if (static_cast<double>(n) > v) --n;  // floor for negative fractions
+  const datetime::ymd c = datetime::ymd_in_range(n);
+  const int64_t w = (n + 5) % 7;  // 1960-01-01 was a Friday
+  return {true, day_fields{static_cast<int>(c.year), c.month, c.day,
+                           static_cast<int>(w < 0 ? w + 7 : w)}};
+}
+
+// format_one_in_place for a compiled pattern: the same bytes reach the field
+// and the same result comes back, the text now made by the plan. False when
+// the text outgrows the local buffer; the caller then takes the expander's way.
+bool format_planned(xf_frame *f, const date_plan &plan, const day_fields &day,
+                    const zav_locale_field *record, encoded &out, int *result) {
+  const uint32_t w = static_cast<uint32_t>(f->width);
+  uint32_t room = w < f->output_capacity ? w : f->output_capacity;
+  if (room > text_room) room = static_cast<uint32_t>(text_room);
+  char *field = frame_out(f);
+  if (plan.plain) {  // the usual case: written where it goes, nothing to check
+    const size_t len = run_date_plan(plan, day, record, field, room);
+    if (len <= room) {
+      out.n = static_cast<uint32_t>(len);
+      *result = static_cast<int>(len) - f->width;
+      return true;
+    }
+  }
+  // Too long for the field, or text that may need encoding: made whole in a
+  // buffer first (a copy read back right away also spares the store buffer).
+  char text[256];
+  const size_t len = run_date_plan(plan, day, record, text, sizeof text);
+  if (len > sizeof text) return false;
+  const size_t shown = len < room ? len : room;
+  if (shown != 0) std::memcpy(field, text, shown);
+  if (len <= room && plain_text(std::string_view(text, len))) {
+    out.n = static_cast<uint32_t>(len);
+    *result = static_cast<int>(len) - f->width;
+    return true;
+  }
+  if (len > room && room == w && plain_text(std::string_view(text, room))) {
+    *result = encode_shortened;
+    return true;
+  }
+  *result = encode_text(false, text, len, f->width, field, f->output_capacity, &out.n);
+  return true;
 }
 
 // The date order of field 6 as three letters: "YMD" when the text is not an
@@ -275,14 +358,20 @@ void place_left(xf_frame *f, uint32_t n, bool utf16) {
 xf_status run_two_pattern(xf_frame *f, const member_spec &spec) {
   xf_status st;
   if (!prologue(f, spec, true, &st)) return st;
-  const field_reader loc = locale_reader(frame_locale_id(f));
-  const moment m = moment_for(spec.kind, frame_value(f), f->decimals);
+  const int id = frame_locale_id(f);
+  const field_reader loc = locale_reader(id);
+  const double v = frame_value(f);
+  lazy_moment m(spec.kind, v, f->decimals);
   const int32_t d = pattern_decimals(spec.kind, f->decimals);
+  const planned_day day = plan_day_of(f, spec.kind, v);
   encoded out;
   bool no_room = false;
   for (int code : {spec.first, spec.second}) {
     if (code == 0) continue;
-    int r = format_one_in_place(f, m, loc, code, d, out);
+    const date_plan *plan = day.ok ? date_plan_for(id, code) : nullptr;
+    int r = 0;
+    if (plan == nullptr || !format_planned(f, *plan, day.day, loc.record, out, &r))
+      r = format_one_in_place(f, m.get(), loc, code, d, out);
     if (r <= 0) {
       place_left(f, out.n, wants_utf16(f));
       return XF_OK;
@@ -290,7 +379,7 @@ xf_status run_two_pattern(xf_frame *f, const member_spec &spec) {
     no_room = no_room || r == encode_no_room;
   }
   if (spec.fallback != short_form::none) {
-    int r = format_short(f, spec, spec.fallback, m, loc, out);
+    int r = format_short(f, spec, spec.fallback, m.get(), loc, out);
     if (r <= 0) {
       place_left(f, out.n, wants_utf16(f));
       return XF_OK;

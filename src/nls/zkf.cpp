@@ -38,9 +38,6 @@ double round_to(double v, int32_t decimals) {
 
 }  // namespace
 
-bool date_value_in_range(double v) { return datetime::date_in_range(v); }
-bool datetime_value_in_range(double v) { return datetime::datetime_in_range(v); }
-
 moment date_moment_of(double date) {
   const bool usable = !is_missing(date) && date_value_in_range(date);
   // floor without the library call: truncate, then step down for negative

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "datetime/calendar.hpp"
 #include "nls/expand.hpp"
 
 namespace xfmt::nls {
@@ -18,8 +19,8 @@ inline constexpr int zkf_out_of_range = -3;
 inline constexpr int code_with_zone = 256;
 inline constexpr int code_datetime = 4096;
 
-bool date_value_in_range(double v);
-bool datetime_value_in_range(double v);
+inline bool date_value_in_range(double v) { return datetime::date_in_range(v); }
+inline bool datetime_value_in_range(double v) { return datetime::datetime_in_range(v); }
 
 // The moment of a date value (day part only).
 moment date_moment_of(double date);
