@@ -19,7 +19,6 @@ namespace xfmt::nls {
 namespace {
 
 constexpr size_t text_room = 1024;
-constexpr int max_width = 200;
 constexpr int code_short_form = 190;
 constexpr int field_date_order = 6;
 constexpr int field_date_separator = 153;
@@ -330,29 +329,24 @@ bool prologue(xf_frame *f, const member_spec &spec, bool stars_out_of_range, xf_
 
 }  // namespace
 
-xf_status validate(const xf_frame *f, int min_width, int max_decimals) {
-  if ((f->option_word & XF_OPT_VALIDATE) == 0) return XF_OK;
+xf_status validate_width_and_decimals(const xf_frame *f, int min_width, int max_decimals) {
   if (f->width < min_width) return XF_NL_WIDTH_LOW;
-  if (f->width > max_width) return XF_NL_WIDTH_HIGH;
+  if (f->width > nl_max_width) return XF_NL_WIDTH_HIGH;
   if (f->decimals < 0) return XF_NL_DECIMALS_LOW;
   if (f->decimals > max_decimals) return XF_NL_DECIMALS_HIGH;
   return XF_OK;
 }
 
-void place_left(xf_frame *f, uint32_t n, bool utf16) {
+void place_left_utf16(xf_frame *f, uint32_t n) {
   char *out = frame_out(f);
   const uint32_t cap = f->output_capacity;
-  if (utf16) {
-    for (uint32_t i = n; i + 1 < cap; i += 2) {
-      out[i] = ' ';
-      out[i + 1] = '\0';
-    }
-    if (cap > n && (cap - n) % 2) out[cap - 1] = ' ';
-  } else if (cap > n) {
-    fill_bytes(out + n, cap - n, ' ');
+  for (uint32_t i = n; i + 1 < cap; i += 2) {
+    out[i] = ' ';
+    out[i + 1] = '\0';
   }
+  if (cap > n && (cap - n) % 2) out[cap - 1] = ' ';
   f->output_length = n;
-  f->output_encoding = utf16 ? XF_ENC_UTF16LE : XF_ENC_SINGLE_BYTE;
+  f->output_encoding = XF_ENC_UTF16LE;
 }
 
 xf_status run_two_pattern(xf_frame *f, const member_spec &spec) {

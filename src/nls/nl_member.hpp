@@ -7,6 +7,8 @@
 
 #include "xfmt/xfmt.h"
 
+#include "catalog/field.hpp"
+
 namespace xfmt::nls {
 
 enum class value_kind : uint8_t {
@@ -44,12 +46,30 @@ xf_status run_short(xf_frame *f, const member_spec &spec);
 // full when it fits, else abbreviated.
 xf_status run_name(xf_frame *f, int full_first, int abbrev_first, int count);
 
+inline constexpr int nl_max_width = 200;
+
+xf_status validate_width_and_decimals(const xf_frame *f, int min_width, int max_decimals);
+
 // Shared by the members: validation of w and d (when the frame asks),
 // 39-42, or 0 to go on.
-xf_status validate(const xf_frame *f, int min_width, int max_decimals);
+inline xf_status validate(const xf_frame *f, int min_width, int max_decimals) {
+  if ((f->option_word & XF_OPT_VALIDATE) == 0) return XF_OK;
+  return validate_width_and_decimals(f, min_width, max_decimals);
+}
+
+void place_left_utf16(xf_frame *f, uint32_t n);
 
 // The encoded text stands in the first n bytes of the output: the rest of
 // the capacity becomes blank, and n the output length.
-void place_left(xf_frame *f, uint32_t n, bool utf16);
+inline void place_left(xf_frame *f, uint32_t n, bool utf16) {
+  if (utf16) {
+    place_left_utf16(f, n);
+    return;
+  }
+  const uint32_t cap = f->output_capacity;
+  if (cap > n) fill_bytes(frame_out(f) + n, cap - n, ' ');
+  f->output_length = n;
+  f->output_encoding = XF_ENC_SINGLE_BYTE;
+}
 
 }  // namespace xfmt::nls
