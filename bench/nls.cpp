@@ -79,6 +79,26 @@ void BM_setlocale_strftime(benchmark::State &state) {
   std::setlocale(LC_TIME, "C");
 }
 
+// NLDATE20. in other locales, in a UTF-8 process as a host serving them
+// would run: names with non-ASCII letters go through the encoder, the
+// others take the same compiled way as English.
+void BM_nldate20_in(benchmark::State &state, const char *locale) {
+  std::setlocale(LC_CTYPE, "C.UTF-8");
+  char code[6];
+  std::memcpy(code, locale, 6);
+  uint32_t id = 0;
+  LocnameToID(code, 5, &id);
+  bench_frame b("NLDATE", 20, 0, 21000, 7);
+  b.f.option_word = id;
+  int i = 0;
+  for (auto _ : state) {
+    b.f.input = &b.values[i++ & (value_count - 1)];
+    benchmark::DoNotOptimize(xffmt(&b.f, b.handle));
+    benchmark::ClobberMemory();
+  }
+  std::setlocale(LC_CTYPE, "C");
+}
+
 void BM_nlmnlusd12_2(benchmark::State &s) { run_xffmt(s, "NLMNLUSD", 12, 2, 1234.5, 17.25); }
 void BM_dollar12_2(benchmark::State &s) { run_xffmt(s, "DOLLAR", 12, 2, 1234.5, 17.25); }
 
@@ -107,6 +127,9 @@ void BM_nldatm30_utf16(benchmark::State &state) {
 
 BENCHMARK(BM_nldate20);
 BENCHMARK(BM_date9);
+BENCHMARK_CAPTURE(BM_nldate20_in, de_DE, "de_DE");
+BENCHMARK_CAPTURE(BM_nldate20_in, fr_FR, "fr_FR");
+BENCHMARK_CAPTURE(BM_nldate20_in, ja_JP, "ja_JP");
 BENCHMARK(BM_strftime_setlocale);
 BENCHMARK(BM_setlocale_strftime);
 BENCHMARK(BM_nlmnlusd12_2);

@@ -82,6 +82,8 @@ struct step_context {
   const zav_locale_field *record;
   char *out;
   size_t room;
+  // Cleared by a name that is not plain ASCII (or not known to be).
+  mutable bool plain = true;
 };
 
 namespace {
@@ -141,6 +143,10 @@ size_t write_literal(const plan_step &s, const step_context &c, size_t n) {
 // The name itself; the caller pads it.
 inline size_t write_name_text(const zav_locale_field &f, int field, const step_context &c,
                               size_t n) {
+  if (c.plan.names_plain == nullptr)
+    c.plain = c.plain && plain_text(std::string_view(f.text, f.length));
+  else
+    c.plain = c.plain && c.plan.names_plain[field - plan_first_name];
   if (f.length <= plan_chunk && n + plan_chunk <= c.room && c.plan.names != nullptr)
     std::memcpy(c.out + n, c.plan.names[field - plan_first_name], plan_chunk);
   else if (n + f.length <= c.room && f.length <= plan_chunk)
@@ -300,7 +306,8 @@ class plan_builder {
       return false;
     }
     std::memcpy(plan_.text + used_, t, len);
-    plan_.plain = plan_.plain && plain_text(std::string_view(t, len));
+    plan_.literals_plain = plan_.literals_plain && plain_text(std::string_view(t, len));
+    plan_.plain = plan_.plain && plan_.literals_plain;
     used_ += len;
     return true;
   }
@@ -405,14 +412,16 @@ const locale_plans *compile_locale_plans(int id) {
   const field_reader loc = locale_reader(id);
   for (int k = 0; k < plan_name_count; ++k) {
     std::string_view t;
-    if (loc.get(plan_first_name + k, &t) && t.size() <= plan_chunk)
-      std::memcpy(fresh->names[k], t.data(), t.size());
+    if (!loc.get(plan_first_name + k, &t)) continue;
+    if (t.size() <= plan_chunk) std::memcpy(fresh->names[k], t.data(), t.size());
+    fresh->names_plain[k] = plain_text(t);
   }
   for (int k = 0; k < plan_field_count; ++k) {
     std::string_view p;
     if (!loc.get(plan_first_field + k, &p)) continue;
     fresh->plans[k] = compile_date_plan(loc, p.data(), p.size());
     fresh->plans[k].names = fresh->names;
+    fresh->plans[k].names_plain = fresh->names_plain;
   }
   const locale_plans *expected = nullptr;
   if (compiled_plans[id - 1].compare_exchange_strong(expected, fresh, std::memory_order_acq_rel,
@@ -449,9 +458,10 @@ date_plan compile_date_plan(const field_reader &loc, const char *pattern, size_t
 }
 
 size_t run_date_plan(const date_plan &plan, const day_fields &day, const zav_locale_field *record,
-                     char *out, size_t room) {
+                     char *out, size_t room, bool *plain) {
   const step_context c{plan, day, record, out, room};
   const size_t n = run_steps<0>(plan, c, 0);
+  if (plain != nullptr) *plain = plan.literals_plain && c.plain;
   return n <= room ? n : room + 1;
 }
 

@@ -79,10 +79,13 @@ struct date_plan {
   // Every literal and every name the steps can pick is plain ASCII without
   // escapes: the text needs no encoding, whatever the day.
   bool plain = true;
+  // Every literal is plain: the text is plain when the names it picks are.
+  bool literals_plain = true;
   uint8_t step_count = 0;
   plan_step steps[plan_max_steps];
   char text[plan_max_text + plan_chunk];  // the literal pieces, one after another
   const name_slot *names = nullptr;       // the locale's name slots, when kept
+  const bool *names_plain = nullptr;      // and which of the names are plain
 };
 
 // The day as the steps read it; the rest (day of the year, quarter, ...)
@@ -95,9 +98,11 @@ struct day_fields {
 date_plan compile_date_plan(const field_reader &loc, const char *pattern, size_t pattern_length);
 
 // Writes the plan's text for the day into out; returns its length, or
-// room + 1 when it does not fit (out then holds nothing to rely on).
+// room + 1 when it does not fit (out then holds nothing to rely on). When
+// plain is given it is set to whether the text is plain (as plain_text
+// says), known without reading the text back.
 size_t run_date_plan(const date_plan &plan, const day_fields &day, const zav_locale_field *record,
-                     char *out, size_t room);
+                     char *out, size_t room, bool *plain = nullptr);
 
 // The compiled date fields of a locale: the date patterns the national
 // members read (28 to 43), and the locale's names.
@@ -107,6 +112,7 @@ inline constexpr int plan_field_count = 16;
 struct locale_plans {
   date_plan plans[plan_field_count];
   name_slot names[plan_name_count];
+  bool names_plain[plan_name_count];
 };
 
 // Per locale, set once when its plans are first asked for.

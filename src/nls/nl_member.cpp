@@ -159,16 +159,17 @@ bool format_planned(xf_frame *f, const date_plan &plan, const day_fields &day,
   uint32_t room = w < f->output_capacity ? w : f->output_capacity;
   if (room > text_room) room = static_cast<uint32_t>(text_room);
   char *field = frame_out(f);
-  if (plan.plain) {  // the usual case: written where it goes, nothing to check
-    const size_t len = run_date_plan(plan, day, record, field, room);
-    if (len <= room) {
+  if (plan.literals_plain) {  // the usual case: written where it goes, nothing to check
+    bool plain = false;
+    const size_t len = run_date_plan(plan, day, record, field, room, &plain);
+    if (len <= room && plain) {
       out.n = static_cast<uint32_t>(len);
       *result = static_cast<int>(len) - f->width;
       return true;
     }
   }
-  // Too long for the field, or text that may need encoding: made whole in a
-  // buffer first (a copy read back right away also spares the store buffer).
+  // Too long for the field, or text that needs encoding: made whole in a
+  // buffer first.
   char text[256];
   const size_t len = run_date_plan(plan, day, record, text, sizeof text);
   if (len > sizeof text) return false;
