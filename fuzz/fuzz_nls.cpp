@@ -3,13 +3,17 @@
 // validation bit and output encoding, into an exact-size heap buffer. Each
 // call runs twice and must give the same status and bytes, stay inside the
 // capacity and never deliver more than the width. Also the pattern expander
-// on arbitrary patterns.
+// on arbitrary patterns, and those patterns compiled into date steps.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <vector>
 
+#include "datetime/calendar.hpp"
+#include "nls/date_plan.hpp"
+#include "nls/locale_reader.hpp"
+#include "nls/zkf.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {
@@ -112,12 +116,45 @@ void one_pattern(reader &r) {
   check(a == 0 || a == 1 || a == -2);
 }
 
+// A pattern compiled into date steps writes what the expander writes, and
+// only into the room it is given.
+void one_compiled_pattern(reader &r) {
+  using namespace xfmt::nls;
+  const int locale = 1 + r.byte() % locale_count;
+  const int64_t day = xfmt::datetime::date_min +
+                      static_cast<int64_t>(r.u64() % static_cast<uint64_t>(
+                                                        xfmt::datetime::date_max -
+                                                        xfmt::datetime::date_min + 1));
+  const size_t room = r.byte();
+  std::vector<char> pattern(r.p, r.p + r.n);
+  const field_reader loc = locale_reader(locale);
+  const date_plan plan = compile_date_plan(loc, pattern.data(), pattern.size());
+  if (!plan.usable) return;
+  const xfmt::datetime::ymd c = xfmt::datetime::ymd_in_range(day);
+  const int64_t w = (day + 5) % 7;
+  const day_fields d{static_cast<int>(c.year), c.month, c.day,
+                     static_cast<int>(w < 0 ? w + 7 : w)};
+  std::vector<char> out(room + 1);
+  out.pop_back();  // exact size: a write past the room is caught
+  const size_t n = run_date_plan(plan, d, loc.record, out.data(), room);
+  char want[1024];
+  size_t want_n = 0;
+  check(expand_text(date_moment_of(static_cast<double>(day)), loc, pattern.data(), pattern.size(),
+                    want, sizeof want, &want_n, 0) == expand_fits);
+  if (want_n > room) {
+    check(n == room + 1);
+  } else {
+    check(n == want_n && std::memcmp(out.data(), want, n) == 0);
+  }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   if (size == 0) return 0;
   reader r{data + 1, size - 1};
-  if (data[0] & 1) one_pattern(r);
+  if (data[0] % 3 == 1) one_pattern(r);
+  else if (data[0] % 3 == 2) one_compiled_pattern(r);
   else one_format(r);
   return 0;
 }

@@ -125,19 +125,23 @@ inline int value_of(const day_fields &d) {
     return (datetime::day_of_year(d.year, d.month, d.day) - 1 + 7 - d.wday) / 7;
 }
 
-size_t write_literal(const plan_step &s, const step_context &c, size_t n) {
-  if (s.length > plan_chunk) {
-    if (n + s.length > c.room) return too_long;
-    std::memcpy(c.out + n, c.plan.text + s.first, s.length);
-    return n + s.length;
-  }
-  if (n + plan_chunk <= c.room)
-    std::memcpy(c.out + n, c.plan.text + s.first, plan_chunk);
-  else if (n + s.length <= c.room)
-    copy_short(c.out + n, c.plan.text + s.first, s.length);
-  else
+// len bytes of the plan's text from first: a whole chunk when the piece
+// fits one and the room allows (the text is padded for it).
+inline size_t write_plan_text(uint16_t first, size_t len, const step_context &c, size_t n) {
+  const char *from = c.plan.text + first;
+  if (len <= plan_chunk && n + plan_chunk <= c.room)
+    std::memcpy(c.out + n, from, plan_chunk);
+  else if (n + len > c.room)
     return too_long;
-  return n + s.length;
+  else if (len <= plan_chunk)
+    copy_short(c.out + n, from, len);
+  else
+    std::memcpy(c.out + n, from, len);
+  return n + len;
+}
+
+size_t write_literal(const plan_step &s, const step_context &c, size_t n) {
+  return write_plan_text(s.first, s.length, c, n);
 }
 
 // The name itself; the caller pads it.
@@ -221,13 +225,7 @@ size_t write_all_digits(const plan_step &s, const step_context &c, size_t n) {
 
 // The step's suffix after what the step wrote.
 inline size_t write_suffix(const plan_step &s, const step_context &c, size_t n) {
-  if (n + plan_chunk <= c.room)
-    std::memcpy(c.out + n, c.plan.text + s.suffix_first, plan_chunk);
-  else if (n + s.suffix_length <= c.room)
-    copy_short(c.out + n, c.plan.text + s.suffix_first, s.suffix_length);
-  else
-    return too_long;
-  return n + s.suffix_length;
+  return write_plan_text(s.suffix_first, s.suffix_length, c, n);
 }
 
 template <step_writer Write>
