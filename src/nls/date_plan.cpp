@@ -125,6 +125,17 @@ inline int value_of(const day_fields &d) {
     return (datetime::day_of_year(d.year, d.month, d.day) - 1 + 7 - d.wday) / 7;
 }
 
+// The rare long copy and the check of a name without a known plainness,
+// kept out of line: the writers that call neither stay leaf functions that
+// save no registers.
+[[gnu::noinline, gnu::cold]] void copy_long(char *to, const char *from, size_t len) {
+  std::memcpy(to, from, len);
+}
+
+[[gnu::noinline, gnu::cold]] bool name_is_plain(const zav_locale_field &f) {
+  return plain_text(std::string_view(f.text, f.length));
+}
+
 // len bytes of the plan's text from first: a whole chunk when the piece
 // fits one and the room allows (the text is padded for it).
 inline size_t write_plan_text(uint16_t first, size_t len, const step_context &c, size_t n) {
@@ -136,7 +147,7 @@ inline size_t write_plan_text(uint16_t first, size_t len, const step_context &c,
   else if (len <= plan_chunk)
     copy_short(c.out + n, from, len);
   else
-    std::memcpy(c.out + n, from, len);
+    copy_long(c.out + n, from, len);
   return n + len;
 }
 
@@ -148,7 +159,7 @@ size_t write_literal(const plan_step &s, const step_context &c, size_t n) {
 inline size_t write_name_text(const zav_locale_field &f, int field, const step_context &c,
                               size_t n) {
   if (c.plan.names_plain == nullptr)
-    c.plain = c.plain && plain_text(std::string_view(f.text, f.length));
+    c.plain = c.plain && name_is_plain(f);
   else
     c.plain = c.plain && c.plan.names_plain[field - plan_first_name];
   if (f.length <= plan_chunk && n + plan_chunk <= c.room && c.plan.names != nullptr)
@@ -156,7 +167,7 @@ inline size_t write_name_text(const zav_locale_field &f, int field, const step_c
   else if (n + f.length <= c.room && f.length <= plan_chunk)
     copy_short(c.out + n, f.text, f.length);
   else if (n + f.length <= c.room)
-    std::memcpy(c.out + n, f.text, f.length);
+    copy_long(c.out + n, f.text, f.length);
   else
     return too_long;
   return n + f.length;
@@ -200,7 +211,8 @@ size_t write_four(const plan_step &, const step_context &c, size_t n) {
 }
 
 // Any other number: through a small buffer when the room is short.
-inline size_t write_number_value(const plan_step &s, int v, const step_context &c, size_t n) {
+[[gnu::noinline]] size_t write_number_value(const plan_step &s, int v, const step_context &c,
+                                           size_t n) {
   if (n + 5 <= c.room) return n + write_digits(s, v, c.out + n);
   char digits[8];
   const size_t len = write_digits(s, v, digits);
