@@ -130,10 +130,7 @@ void one_compiled_pattern(reader &r) {
   const field_reader loc = locale_reader(locale);
   const date_plan plan = compile_date_plan(loc, pattern.data(), pattern.size());
   if (!plan.usable) return;
-  const xfmt::datetime::ymd c = xfmt::datetime::ymd_in_range(day);
-  const int64_t w = (day + 5) % 7;
-  const day_fields d{static_cast<int>(c.year), c.month, c.day,
-                     static_cast<int>(w < 0 ? w + 7 : w)};
+  const day_fields d = day_fields_of(day);
   std::vector<char> out(room + 1);
   out.pop_back();  // exact size: a write past the room is caught
   const size_t n = run_date_plan(plan, d, loc.record, out.data(), room);

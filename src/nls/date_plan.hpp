@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "datetime/calendar.hpp"
 #include "nls/expand.hpp"
 #include "nls/locale.hpp"
 
@@ -93,6 +94,13 @@ struct date_plan {
 struct day_fields {
   int year, month, day, wday;
 };
+
+// The day fields of an in-range day number (days from 1960-01-01).
+inline day_fields day_fields_of(int64_t day) {
+  const datetime::ymd c = datetime::ymd_in_range(day);
+  const int64_t w = (day + 5) % 7;  // 1960-01-01 was a Friday
+  return {static_cast<int>(c.year), c.month, c.day, static_cast<int>(w < 0 ? w + 7 : w)};
+}
 
 // Compiles the pattern as expand_text reads it for a value with a date.
 date_plan compile_date_plan(const field_reader &loc, const char *pattern, size_t pattern_length);

@@ -144,10 +144,7 @@ planned_day plan_day_of(const xf_frame *f, value_kind kind, double v) {
   }
   int64_t n = static_cast<int64_t>(v);
   if (static_cast<double>(n) > v) --n;  // floor for negative fractions
-  const datetime::ymd c = datetime::ymd_in_range(n);
-  const int64_t w = (n + 5) % 7;  // 1960-01-01 was a Friday
-  return {true, day_fields{static_cast<int>(c.year), c.month, c.day,
-                           static_cast<int>(w < 0 ? w + 7 : w)}};
+  return {true, day_fields_of(n)};
 }
 
 // format_one_in_place for a compiled pattern: the same bytes reach the field

@@ -22,12 +22,6 @@ using namespace xfmt::nls;
 
 constexpr int english_us = 53;
 
-day_fields fields_of(int64_t day) {
-  const xfmt::datetime::ymd c = xfmt::datetime::ymd_in_range(day);
-  const int64_t w = (day + 5) % 7;
-  return {static_cast<int>(c.year), c.month, c.day, static_cast<int>(w < 0 ? w + 7 : w)};
-}
-
 // What the expander writes for the pattern on the day, with ample room.
 std::string expanded(int id, std::string_view pattern, int64_t day) {
   const moment m = date_moment_of(static_cast<double>(day));
@@ -41,7 +35,8 @@ std::string expanded(int id, std::string_view pattern, int64_t day) {
 
 std::string planned(int id, const date_plan &plan, int64_t day, size_t room = 256) {
   std::vector<char> out(room + 1, '\x7f');
-  const size_t n = run_date_plan(plan, fields_of(day), locale_reader(id).record, out.data(), room);
+  const size_t n =
+      run_date_plan(plan, day_fields_of(day), locale_reader(id).record, out.data(), room);
   EXPECT_EQ(out[room], '\x7f') << "written past the room";
   return n <= room ? std::string(out.data(), n) : std::string("<too long>");
 }
