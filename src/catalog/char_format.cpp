@@ -3,8 +3,9 @@
 #include "xfmt/xfmt.h"
 
 #include <cstring>
+#include "catalog/routine_guard.hpp"
 
-extern "C" xf_status zfmchar(xf_frame *frame) {
+XF_ROUTINE(zfmchar, frame) {
   // Field positions that can be written: min(w, capacity); w <= 0 is an
   // empty field rather than an error.
   uint32_t w = frame->width > 0 ? static_cast<uint32_t>(frame->width) : 0;

@@ -7,6 +7,7 @@
 
 #include "catalog/catalog.hpp"
 #include "catalog/intrinsics.hpp"
+#include "catalog/routine_guard.hpp"
 
 namespace xfmt::catalog {
 namespace {
@@ -76,12 +77,12 @@ void get_date_time(const char **date, const char **time) {
   if (time) *time = build_time;
 }
 
-xf_status zfmcrash(xf_frame *frame) {
+XF_ROUTINE(zfmcrash, frame) {
   put_cut(frame, "X", 1);
   return XF_OK;
 }
 
-xf_status zfmvernum(xf_frame *frame) {
+XF_ROUTINE(zfmvernum, frame) {
   const char *date = nullptr, *time = nullptr;
   get_date_time(&date, &time);
   char stamp[20];  // "Apr 18 2019 13:09:42"
@@ -93,7 +94,7 @@ xf_status zfmvernum(xf_frame *frame) {
   return XF_OK;
 }
 
-xf_status zfmintrns(xf_frame *frame) {
+XF_ROUTINE(zfmintrns, frame) {
   char name[32];
   uint32_t n = input_name(frame, name);
   n = static_cast<uint32_t>(zstrip(name, static_cast<int32_t>(n)));

@@ -9,6 +9,7 @@
 
 #include "catalog/field.hpp"
 #include "catalog/missing.hpp"
+#include "catalog/routine_guard.hpp"
 
 #define XF_ROW(i) (0xFFFFFF0000000000ull - (i) * 0x10000000000ull)
 
@@ -42,7 +43,7 @@ extern "C" int32_t zmiss(const xf_frame *frame, const void *value_ptr, double va
   return xfmt::is_missing_bits(bits) ? 1 : 0;
 }
 
-extern "C" xf_status zfmmiss(xf_frame *frame) {
+XF_ROUTINE(zfmmiss, frame) {
   return xfmt::write_missing(frame, frame->width, frame->decimals);
 }
 

@@ -12,6 +12,7 @@
 #include "catalog/field.hpp"
 #include "datetime/calendar.hpp"
 #include "datetime/date_field.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt::datetime;
 
@@ -130,7 +131,7 @@ extern "C" {
 // would be misread.
 //   7-12 04JUL23   13-15 04JUL23:12 PM   16-18 04JUL23:12:34 PM
 //   19-20 04JUL23:12:34:56 PM   21- 04JUL2023:12:34:56 PM (decimals from 23)
-XF_API xf_status zfmdtmm(xf_frame *f) {
+XF_ROUTINE(zfmdtmm, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 2, st)) return st;
   const int32_t w = f->width;
@@ -173,7 +174,7 @@ XF_API xf_status zfmdtmm(xf_frame *f) {
 // The month and the hour have no leading zero, so the fit is judged on the
 // value's own text: at width 20 "7/04/2023 1:05:09 AM" shows its seconds,
 // "12/04/2023 12:05 AM" does not.
-XF_API xf_status zfmdyam(xf_frame *f) {
+XF_ROUTINE(zfmdyam, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 2, st)) return st;
   const int32_t w = f->width;

@@ -9,6 +9,7 @@
 #include "catalog/field.hpp"
 #include "datetime/calendar.hpp"
 #include "datetime/date_field.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt::datetime;
 
@@ -31,7 +32,7 @@ extern "C" {
 // TOD w.d: TIME of the time of day (negative times and whole days wrap
 // like a clock), with a one-digit hour made two ("01:00:00") where the
 // field has the room, and a rounding carry to 24 shown as 00.
-XF_API xf_status zfmtod(xf_frame *f) {
+XF_ROUTINE(zfmtod, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 2, st)) return st;
   double t = std::fmod(value_of(f), seconds_per_day);
@@ -54,7 +55,7 @@ XF_API xf_status zfmtod(xf_frame *f) {
 // when the width has room for them and the hours (11:59:59 PM; midnight and
 // noon are 12). The hour shown decides AM or PM after the rounding of the
 // seconds: 11:59:59.6 at TIMEAMPM11. is 12:00:00 PM.
-XF_API xf_status zfmtimm(xf_frame *f) {
+XF_ROUTINE(zfmtimm, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 2, st)) return st;
   double t = std::fmod(value_of(f), seconds_per_day);
@@ -88,7 +89,7 @@ XF_API xf_status zfmtimm(xf_frame *f) {
 
 // HOUR w.d: the hours of a time value as a plain number with d decimals
 // (HOUR4.1 of 12:34:56 is "12.6"); no wrap at 24, negative times negative.
-XF_API xf_status zfmhour(xf_frame *f) {
+XF_ROUTINE(zfmhour, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 2, st)) return st;
   return with_value(f, zfmt, value_of(f) / 3600.0);

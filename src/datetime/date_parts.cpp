@@ -8,6 +8,7 @@
 #include "catalog/field.hpp"
 #include "datetime/calendar.hpp"
 #include "datetime/date_field.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt::datetime;
 using xfmt::frame_out;
@@ -45,7 +46,7 @@ char *right_part(xf_frame *f, int32_t n) {
 
 extern "C" {
 
-XF_API xf_status zfmmony(xf_frame *f) {
+XF_ROUTINE(zfmmony, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   if (f->width < 5) return too_narrow(f);
@@ -56,7 +57,7 @@ XF_API xf_status zfmmony(xf_frame *f) {
 
 // DATE5 04JUL, DATE7 04JUL23, DATE9 04JUL2023, DATE11 04-JUL-2023; the even
 // widths 6, 8 and 10 put a blank before the next narrower layout.
-XF_API xf_status zfmdate(xf_frame *f) {
+XF_ROUTINE(zfmdate, f) {
   xf_status st = XF_OK;
   ymd c{};
   if (!guard_date(f, st, c)) return st;
@@ -91,7 +92,7 @@ XF_API xf_status zfmdate(xf_frame *f) {
   return finish(f);
 }
 
-XF_API xf_status zfmday(xf_frame *f) {
+XF_ROUTINE(zfmday, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   write_int_right(frame_out(f), f->width, ymd_of_value(value_of(f)).day);
@@ -99,7 +100,7 @@ XF_API xf_status zfmday(xf_frame *f) {
 }
 
 // MONTH1 writes one character: months 10, 11, 12 are A, B, C.
-XF_API xf_status zfmmont(xf_frame *f) {
+XF_ROUTINE(zfmmont, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   const int32_t m = ymd_of_value(value_of(f)).month;
@@ -110,7 +111,7 @@ XF_API xf_status zfmmont(xf_frame *f) {
 
 // No range guard here: a date out of range shows stars with status 0.
 // YEAR2 of 2005 is 05, YEAR4 2005, YEAR6 "  2005".
-XF_API xf_status zfmyear(xf_frame *f) {
+XF_ROUTINE(zfmyear, f) {
   xf_status st = XF_OK;
   if (!width_usable(f, st)) return st;
   const double v = value_of(f);
@@ -125,7 +126,7 @@ XF_API xf_status zfmyear(xf_frame *f) {
   return finish(f);
 }
 
-XF_API xf_status zfmqtr(xf_frame *f) {
+XF_ROUTINE(zfmqtr, f) {
   xf_status st = XF_OK;
   if (!width_usable(f, st)) return st;
   const double v = value_of(f);
@@ -136,7 +137,7 @@ XF_API xf_status zfmqtr(xf_frame *f) {
   return finish(f);
 }
 
-XF_API xf_status zfmqtrr(xf_frame *f) {
+XF_ROUTINE(zfmqtrr, f) {
   xf_status st = XF_OK;
   if (!width_usable(f, st)) return st;
   const double v = value_of(f);
@@ -152,7 +153,7 @@ XF_API xf_status zfmqtrr(xf_frame *f) {
 
 // Before 1600-01-02 the weekday is 1, 0 or negative (see zwekday) and is
 // written as it is: WEEKDAY1 of a negative one is "*".
-XF_API xf_status zfmweek(xf_frame *f) {
+XF_ROUTINE(zfmweek, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   write_int_right(frame_out(f), f->width, static_cast<int64_t>(zwekday(value_of(f))));
@@ -161,7 +162,7 @@ XF_API xf_status zfmweek(xf_frame *f) {
 
 // JULIAN5 of 2005-01-01 is 05001: below width 7 the century goes, and the
 // last five positions are always digits.
-XF_API xf_status zfmjul(xf_frame *f) {
+XF_ROUTINE(zfmjul, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   const int32_t w = f->width;
@@ -174,7 +175,7 @@ XF_API xf_status zfmjul(xf_frame *f) {
   return finish(f);
 }
 
-XF_API xf_status zfmjuld(xf_frame *f) {
+XF_ROUTINE(zfmjuld, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   const ymd c = ymd_of_value(value_of(f));
@@ -185,7 +186,7 @@ XF_API xf_status zfmjuld(xf_frame *f) {
 // Era letter, era year, month, day, written from the left; the width
 // decides the punctuation: NENGO10 R.01/05/01, NENGO8 R.010501,
 // NENGO5 R0105, NENGO2 the era year alone.
-XF_API xf_status zfmneng(xf_frame *f) {
+XF_ROUTINE(zfmneng, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   const int32_t w = f->width;

@@ -10,6 +10,7 @@
 #include "catalog/field.hpp"
 #include "datetime/calendar.hpp"
 #include "datetime/date_field.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt::datetime;
 
@@ -28,7 +29,7 @@ extern "C" {
 // through minutes and hours into the date: 23:59:59.6 at DATETIME16 is
 // 00:00:00 of the next day. Parts that are not shown are cut, not rounded
 // (DATETIME13 of 12:34:56 is 04JUL23:12:34).
-XF_API xf_status zfmdttm(xf_frame *f) {
+XF_ROUTINE(zfmdttm, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 2, st)) return st;
   const int32_t w = f->width;

@@ -12,6 +12,7 @@
 #include "datetime/calendar.hpp"
 #include "datetime/date_field.hpp"
 #include "datetime/iso8601_parts.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt::datetime;
 using xfmt::frame_out;
@@ -87,13 +88,13 @@ xf_status datetime(xf_frame *f, bool extended) {
 
 extern "C" {
 
-XF_API xf_status zfme8da(xf_frame *f) { return date_of_date(f, true); }
-XF_API xf_status zfmb8da(xf_frame *f) { return date_of_date(f, false); }
-XF_API xf_status zfme8dn(xf_frame *f) { return date_of_datetime(f, true); }
-XF_API xf_status zfmb8dn(xf_frame *f) { return date_of_datetime(f, false); }
-XF_API xf_status zfme8tm(xf_frame *f) { return time_of_day(f, true); }
-XF_API xf_status zfmb8tm(xf_frame *f) { return time_of_day(f, false); }
-XF_API xf_status zfme8dt(xf_frame *f) { return datetime(f, true); }
-XF_API xf_status zfmb8dt(xf_frame *f) { return datetime(f, false); }
+XF_ROUTINE(zfme8da, f) { return date_of_date(f, true); }
+XF_ROUTINE(zfmb8da, f) { return date_of_date(f, false); }
+XF_ROUTINE(zfme8dn, f) { return date_of_datetime(f, true); }
+XF_ROUTINE(zfmb8dn, f) { return date_of_datetime(f, false); }
+XF_ROUTINE(zfme8tm, f) { return time_of_day(f, true); }
+XF_ROUTINE(zfmb8tm, f) { return time_of_day(f, false); }
+XF_ROUTINE(zfme8dt, f) { return datetime(f, true); }
+XF_ROUTINE(zfmb8dt, f) { return datetime(f, false); }
 
 }  // extern "C"

@@ -23,6 +23,7 @@
 #include "datetime/calendar.hpp"
 #include "datetime/date_field.hpp"
 #include "datetime/iso8601_parts.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt::datetime;
 
@@ -146,11 +147,11 @@ xf_status local_time(xf_frame *f, bool extended) {
 
 extern "C" {
 
-XF_API xf_status zfme8dz(xf_frame *f) { return zoned_datetime(f, true); }
-XF_API xf_status zfmb8dz(xf_frame *f) { return zoned_datetime(f, false); }
-XF_API xf_status zfme8tz(xf_frame *f) { return zoned_time(f, true); }
-XF_API xf_status zfmb8tz(xf_frame *f) { return zoned_time(f, false); }
-XF_API xf_status zfme8lz(xf_frame *f) { return local_time(f, true); }
-XF_API xf_status zfmb8lz(xf_frame *f) { return local_time(f, false); }
+XF_ROUTINE(zfme8dz, f) { return zoned_datetime(f, true); }
+XF_ROUTINE(zfmb8dz, f) { return zoned_datetime(f, false); }
+XF_ROUTINE(zfme8tz, f) { return zoned_time(f, true); }
+XF_ROUTINE(zfmb8tz, f) { return zoned_time(f, false); }
+XF_ROUTINE(zfme8lz, f) { return local_time(f, true); }
+XF_ROUTINE(zfmb8lz, f) { return local_time(f, false); }
 
 }  // extern "C"

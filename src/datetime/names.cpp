@@ -7,6 +7,7 @@
 #include "catalog/field.hpp"
 #include "datetime/calendar.hpp"
 #include "datetime/date_field.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt::datetime;
 using xfmt::frame_out;
@@ -35,7 +36,7 @@ extern "C" {
 
 // The true weekday by floor division from 1960-01-01 (a Friday), so names
 // stay right before 1600 too, where WEEKDAY keeps its old numbering.
-XF_API xf_status zfmdown(xf_frame *f) {
+XF_ROUTINE(zfmdown, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   const double v = value_of(f);
@@ -45,14 +46,14 @@ XF_API xf_status zfmdown(xf_frame *f) {
   return put_name(f, weekdays[weekday]);
 }
 
-XF_API xf_status zfmmonn(xf_frame *f) {
+XF_ROUTINE(zfmmonn, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   return put_name(f, months[ymd_of_value(value_of(f)).month - 1]);
 }
 
 // YYMON7 2023JUL, YYMON5 23JUL; wider fields get blanks on the left.
-XF_API xf_status zfmymon(xf_frame *f) {
+XF_ROUTINE(zfmymon, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   const int32_t w = f->width;

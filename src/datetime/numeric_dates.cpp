@@ -8,6 +8,7 @@
 #include "catalog/field.hpp"
 #include "datetime/calendar.hpp"
 #include "datetime/date_field.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt::datetime;
 using xfmt::frame_out;
@@ -132,28 +133,28 @@ XF_API void zfmcprt(int32_t width, char separator, char *output, int32_t left, i
   std::memcpy(output + (width - n), area + 16 - n, static_cast<size_t>(n));
 }
 
-XF_API xf_status zfmdmy(xf_frame *f) { return three_fields(f, '/', order::dmy); }
-XF_API xf_status zfmdmyb(xf_frame *f) { return three_fields(f, ' ', order::dmy); }
-XF_API xf_status zfmdmyc(xf_frame *f) { return three_fields(f, ':', order::dmy); }
-XF_API xf_status zfmdmyd(xf_frame *f) { return three_fields(f, '-', order::dmy); }
-XF_API xf_status zfmdmyn(xf_frame *f) { return three_fields(f, '\0', order::dmy); }
-XF_API xf_status zfmdmyp(xf_frame *f) { return three_fields(f, '.', order::dmy); }
-XF_API xf_status zfmmdy(xf_frame *f) { return three_fields(f, '/', order::mdy); }
-XF_API xf_status zfmmdyb(xf_frame *f) { return three_fields(f, ' ', order::mdy); }
-XF_API xf_status zfmmdyc(xf_frame *f) { return three_fields(f, ':', order::mdy); }
-XF_API xf_status zfmmdyd(xf_frame *f) { return three_fields(f, '-', order::mdy); }
-XF_API xf_status zfmmdyn(xf_frame *f) { return three_fields(f, '\0', order::mdy); }
-XF_API xf_status zfmmdyp(xf_frame *f) { return three_fields(f, '.', order::mdy); }
-XF_API xf_status zfmymd(xf_frame *f) { return three_fields(f, '-', order::ymd); }
-XF_API xf_status zfmymdb(xf_frame *f) { return three_fields(f, ' ', order::ymd); }
-XF_API xf_status zfmymdc(xf_frame *f) { return three_fields(f, ':', order::ymd); }
-XF_API xf_status zfmymdn(xf_frame *f) { return three_fields(f, '\0', order::ymd); }
-XF_API xf_status zfmymdp(xf_frame *f) { return three_fields(f, '.', order::ymd); }
-XF_API xf_status zfmymds(xf_frame *f) { return three_fields(f, '/', order::ymd); }
+XF_ROUTINE(zfmdmy, f) { return three_fields(f, '/', order::dmy); }
+XF_ROUTINE(zfmdmyb, f) { return three_fields(f, ' ', order::dmy); }
+XF_ROUTINE(zfmdmyc, f) { return three_fields(f, ':', order::dmy); }
+XF_ROUTINE(zfmdmyd, f) { return three_fields(f, '-', order::dmy); }
+XF_ROUTINE(zfmdmyn, f) { return three_fields(f, '\0', order::dmy); }
+XF_ROUTINE(zfmdmyp, f) { return three_fields(f, '.', order::dmy); }
+XF_ROUTINE(zfmmdy, f) { return three_fields(f, '/', order::mdy); }
+XF_ROUTINE(zfmmdyb, f) { return three_fields(f, ' ', order::mdy); }
+XF_ROUTINE(zfmmdyc, f) { return three_fields(f, ':', order::mdy); }
+XF_ROUTINE(zfmmdyd, f) { return three_fields(f, '-', order::mdy); }
+XF_ROUTINE(zfmmdyn, f) { return three_fields(f, '\0', order::mdy); }
+XF_ROUTINE(zfmmdyp, f) { return three_fields(f, '.', order::mdy); }
+XF_ROUTINE(zfmymd, f) { return three_fields(f, '-', order::ymd); }
+XF_ROUTINE(zfmymdb, f) { return three_fields(f, ' ', order::ymd); }
+XF_ROUTINE(zfmymdc, f) { return three_fields(f, ':', order::ymd); }
+XF_ROUTINE(zfmymdn, f) { return three_fields(f, '\0', order::ymd); }
+XF_ROUTINE(zfmymdp, f) { return three_fields(f, '.', order::ymd); }
+XF_ROUTINE(zfmymds, f) { return three_fields(f, '/', order::ymd); }
 
 // Month, separator, year: MMYY5 07M23, MMYY7 07M2023, MMYYN4 0723. The
 // century needs width 7 with a separator, 6 without.
-XF_API xf_status zfmdlmy(xf_frame *f, char separator) {
+XF_ROUTINE_WITH(zfmdlmy, f, (char separator), (separator)) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   const int32_t w = f->width, s = separator != '\0' ? 1 : 0;
@@ -171,7 +172,7 @@ XF_API xf_status zfmdlmy(xf_frame *f, char separator) {
 }
 
 // Year, separator, month: YYMM7 2023M07, YYMM5 23M07, YYMM8 " 2023M07".
-XF_API xf_status zfmdlym(xf_frame *f, char separator) {
+XF_ROUTINE_WITH(zfmdlym, f, (char separator), (separator)) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   const int32_t w = f->width, s = separator != '\0' ? 1 : 0;
@@ -189,7 +190,7 @@ XF_API xf_status zfmdlym(xf_frame *f, char separator) {
 
 // Year, separator, quarter digit: YYQC4 23:3, YYQC6 2023:3, YYQN3 233,
 // YYQN5 20233.
-XF_API xf_status zfmdlqy(xf_frame *f, char separator) {
+XF_ROUTINE_WITH(zfmdlqy, f, (char separator), (separator)) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   const int32_t w = f->width, s = separator != '\0' ? 1 : 0;
@@ -208,7 +209,7 @@ XF_API xf_status zfmdlqy(xf_frame *f, char separator) {
 // Year, separator, Roman quarter. The century goes only when the numeral
 // needs its room: YYQR6 gives 2023QI for the first quarter but 23QIII for
 // the third.
-XF_API xf_status zfmdlyq(xf_frame *f, char separator) {
+XF_ROUTINE_WITH(zfmdlyq, f, (char separator), (separator)) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   const ymd c = ymd_of_value(value_of(f));
@@ -228,7 +229,7 @@ XF_API xf_status zfmdlyq(xf_frame *f, char separator) {
 
 // YYQ4 23Q3, YYQ6 2023Q3, YYQ8 "  2023Q3": the two positions before "Q"
 // never stay blank.
-XF_API xf_status zfmyyq(xf_frame *f) {
+XF_ROUTINE(zfmyyq, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   const int32_t w = f->width, area = w - 2;
@@ -244,28 +245,28 @@ XF_API xf_status zfmyyq(xf_frame *f) {
   return XF_OK;
 }
 
-XF_API xf_status zfmmmy(xf_frame *f) { return zfmdlmy(f, 'M'); }
-XF_API xf_status zfmmmyc(xf_frame *f) { return zfmdlmy(f, ':'); }
-XF_API xf_status zfmmmyd(xf_frame *f) { return zfmdlmy(f, '-'); }
-XF_API xf_status zfmmmyn(xf_frame *f) { return zfmdlmy(f, '\0'); }
-XF_API xf_status zfmmmyp(xf_frame *f) { return zfmdlmy(f, '.'); }
-XF_API xf_status zfmmmys(xf_frame *f) { return zfmdlmy(f, '/'); }
-XF_API xf_status zfmyym(xf_frame *f) { return zfmdlym(f, 'M'); }
-XF_API xf_status zfmyymc(xf_frame *f) { return zfmdlym(f, ':'); }
-XF_API xf_status zfmyymd(xf_frame *f) { return zfmdlym(f, '-'); }
-XF_API xf_status zfmyymn(xf_frame *f) { return zfmdlym(f, '\0'); }
-XF_API xf_status zfmyymp(xf_frame *f) { return zfmdlym(f, '.'); }
-XF_API xf_status zfmyyms(xf_frame *f) { return zfmdlym(f, '/'); }
-XF_API xf_status zfmyyqc(xf_frame *f) { return zfmdlqy(f, ':'); }
-XF_API xf_status zfmyyqd(xf_frame *f) { return zfmdlqy(f, '-'); }
-XF_API xf_status zfmyyqn(xf_frame *f) { return zfmdlqy(f, '\0'); }
-XF_API xf_status zfmyyqp(xf_frame *f) { return zfmdlqy(f, '.'); }
-XF_API xf_status zfmyyqs(xf_frame *f) { return zfmdlqy(f, '/'); }
-XF_API xf_status zfmyyqr(xf_frame *f) { return zfmdlyq(f, 'Q'); }
-XF_API xf_status zfmyqrc(xf_frame *f) { return zfmdlyq(f, ':'); }
-XF_API xf_status zfmyqrd(xf_frame *f) { return zfmdlyq(f, '-'); }
-XF_API xf_status zfmyqrn(xf_frame *f) { return zfmdlyq(f, '\0'); }
-XF_API xf_status zfmyqrp(xf_frame *f) { return zfmdlyq(f, '.'); }
-XF_API xf_status zfmyqrs(xf_frame *f) { return zfmdlyq(f, '/'); }
+XF_ROUTINE(zfmmmy, f) { return zfmdlmy(f, 'M'); }
+XF_ROUTINE(zfmmmyc, f) { return zfmdlmy(f, ':'); }
+XF_ROUTINE(zfmmmyd, f) { return zfmdlmy(f, '-'); }
+XF_ROUTINE(zfmmmyn, f) { return zfmdlmy(f, '\0'); }
+XF_ROUTINE(zfmmmyp, f) { return zfmdlmy(f, '.'); }
+XF_ROUTINE(zfmmmys, f) { return zfmdlmy(f, '/'); }
+XF_ROUTINE(zfmyym, f) { return zfmdlym(f, 'M'); }
+XF_ROUTINE(zfmyymc, f) { return zfmdlym(f, ':'); }
+XF_ROUTINE(zfmyymd, f) { return zfmdlym(f, '-'); }
+XF_ROUTINE(zfmyymn, f) { return zfmdlym(f, '\0'); }
+XF_ROUTINE(zfmyymp, f) { return zfmdlym(f, '.'); }
+XF_ROUTINE(zfmyyms, f) { return zfmdlym(f, '/'); }
+XF_ROUTINE(zfmyyqc, f) { return zfmdlqy(f, ':'); }
+XF_ROUTINE(zfmyyqd, f) { return zfmdlqy(f, '-'); }
+XF_ROUTINE(zfmyyqn, f) { return zfmdlqy(f, '\0'); }
+XF_ROUTINE(zfmyyqp, f) { return zfmdlqy(f, '.'); }
+XF_ROUTINE(zfmyyqs, f) { return zfmdlqy(f, '/'); }
+XF_ROUTINE(zfmyyqr, f) { return zfmdlyq(f, 'Q'); }
+XF_ROUTINE(zfmyqrc, f) { return zfmdlyq(f, ':'); }
+XF_ROUTINE(zfmyqrd, f) { return zfmdlyq(f, '-'); }
+XF_ROUTINE(zfmyqrn, f) { return zfmdlyq(f, '\0'); }
+XF_ROUTINE(zfmyqrp, f) { return zfmdlyq(f, '.'); }
+XF_ROUTINE(zfmyqrs, f) { return zfmdlyq(f, '/'); }
 
 }  // extern "C"

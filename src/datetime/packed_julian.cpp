@@ -12,6 +12,7 @@
 #include "catalog/field.hpp"
 #include "datetime/calendar.hpp"
 #include "datetime/date_field.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt::datetime;
 
@@ -45,8 +46,8 @@ xf_status packed_julian(xf_frame *f, int64_t first_year, int64_t end_year, int64
 
 extern "C" {
 
-XF_API xf_status zfmpdjg(xf_frame *f) { return packed_julian(f, 0, 10000, 0); }
+XF_ROUTINE(zfmpdjg, f) { return packed_julian(f, 0, 10000, 0); }
 // 0cyyddd: (year - 1900) x 1000 + day, seven digits with a leading zero.
-XF_API xf_status zfmpdji(xf_frame *f) { return packed_julian(f, 1900, 2900, 1900); }
+XF_ROUTINE(zfmpdji, f) { return packed_julian(f, 1900, 2900, 1900); }
 
 }  // extern "C"

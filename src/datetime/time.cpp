@@ -8,6 +8,7 @@
 #include "catalog/field.hpp"
 #include "datetime/calendar.hpp"
 #include "datetime/date_field.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt::datetime;
 
@@ -74,7 +75,7 @@ extern "C" {
 // Worked example: TIME5. of 3599.6. The half-unit of 0 decimals takes
 // 59:59.6 past the hour, so the hour carries before the split (1:00:00);
 // only "1:00" fits five positions, right-justified as " 1:00".
-XF_API xf_status zfmtime(xf_frame *f) {
+XF_ROUTINE(zfmtime, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 2, st)) return st;
   const int32_t w = f->width;

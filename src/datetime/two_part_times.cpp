@@ -9,6 +9,7 @@
 #include "catalog/field.hpp"
 #include "datetime/calendar.hpp"
 #include "datetime/date_field.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt::datetime;
 
@@ -86,7 +87,7 @@ xf_status two_parts(xf_frame *f, double seconds_per_small) {
 
 extern "C" {
 
-XF_API xf_status zfmhhmm(xf_frame *f) { return two_parts(f, 60.0); }
-XF_API xf_status zfmmmss(xf_frame *f) { return two_parts(f, 1.0); }
+XF_ROUTINE(zfmhhmm, f) { return two_parts(f, 60.0); }
+XF_ROUTINE(zfmmmss, f) { return two_parts(f, 1.0); }
 
 }  // extern "C"

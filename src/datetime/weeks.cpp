@@ -2,6 +2,7 @@
 // text, the actual/actual day count, and the fixed-width digit writer.
 #include "xfmt/xfmt.h"
 
+#include <cmath>
 #include <cstring>
 
 #include "datetime/calendar.hpp"
@@ -69,7 +70,11 @@ XF_API int32_t get_yywwdd(const char *rule, int32_t ignored, double *year, doubl
   if (unusable(date) || !date_in_range(date)) return 0;
   const ymd c = ymd_of_value(date);
   const int32_t y = static_cast<int32_t>(c.year);
-  const int64_t wd = static_cast<int64_t>(zwekday(date));  // 1 = Sunday
+  // 1 = Sunday. Not zwekday, which keeps a shifted count before 1600-01-02
+  // for its own callers: the week rules need the true weekday on every day,
+  // 1600-01-01 (a Saturday) included.
+  const int64_t days = static_cast<int64_t>(std::floor(date)) + 131486;
+  const int64_t wd = days - floor_div(days, 7) * 7 + 1;
   int64_t d = 0;
   double fraction = 0;
   diff_actact(1, 1, y, c.month, c.day, y, &d, &fraction);

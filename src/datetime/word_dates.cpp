@@ -17,6 +17,7 @@
 #include "catalog/field.hpp"
 #include "datetime/calendar.hpp"
 #include "datetime/date_field.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt::datetime;
 
@@ -178,14 +179,14 @@ xf_status date_in_words(xf_frame *f, text_of layout) {
 
 extern "C" {
 
-XF_API xf_status zfmwkdt(xf_frame *f) { return date_in_words(f, weekdate_text); }
-XF_API xf_status zfmwkdx(xf_frame *f) { return date_in_words(f, weekdatx_text); }
-XF_API xf_status zfmwrdt(xf_frame *f) { return date_in_words(f, worddate_text); }
-XF_API xf_status zfmwrdx(xf_frame *f) { return date_in_words(f, worddatx_text); }
+XF_ROUTINE(zfmwkdt, f) { return date_in_words(f, weekdate_text); }
+XF_ROUTINE(zfmwkdx, f) { return date_in_words(f, weekdatx_text); }
+XF_ROUTINE(zfmwrdt, f) { return date_in_words(f, worddate_text); }
+XF_ROUTINE(zfmwrdx, f) { return date_in_words(f, worddatx_text); }
 
 // The datetime range is exactly the seconds of the valid days, so the day
 // of an in-range datetime is always a valid date.
-XF_API xf_status zfmdtwk(xf_frame *f) {
+XF_ROUTINE(zfmdtwk, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 2, st)) return st;
   return write_words(f, static_cast<int64_t>(zdatprt(value_of(f))), weekdatx_text);

@@ -9,6 +9,7 @@
 #include "informats/decimal_to_double.hpp"
 #include "informats/informat_frame.hpp"
 #include "numeric/binary_codec.hpp"
+#include "catalog/routine_guard.hpp"
 
 namespace xfmt::informats {
 namespace {
@@ -181,16 +182,16 @@ xf_status radix_char_informat(xf_frame *f, int bits, int per) {
 
 using namespace xfmt::informats;
 
-extern "C" xf_status zifmib(xf_frame *f) { return read_integer(f, true, true); }
-extern "C" xf_status zifmibr(xf_frame *f) { return read_integer(f, false, true); }
-extern "C" xf_status zifmpib(xf_frame *f) { return read_integer(f, true, false); }
-extern "C" xf_status zifmpibr(xf_frame *f) { return read_integer(f, false, false); }
-extern "C" xf_status zifmpd(xf_frame *f) { return read_packed(f, true); }
-extern "C" xf_status zifmpk(xf_frame *f) { return read_packed(f, false); }
-extern "C" xf_status zifmzd(xf_frame *f) { return read_zoned(f); }
+XF_ROUTINE(zifmib, f) { return read_integer(f, true, true); }
+XF_ROUTINE(zifmibr, f) { return read_integer(f, false, true); }
+XF_ROUTINE(zifmpib, f) { return read_integer(f, true, false); }
+XF_ROUTINE(zifmpibr, f) { return read_integer(f, false, false); }
+XF_ROUTINE(zifmpd, f) { return read_packed(f, true); }
+XF_ROUTINE(zifmpk, f) { return read_packed(f, false); }
+XF_ROUTINE(zifmzd, f) { return read_zoned(f); }
 
 // The first w bytes of a double, most significant first; the rest zero.
-extern "C" xf_status zifmrb(xf_frame *f) {
+XF_ROUTINE(zifmrb, f) {
   int d = 0;
   xf_status status = XF_OK;
   if (!raw_ready(f, 8, d, status)) return status;
@@ -200,9 +201,9 @@ extern "C" xf_status zifmrb(xf_frame *f) {
   return store_double(f, v, XF_OK);
 }
 
-extern "C" xf_status zifmhex(xf_frame *f) { return radix_informat(f, 4, 16); }
-extern "C" xf_status zifmoct(xf_frame *f) { return radix_informat(f, 3, 24); }
-extern "C" xf_status zifmbin(xf_frame *f) { return radix_informat(f, 1, 64); }
-extern "C" xf_status zifmchex(xf_frame *f) { return radix_char_informat(f, 4, 2); }
-extern "C" xf_status zifmcoct(xf_frame *f) { return radix_char_informat(f, 3, 3); }
-extern "C" xf_status zifmcbin(xf_frame *f) { return radix_char_informat(f, 1, 8); }
+XF_ROUTINE(zifmhex, f) { return radix_informat(f, 4, 16); }
+XF_ROUTINE(zifmoct, f) { return radix_informat(f, 3, 24); }
+XF_ROUTINE(zifmbin, f) { return radix_informat(f, 1, 64); }
+XF_ROUTINE(zifmchex, f) { return radix_char_informat(f, 4, 2); }
+XF_ROUTINE(zifmcoct, f) { return radix_char_informat(f, 3, 3); }
+XF_ROUTINE(zifmcbin, f) { return radix_char_informat(f, 1, 8); }

@@ -9,6 +9,7 @@
 #include "informats/date_scanner.hpp"
 #include "informats/informat_frame.hpp"
 #include "informats/number_reader.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt;
 using namespace xfmt::informats;
@@ -67,7 +68,7 @@ bool date_then_time(date_cursor &c, double date, Separator separator, double &v)
 }  // namespace
 
 // @DATE: "04JUL2023", "4jul23", "04-JUL-2023", "4 July 2023".
-extern "C" xf_status zifmdate(xf_frame *f) {
+XF_ROUTINE(zifmdate, f) {
   return read_field(f, [](date_cursor &c, double &v) {
     date_parts d{};
     if (!read_name_date(c, d)) return false;
@@ -77,24 +78,24 @@ extern "C" xf_status zifmdate(xf_frame *f) {
 }
 
 // @DDMMYY: "04/07/2023", "040723", "04072023", "4-7-23", "4.7.2023".
-extern "C" xf_status zifmdmy(xf_frame *f) {
+XF_ROUTINE(zifmdmy, f) {
   return read_field(f, [](date_cursor &c, double &v) { return numeric_date(c, date_order::dmy, v); });
 }
 
 // @MMDDYY: "07/04/2023", "070423", "07042023", "7-4-23".
-extern "C" xf_status zifmmdy(xf_frame *f) {
+XF_ROUTINE(zifmmdy, f) {
   return read_field(f, [](date_cursor &c, double &v) { return numeric_date(c, date_order::mdy, v); });
 }
 
 // @YYMMDD: "2023-07-04", "230704", "20230704", "23/7/4".
-extern "C" xf_status zifmymd(xf_frame *f) {
+XF_ROUTINE(zifmymd, f) {
   return read_field(f, [](date_cursor &c, double &v) { return numeric_date(c, date_order::ymd, v); });
 }
 
 // @JULIAN: "2023185" (year, day of the year 001..366) or "23185"; nothing
 // else around the digits. Day 000 (which the Julian routines take as the
 // last day of the year before) is refused here: no printed date has it.
-extern "C" xf_status zifmjul(xf_frame *f) {
+XF_ROUTINE(zifmjul, f) {
   return read_field(f, [](date_cursor &c, double &v) {
     const size_t run = c.digit_run();
     if (run != 5 && run != 7) return false;
@@ -108,7 +109,7 @@ extern "C" xf_status zifmjul(xf_frame *f) {
 }
 
 // @MONYY: "JUL2023", "jul23", "JUL-2023", "July 2023": the first of the month.
-extern "C" xf_status zifmmony(xf_frame *f) {
+XF_ROUTINE(zifmmony, f) {
   return read_field(f, [](date_cursor &c, double &v) {
     date_parts d{0, read_month_name(c), 1};
     if (d.month == 0) return false;
@@ -120,7 +121,7 @@ extern "C" xf_status zifmmony(xf_frame *f) {
 }
 
 // @YYQ: "2023Q3", "23q3", "2023-Q3": the first day of the quarter.
-extern "C" xf_status zifmyyq(xf_frame *f) {
+XF_ROUTINE(zifmyyq, f) {
   return read_field(f, [](date_cursor &c, double &v) {
     date_parts d{0, 0, 1};
     if (!read_year(c, d.year)) return false;
@@ -138,7 +139,7 @@ extern "C" xf_status zifmyyq(xf_frame *f) {
 // year, month and day: "R.01/05/01", "H01/01/08", "R010501", "h1-1-8".
 // The day must not precede the first day of its era; an era year running
 // past the next era's start ("S64/12/31") is still read, as it counts on.
-extern "C" xf_status zifmneng(xf_frame *f) {
+XF_ROUTINE(zifmneng, f) {
   return read_field(f, [](date_cursor &c, double &v) {
     int era = 0;
     for (int i = 1; i <= 5 && era == 0; ++i)
@@ -173,7 +174,7 @@ extern "C" xf_status zifmneng(xf_frame *f) {
 
 // @TIME: "12:34", "12:34:56", "1:02:03.5", "12:34:56 PM", "100:00:00"
 // (hours up to 999999 without AM/PM; minutes and seconds below 60).
-extern "C" xf_status zifmtime(xf_frame *f) {
+XF_ROUTINE(zifmtime, f) {
   return read_field(f, [](date_cursor &c, double &v) {
     time_parts t{};
     if (!read_time_of_day(c, 999999, t)) return false;
@@ -185,7 +186,7 @@ extern "C" xf_status zifmtime(xf_frame *f) {
 // @DATETIME: a date as @DATE reads it, then ':', 'T' or blanks and a time of
 // day: "04JUL2023:12:34:56", "4jul23 12:34", "04JUL2023:12:34:56.25",
 // "04JUL2023:01:02:03 PM"; the date alone reads as its midnight.
-extern "C" xf_status zifmdttm(xf_frame *f) {
+XF_ROUTINE(zifmdttm, f) {
   return read_field(f, [](date_cursor &c, double &v) {
     date_parts d{};
     if (!read_name_date(c, d)) return false;
@@ -198,7 +199,7 @@ extern "C" xf_status zifmdttm(xf_frame *f) {
 // @MDYAMPM: a date as @MMDDYY reads it, then blanks (or a comma and blanks)
 // and a time of day: "07/04/2023 12:34:56 PM", "7-4-23 0:15", "070423 1:00AM";
 // the date alone reads as its midnight.
-extern "C" xf_status zifmdyam(xf_frame *f) {
+XF_ROUTINE(zifmdyam, f) {
   return read_field(f, [](date_cursor &c, double &v) {
     date_parts d{};
     if (!read_numeric_date(c, date_order::mdy, d)) return false;

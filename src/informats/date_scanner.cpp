@@ -48,6 +48,8 @@ bool date_cursor::take_date_separator() {
   return false;
 }
 
+bool date_cursor::take_numeric_date_separator() { return take(':') || take_date_separator(); }
+
 bool date_cursor::skip_blanks() {
   const char *start = p;
   while (p < end && is_blank_or_tab(*p)) ++p;
@@ -110,12 +112,12 @@ bool read_numeric_date(date_cursor &c, date_order order, date_parts &out) {
   }
   int64_t first = 0, second = 0;
   if (order == date_order::ymd) {
-    if (!read_year(c, out.year) || !c.take_date_separator()) return false;
-    if (!read_small(c, out.month) || !c.take_date_separator()) return false;
+    if (!read_year(c, out.year) || !c.take_numeric_date_separator()) return false;
+    if (!read_small(c, out.month) || !c.take_numeric_date_separator()) return false;
     return read_small(c, out.day);
   }
-  if (!read_small(c, first) || !c.take_date_separator()) return false;
-  if (!read_small(c, second) || !c.take_date_separator()) return false;
+  if (!read_small(c, first) || !c.take_numeric_date_separator()) return false;
+  if (!read_small(c, second) || !c.take_numeric_date_separator()) return false;
   if (!read_year(c, out.year)) return false;
   out.month = order == date_order::mdy ? first : second;
   out.day = order == date_order::mdy ? second : first;

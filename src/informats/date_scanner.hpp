@@ -21,6 +21,10 @@ struct date_cursor {
   bool take(char c);
   // Takes one of the date separators "/-. " when it is next.
   bool take_date_separator();
+  // The same and ':', between the numbers of a day-month-year date: the
+  // separator letters B, C, D, N, P and S of the numeric date formats give
+  // blank, colon, dash, nothing, period and slash, and all read back.
+  bool take_numeric_date_separator();
   // Skips blanks and tabs; true when there was at least one.
   bool skip_blanks();
   // Length of the digit run at the cursor (not consumed).

@@ -4,6 +4,7 @@
 #include "xfmt/xfmt.h"
 
 #include <cstring>
+#include "catalog/routine_guard.hpp"
 
 
 namespace {
@@ -43,15 +44,15 @@ xf_status char_informat(xf_frame *f, char (*map)(char)) {
 
 }  // namespace
 
-extern "C" xf_status zifmc(xf_frame *f) { return char_informat(f, keep); }
+XF_ROUTINE(zifmc, f) { return char_informat(f, keep); }
 
-extern "C" xf_status zifmzbc(xf_frame *f) { return char_informat(f, zero_to_blank); }
+XF_ROUTINE(zifmzbc, f) { return char_informat(f, zero_to_blank); }
 
 // One pair of matching quotes goes: blanks before the opening quote are
 // dropped, and when the last non-blank byte is the same quote the text
 // between them is delivered as it stands ("'a''b'" gives a''b). Text
 // without such a pair is delivered unchanged.
-extern "C" xf_status zifmcq(xf_frame *f) {
+XF_ROUTINE(zifmcq, f) {
   if (f->width < 0) {
     f->output_length = 0;
     return XF_IN_BAD_WIDTH;

@@ -2,6 +2,7 @@
 // check and storing the double.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -34,6 +35,14 @@ inline int64_t field_length(const xf_frame *f) {
   int64_t len = f->input_length;
   return w < len ? w : len;
 }
+
+// One rule for every number informat (@F, @E, @BZ, @COMMA and the rest of
+// their module): the whole field is read, however wide. A host that keeps
+// to the catalog's maximum (32) never passes more, but a wider field is
+// read as the same text in a narrower one would be, never cut or refused
+// for its length. The routine entry guard bounds a width at 32767, so
+// copies of the field fit in this many bytes.
+inline constexpr size_t widest_number_field = 32767;
 
 inline const char *field_text(const xf_frame *f) { return static_cast<const char *>(f->input); }
 

@@ -5,11 +5,12 @@
 #include "catalog/missing.hpp"
 #include "informats/informat_frame.hpp"
 #include "informats/number_reader.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt;
 using namespace xfmt::informats;
 
-extern "C" xf_status wzifmn(xf_frame *f) {
+XF_ROUTINE(wzifmn, f) {
   if (!can_store_double(f)) return refuse_small_output(f);
   int64_t n = field_length(f);
   if (n < 1) return store_double(f, missing_ordinary(), n == 0 ? XF_OK : XF_IN_BAD_WIDTH);
@@ -21,9 +22,8 @@ extern "C" xf_status wzifmn(xf_frame *f) {
 }
 
 // Leading blanks go; every later blank is a zero, so " 1 2 " with w 5 reads
-// 1020 and an all-blank field reads 0. The copy holds at most 32 bytes, the
-// widest field the informat allows.
-extern "C" xf_status zifmbz(xf_frame *f) {
+// 1020 and an all-blank field reads 0. The copy holds the whole field.
+XF_ROUTINE(zifmbz, f) {
   if (!can_store_double(f)) return refuse_small_output(f);
   int64_t n = field_length(f);
   if (n < 1) return store_double(f, missing_ordinary(), n == 0 ? XF_OK : XF_IN_BAD_WIDTH);
@@ -34,7 +34,7 @@ extern "C" xf_status zifmbz(xf_frame *f) {
   size_t i = 0;
   size_t len = static_cast<size_t>(n);
   while (i < len && text[i] == ' ') ++i;
-  char copy[32];
+  char copy[widest_number_field];
   size_t m = 0;
   for (; i < len && m < sizeof copy; ++i) copy[m++] = text[i] == ' ' ? '0' : text[i];
   if (m == 0) return store_double(f, 0.0, XF_OK);

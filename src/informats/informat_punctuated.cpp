@@ -6,6 +6,7 @@
 #include "catalog/missing.hpp"
 #include "informats/informat_frame.hpp"
 #include "informats/number_reader.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt;
 using namespace xfmt::informats;
@@ -25,9 +26,8 @@ bool is_punctuation(unsigned char c) {
   }
 }
 
-// The cleaned text is at most this long; a longer one is invalid rather than
-// cut (a number field is at most 32 wide).
-constexpr size_t clean_room = 256;
+// The cleaned text is never longer than the field.
+constexpr size_t clean_room = widest_number_field;
 
 struct cleaned_number {
   char text[clean_room];
@@ -93,22 +93,22 @@ xf_status punctuated_informat(xf_frame *f, bool percent) {
 
 }  // namespace
 
-extern "C" xf_status zifmcma(xf_frame *f) { return punctuated_informat(f, false); }
+XF_ROUTINE(zifmcma, f) { return punctuated_informat(f, false); }
 
-extern "C" xf_status zifmpct(xf_frame *f) { return punctuated_informat(f, true); }
+XF_ROUTINE(zifmpct, f) { return punctuated_informat(f, true); }
 
 // "1.234.567,89" reads 1234567.89: points, "$", "%", ")" and blanks are
-// dropped from the first 32 bytes, commas become points, and the rest is
+// dropped from the whole field, commas become points, and the rest is
 // read as @COMMA reads it with its own length as the width.
-extern "C" xf_status zifmcmx(xf_frame *f) {
+XF_ROUTINE(zifmcmx, f) {
   if (!can_store_double(f)) return refuse_small_output(f);
   if (f->width < 0) return store_double(f, missing_ordinary(), XF_IN_BAD_WIDTH);
   store_double(f, missing_ordinary(), XF_OK);
   int64_t n = field_length(f);
-  char copy[32];
+  char copy[widest_number_field];
   size_t m = 0;
   const char *text = field_text(f);
-  for (int64_t i = 0; i < n && i < 32; ++i) {
+  for (int64_t i = 0; i < n; ++i) {
     char c = text[i];
     if (c == '.' || c == '$' || c == '%' || c == ')' || c == ' ') continue;
     copy[m++] = c == ',' ? '.' : c;

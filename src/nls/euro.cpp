@@ -11,6 +11,7 @@
 #include <mutex>
 
 #include "catalog/field.hpp"
+#include "catalog/routine_guard.hpp"
 
 // Units of each currency per euro, exactly as hosts have always had them:
 // results must not move, so no rate is "corrected" to more digits.
@@ -120,54 +121,54 @@ xf_status to_national(xf_frame *f, int index) {
 
 }  // namespace
 
-extern "C" xf_status eurfrats(xf_frame *f) { return from_national(f, 1); }
-extern "C" xf_status eurfrbef(xf_frame *f) { return from_national(f, 2); }
-extern "C" xf_status eurfrfim(xf_frame *f) { return from_national(f, 3); }
-extern "C" xf_status eurfrfrf(xf_frame *f) { return from_national(f, 4); }
-extern "C" xf_status eurfrdem(xf_frame *f) { return from_national(f, 5); }
-extern "C" xf_status eurfriep(xf_frame *f) { return from_national(f, 6); }
-extern "C" xf_status eurfritl(xf_frame *f) { return from_national(f, 7); }
-extern "C" xf_status eurfrluf(xf_frame *f) { return from_national(f, 8); }
-extern "C" xf_status eurfrnlg(xf_frame *f) { return from_national(f, 9); }
-extern "C" xf_status eurfrpte(xf_frame *f) { return from_national(f, 10); }
-extern "C" xf_status eurfresp(xf_frame *f) { return from_national(f, 11); }
-extern "C" xf_status eurfrchf(xf_frame *f) { return from_national(f, 12); }
-extern "C" xf_status eurfrdkk(xf_frame *f) { return from_national(f, 13); }
-extern "C" xf_status eurfrgbp(xf_frame *f) { return from_national(f, 14); }
-extern "C" xf_status eurfrgrd(xf_frame *f) { return from_national(f, 15); }
-extern "C" xf_status eurfrsek(xf_frame *f) { return from_national(f, 16); }
-extern "C" xf_status eurfrczk(xf_frame *f) { return from_national(f, 17); }
-extern "C" xf_status eurfrhuf(xf_frame *f) { return from_national(f, 18); }
-extern "C" xf_status eurfrnok(xf_frame *f) { return from_national(f, 19); }
-extern "C" xf_status eurfrrur(xf_frame *f) { return from_national(f, 20); }
-extern "C" xf_status eurfrtrl(xf_frame *f) { return from_national(f, 21); }
-extern "C" xf_status eurfrplz(xf_frame *f) { return from_national(f, 22); }
-extern "C" xf_status eurfrrol(xf_frame *f) { return from_national(f, 23); }
-extern "C" xf_status eurfryud(xf_frame *f) { return from_national(f, 24); }
-extern "C" xf_status eurfrsit(xf_frame *f) { return from_national(f, 25); }
+XF_ROUTINE(eurfrats, f) { return from_national(f, 1); }
+XF_ROUTINE(eurfrbef, f) { return from_national(f, 2); }
+XF_ROUTINE(eurfrfim, f) { return from_national(f, 3); }
+XF_ROUTINE(eurfrfrf, f) { return from_national(f, 4); }
+XF_ROUTINE(eurfrdem, f) { return from_national(f, 5); }
+XF_ROUTINE(eurfriep, f) { return from_national(f, 6); }
+XF_ROUTINE(eurfritl, f) { return from_national(f, 7); }
+XF_ROUTINE(eurfrluf, f) { return from_national(f, 8); }
+XF_ROUTINE(eurfrnlg, f) { return from_national(f, 9); }
+XF_ROUTINE(eurfrpte, f) { return from_national(f, 10); }
+XF_ROUTINE(eurfresp, f) { return from_national(f, 11); }
+XF_ROUTINE(eurfrchf, f) { return from_national(f, 12); }
+XF_ROUTINE(eurfrdkk, f) { return from_national(f, 13); }
+XF_ROUTINE(eurfrgbp, f) { return from_national(f, 14); }
+XF_ROUTINE(eurfrgrd, f) { return from_national(f, 15); }
+XF_ROUTINE(eurfrsek, f) { return from_national(f, 16); }
+XF_ROUTINE(eurfrczk, f) { return from_national(f, 17); }
+XF_ROUTINE(eurfrhuf, f) { return from_national(f, 18); }
+XF_ROUTINE(eurfrnok, f) { return from_national(f, 19); }
+XF_ROUTINE(eurfrrur, f) { return from_national(f, 20); }
+XF_ROUTINE(eurfrtrl, f) { return from_national(f, 21); }
+XF_ROUTINE(eurfrplz, f) { return from_national(f, 22); }
+XF_ROUTINE(eurfrrol, f) { return from_national(f, 23); }
+XF_ROUTINE(eurfryud, f) { return from_national(f, 24); }
+XF_ROUTINE(eurfrsit, f) { return from_national(f, 25); }
 
-extern "C" xf_status eurtoats(xf_frame *f) { return to_national(f, 1); }
-extern "C" xf_status eurtobef(xf_frame *f) { return to_national(f, 2); }
-extern "C" xf_status eurtofim(xf_frame *f) { return to_national(f, 3); }
-extern "C" xf_status eurtofrf(xf_frame *f) { return to_national(f, 4); }
-extern "C" xf_status eurtodem(xf_frame *f) { return to_national(f, 5); }
-extern "C" xf_status eurtoiep(xf_frame *f) { return to_national(f, 6); }
-extern "C" xf_status eurtoitl(xf_frame *f) { return to_national(f, 7); }
-extern "C" xf_status eurtoluf(xf_frame *f) { return to_national(f, 8); }
-extern "C" xf_status eurtonlg(xf_frame *f) { return to_national(f, 9); }
-extern "C" xf_status eurtopte(xf_frame *f) { return to_national(f, 10); }
-extern "C" xf_status eurtoesp(xf_frame *f) { return to_national(f, 11); }
-extern "C" xf_status eurtochf(xf_frame *f) { return to_national(f, 12); }
-extern "C" xf_status eurtodkk(xf_frame *f) { return to_national(f, 13); }
-extern "C" xf_status eurtogbp(xf_frame *f) { return to_national(f, 14); }
-extern "C" xf_status eurtogrd(xf_frame *f) { return to_national(f, 15); }
-extern "C" xf_status eurtosek(xf_frame *f) { return to_national(f, 16); }
-extern "C" xf_status eurtoczk(xf_frame *f) { return to_national(f, 17); }
-extern "C" xf_status eurtohuf(xf_frame *f) { return to_national(f, 18); }
-extern "C" xf_status eurtonok(xf_frame *f) { return to_national(f, 19); }
-extern "C" xf_status eurtorur(xf_frame *f) { return to_national(f, 20); }
-extern "C" xf_status eurtotrl(xf_frame *f) { return to_national(f, 21); }
-extern "C" xf_status eurtoplz(xf_frame *f) { return to_national(f, 22); }
-extern "C" xf_status eurtorol(xf_frame *f) { return to_national(f, 23); }
-extern "C" xf_status eurtoyud(xf_frame *f) { return to_national(f, 24); }
-extern "C" xf_status eurtosit(xf_frame *f) { return to_national(f, 25); }
+XF_ROUTINE(eurtoats, f) { return to_national(f, 1); }
+XF_ROUTINE(eurtobef, f) { return to_national(f, 2); }
+XF_ROUTINE(eurtofim, f) { return to_national(f, 3); }
+XF_ROUTINE(eurtofrf, f) { return to_national(f, 4); }
+XF_ROUTINE(eurtodem, f) { return to_national(f, 5); }
+XF_ROUTINE(eurtoiep, f) { return to_national(f, 6); }
+XF_ROUTINE(eurtoitl, f) { return to_national(f, 7); }
+XF_ROUTINE(eurtoluf, f) { return to_national(f, 8); }
+XF_ROUTINE(eurtonlg, f) { return to_national(f, 9); }
+XF_ROUTINE(eurtopte, f) { return to_national(f, 10); }
+XF_ROUTINE(eurtoesp, f) { return to_national(f, 11); }
+XF_ROUTINE(eurtochf, f) { return to_national(f, 12); }
+XF_ROUTINE(eurtodkk, f) { return to_national(f, 13); }
+XF_ROUTINE(eurtogbp, f) { return to_national(f, 14); }
+XF_ROUTINE(eurtogrd, f) { return to_national(f, 15); }
+XF_ROUTINE(eurtosek, f) { return to_national(f, 16); }
+XF_ROUTINE(eurtoczk, f) { return to_national(f, 17); }
+XF_ROUTINE(eurtohuf, f) { return to_national(f, 18); }
+XF_ROUTINE(eurtonok, f) { return to_national(f, 19); }
+XF_ROUTINE(eurtorur, f) { return to_national(f, 20); }
+XF_ROUTINE(eurtotrl, f) { return to_national(f, 21); }
+XF_ROUTINE(eurtoplz, f) { return to_national(f, 22); }
+XF_ROUTINE(eurtorol, f) { return to_national(f, 23); }
+XF_ROUTINE(eurtoyud, f) { return to_national(f, 24); }
+XF_ROUTINE(eurtosit, f) { return to_national(f, 25); }

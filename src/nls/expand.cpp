@@ -41,9 +41,15 @@ struct sink {
     }
     for (char c : s) put(c);
   }
+  // Past the room only the count grows, so a long run costs nothing.
   void blanks(size_t k) {
-    while (k--) put(' ');
+    while (k > 0 && n < room) {
+      p[n++] = ' ';
+      --k;
+    }
+    n += k;
   }
+  void skip(size_t k) { n += k; }
   // Exactly k digits of v (v >= 0), the leading ones zero or blank.
   void fixed(int64_t v, int k, char fill) {
     if (fill == '0' && k <= 4 && n + static_cast<size_t>(k) <= room) {  // the usual case
@@ -150,12 +156,18 @@ void seconds(sink &s, const conversion &c, const moment &m, const field_reader &
   std::string_view point;
   if (!loc.get(field_decimal_point, &point) || point.empty()) point = ".";
   s.put(point);
+  // Digits past the room are only counted: the loop ends when the sink is
+  // full, whatever the decimals asked for.
   if (!m.has_second) {
-    for (int i = 0; i < decimals; ++i) s.put('*');
+    for (int i = 0; i < decimals; ++i) {
+      if (s.n >= s.room) return s.skip(static_cast<size_t>(decimals - i));
+      s.put('*');
+    }
     return;
   }
   double frac = m.second - std::floor(m.second);
   for (int i = 0; i < decimals; ++i) {
+    if (s.n >= s.room) return s.skip(static_cast<size_t>(decimals - i));
     frac *= 10;
     int digit = static_cast<int>(frac);
     if (digit > 9) digit = 9;

@@ -308,6 +308,9 @@ xf_status money_format(xf_frame *f, const money_conventions &c, const xf_monetar
   const bool utf16 = f->requested_output_encoding == XF_ENC_UTF16LE;
   const uint32_t unit = utf16 ? 2 : 1;
   if (static_cast<uint64_t>(w) * unit > f->output_capacity) return fail_stars(f, w, XF_E_CAPACITY);
+  // A NaN that is not a missing value, or an infinity, has no amount to show:
+  // the star field of every numeric format.
+  if (!std::isfinite(v)) return fail_stars(f, w, XF_E_OVERFLOW);
   const int dd = d < 0 ? 0 : (d > 28 ? 28 : d);
   const bool negative = v < 0;
 

@@ -4,14 +4,15 @@
 
 #include "nls/locale.hpp"
 #include "nls/money.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt::nls;
 
-extern "C" xf_status nlmnyloc(xf_frame *f, const xf_monetary *entry) {
+XF_ROUTINE_WITH(nlmnyloc, f, (const xf_monetary *entry), (entry)) {
   return money_format(f, locale_money_conventions(frame_locale_id(f)), *entry, false);
 }
 
-extern "C" xf_status nlmnyint(xf_frame *f, const xf_monetary *entry) {
+XF_ROUTINE_WITH(nlmnyint, f, (const xf_monetary *entry), (entry)) {
   return money_format(f, locale_money_conventions(frame_locale_id(f)), *entry, true);
 }
 
@@ -105,83 +106,83 @@ enum currency_row : int {
 
 }  // namespace
 
-extern "C" xf_status nlmniaed(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_aed]); }
-extern "C" xf_status nlmniaud(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_aud]); }
-extern "C" xf_status nlmnibgn(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_bgn]); }
-extern "C" xf_status nlmnibrl(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_brl]); }
-extern "C" xf_status nlmnicad(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_cad]); }
-extern "C" xf_status nlmnichf(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_chf]); }
-extern "C" xf_status nlmnicny(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_cny]); }
-extern "C" xf_status nlmniczk(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_czk]); }
-extern "C" xf_status nlmnidkk(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_dkk]); }
-extern "C" xf_status nlmnieek(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_eek]); }
-extern "C" xf_status nlmniegp(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_egp]); }
-extern "C" xf_status nlmnieur(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_eur]); }
-extern "C" xf_status nlmnigbp(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_gbp]); }
-extern "C" xf_status nlmnihkd(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_hkd]); }
-extern "C" xf_status nlmnihrk(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_hrk]); }
-extern "C" xf_status nlmnihuf(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_huf]); }
-extern "C" xf_status nlmniidr(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_idr]); }
-extern "C" xf_status nlmniils(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_ils]); }
-extern "C" xf_status nlmniinr(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_inr]); }
-extern "C" xf_status nlmnijpy(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_jpy]); }
-extern "C" xf_status nlmnikrw(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_krw]); }
-extern "C" xf_status nlmniltl(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_ltl]); }
-extern "C" xf_status nlmnilvl(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_lvl]); }
-extern "C" xf_status nlmnimop(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_mop]); }
-extern "C" xf_status nlmnimxn(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_mxn]); }
-extern "C" xf_status nlmnimyr(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_myr]); }
-extern "C" xf_status nlmninok(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_nok]); }
-extern "C" xf_status nlmninzd(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_nzd]); }
-extern "C" xf_status nlmnipln(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_pln]); }
-extern "C" xf_status nlmnirol(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_rol]); }
-extern "C" xf_status nlmnirub(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_rub]); }
-extern "C" xf_status nlmnirur(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_rur]); }
-extern "C" xf_status nlmnisek(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_sek]); }
-extern "C" xf_status nlmnisgd(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_sgd]); }
-extern "C" xf_status nlmniskk(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_skk]); }
-extern "C" xf_status nlmnithb(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_thb]); }
-extern "C" xf_status nlmnitry(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_try]); }
-extern "C" xf_status nlmnitwd(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_twd]); }
-extern "C" xf_status nlmniusd(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_usd]); }
-extern "C" xf_status nlmnizar(xf_frame *f) { return nlmnyint(f, &lconv_monetary[row_zar]); }
-extern "C" xf_status nlmnlaed(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_aed]); }
-extern "C" xf_status nlmnlaud(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_aud]); }
-extern "C" xf_status nlmnlbgn(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_bgn]); }
-extern "C" xf_status nlmnlbrl(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_brl]); }
-extern "C" xf_status nlmnlcad(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_cad]); }
-extern "C" xf_status nlmnlchf(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_chf]); }
-extern "C" xf_status nlmnlcny(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_cny]); }
-extern "C" xf_status nlmnlczk(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_czk]); }
-extern "C" xf_status nlmnldkk(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_dkk]); }
-extern "C" xf_status nlmnleek(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_eek]); }
-extern "C" xf_status nlmnlegp(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_egp]); }
-extern "C" xf_status nlmnleur(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_eur]); }
-extern "C" xf_status nlmnlgbp(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_gbp]); }
-extern "C" xf_status nlmnlhkd(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_hkd]); }
-extern "C" xf_status nlmnlhrk(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_hrk]); }
-extern "C" xf_status nlmnlhuf(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_huf]); }
-extern "C" xf_status nlmnlidr(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_idr]); }
-extern "C" xf_status nlmnlils(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_ils]); }
-extern "C" xf_status nlmnlinr(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_inr]); }
-extern "C" xf_status nlmnljpy(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_jpy]); }
-extern "C" xf_status nlmnlkrw(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_krw]); }
-extern "C" xf_status nlmnlltl(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_ltl]); }
-extern "C" xf_status nlmnllvl(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_lvl]); }
-extern "C" xf_status nlmnlmop(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_mop]); }
-extern "C" xf_status nlmnlmxn(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_mxn]); }
-extern "C" xf_status nlmnlmyr(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_myr]); }
-extern "C" xf_status nlmnlnok(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_nok]); }
-extern "C" xf_status nlmnlnzd(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_nzd]); }
-extern "C" xf_status nlmnlpln(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_pln]); }
-extern "C" xf_status nlmnlrol(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_rol]); }
-extern "C" xf_status nlmnlrub(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_rub]); }
-extern "C" xf_status nlmnlrur(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_rur]); }
-extern "C" xf_status nlmnlsek(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_sek]); }
-extern "C" xf_status nlmnlsgd(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_sgd]); }
-extern "C" xf_status nlmnlskk(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_skk]); }
-extern "C" xf_status nlmnlthb(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_thb]); }
-extern "C" xf_status nlmnltry(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_try]); }
-extern "C" xf_status nlmnltwd(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_twd]); }
-extern "C" xf_status nlmnlusd(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_usd]); }
-extern "C" xf_status nlmnlzar(xf_frame *f) { return nlmnyloc(f, &lconv_monetary[row_zar]); }
+XF_ROUTINE(nlmniaed, f) { return nlmnyint(f, &lconv_monetary[row_aed]); }
+XF_ROUTINE(nlmniaud, f) { return nlmnyint(f, &lconv_monetary[row_aud]); }
+XF_ROUTINE(nlmnibgn, f) { return nlmnyint(f, &lconv_monetary[row_bgn]); }
+XF_ROUTINE(nlmnibrl, f) { return nlmnyint(f, &lconv_monetary[row_brl]); }
+XF_ROUTINE(nlmnicad, f) { return nlmnyint(f, &lconv_monetary[row_cad]); }
+XF_ROUTINE(nlmnichf, f) { return nlmnyint(f, &lconv_monetary[row_chf]); }
+XF_ROUTINE(nlmnicny, f) { return nlmnyint(f, &lconv_monetary[row_cny]); }
+XF_ROUTINE(nlmniczk, f) { return nlmnyint(f, &lconv_monetary[row_czk]); }
+XF_ROUTINE(nlmnidkk, f) { return nlmnyint(f, &lconv_monetary[row_dkk]); }
+XF_ROUTINE(nlmnieek, f) { return nlmnyint(f, &lconv_monetary[row_eek]); }
+XF_ROUTINE(nlmniegp, f) { return nlmnyint(f, &lconv_monetary[row_egp]); }
+XF_ROUTINE(nlmnieur, f) { return nlmnyint(f, &lconv_monetary[row_eur]); }
+XF_ROUTINE(nlmnigbp, f) { return nlmnyint(f, &lconv_monetary[row_gbp]); }
+XF_ROUTINE(nlmnihkd, f) { return nlmnyint(f, &lconv_monetary[row_hkd]); }
+XF_ROUTINE(nlmnihrk, f) { return nlmnyint(f, &lconv_monetary[row_hrk]); }
+XF_ROUTINE(nlmnihuf, f) { return nlmnyint(f, &lconv_monetary[row_huf]); }
+XF_ROUTINE(nlmniidr, f) { return nlmnyint(f, &lconv_monetary[row_idr]); }
+XF_ROUTINE(nlmniils, f) { return nlmnyint(f, &lconv_monetary[row_ils]); }
+XF_ROUTINE(nlmniinr, f) { return nlmnyint(f, &lconv_monetary[row_inr]); }
+XF_ROUTINE(nlmnijpy, f) { return nlmnyint(f, &lconv_monetary[row_jpy]); }
+XF_ROUTINE(nlmnikrw, f) { return nlmnyint(f, &lconv_monetary[row_krw]); }
+XF_ROUTINE(nlmniltl, f) { return nlmnyint(f, &lconv_monetary[row_ltl]); }
+XF_ROUTINE(nlmnilvl, f) { return nlmnyint(f, &lconv_monetary[row_lvl]); }
+XF_ROUTINE(nlmnimop, f) { return nlmnyint(f, &lconv_monetary[row_mop]); }
+XF_ROUTINE(nlmnimxn, f) { return nlmnyint(f, &lconv_monetary[row_mxn]); }
+XF_ROUTINE(nlmnimyr, f) { return nlmnyint(f, &lconv_monetary[row_myr]); }
+XF_ROUTINE(nlmninok, f) { return nlmnyint(f, &lconv_monetary[row_nok]); }
+XF_ROUTINE(nlmninzd, f) { return nlmnyint(f, &lconv_monetary[row_nzd]); }
+XF_ROUTINE(nlmnipln, f) { return nlmnyint(f, &lconv_monetary[row_pln]); }
+XF_ROUTINE(nlmnirol, f) { return nlmnyint(f, &lconv_monetary[row_rol]); }
+XF_ROUTINE(nlmnirub, f) { return nlmnyint(f, &lconv_monetary[row_rub]); }
+XF_ROUTINE(nlmnirur, f) { return nlmnyint(f, &lconv_monetary[row_rur]); }
+XF_ROUTINE(nlmnisek, f) { return nlmnyint(f, &lconv_monetary[row_sek]); }
+XF_ROUTINE(nlmnisgd, f) { return nlmnyint(f, &lconv_monetary[row_sgd]); }
+XF_ROUTINE(nlmniskk, f) { return nlmnyint(f, &lconv_monetary[row_skk]); }
+XF_ROUTINE(nlmnithb, f) { return nlmnyint(f, &lconv_monetary[row_thb]); }
+XF_ROUTINE(nlmnitry, f) { return nlmnyint(f, &lconv_monetary[row_try]); }
+XF_ROUTINE(nlmnitwd, f) { return nlmnyint(f, &lconv_monetary[row_twd]); }
+XF_ROUTINE(nlmniusd, f) { return nlmnyint(f, &lconv_monetary[row_usd]); }
+XF_ROUTINE(nlmnizar, f) { return nlmnyint(f, &lconv_monetary[row_zar]); }
+XF_ROUTINE(nlmnlaed, f) { return nlmnyloc(f, &lconv_monetary[row_aed]); }
+XF_ROUTINE(nlmnlaud, f) { return nlmnyloc(f, &lconv_monetary[row_aud]); }
+XF_ROUTINE(nlmnlbgn, f) { return nlmnyloc(f, &lconv_monetary[row_bgn]); }
+XF_ROUTINE(nlmnlbrl, f) { return nlmnyloc(f, &lconv_monetary[row_brl]); }
+XF_ROUTINE(nlmnlcad, f) { return nlmnyloc(f, &lconv_monetary[row_cad]); }
+XF_ROUTINE(nlmnlchf, f) { return nlmnyloc(f, &lconv_monetary[row_chf]); }
+XF_ROUTINE(nlmnlcny, f) { return nlmnyloc(f, &lconv_monetary[row_cny]); }
+XF_ROUTINE(nlmnlczk, f) { return nlmnyloc(f, &lconv_monetary[row_czk]); }
+XF_ROUTINE(nlmnldkk, f) { return nlmnyloc(f, &lconv_monetary[row_dkk]); }
+XF_ROUTINE(nlmnleek, f) { return nlmnyloc(f, &lconv_monetary[row_eek]); }
+XF_ROUTINE(nlmnlegp, f) { return nlmnyloc(f, &lconv_monetary[row_egp]); }
+XF_ROUTINE(nlmnleur, f) { return nlmnyloc(f, &lconv_monetary[row_eur]); }
+XF_ROUTINE(nlmnlgbp, f) { return nlmnyloc(f, &lconv_monetary[row_gbp]); }
+XF_ROUTINE(nlmnlhkd, f) { return nlmnyloc(f, &lconv_monetary[row_hkd]); }
+XF_ROUTINE(nlmnlhrk, f) { return nlmnyloc(f, &lconv_monetary[row_hrk]); }
+XF_ROUTINE(nlmnlhuf, f) { return nlmnyloc(f, &lconv_monetary[row_huf]); }
+XF_ROUTINE(nlmnlidr, f) { return nlmnyloc(f, &lconv_monetary[row_idr]); }
+XF_ROUTINE(nlmnlils, f) { return nlmnyloc(f, &lconv_monetary[row_ils]); }
+XF_ROUTINE(nlmnlinr, f) { return nlmnyloc(f, &lconv_monetary[row_inr]); }
+XF_ROUTINE(nlmnljpy, f) { return nlmnyloc(f, &lconv_monetary[row_jpy]); }
+XF_ROUTINE(nlmnlkrw, f) { return nlmnyloc(f, &lconv_monetary[row_krw]); }
+XF_ROUTINE(nlmnlltl, f) { return nlmnyloc(f, &lconv_monetary[row_ltl]); }
+XF_ROUTINE(nlmnllvl, f) { return nlmnyloc(f, &lconv_monetary[row_lvl]); }
+XF_ROUTINE(nlmnlmop, f) { return nlmnyloc(f, &lconv_monetary[row_mop]); }
+XF_ROUTINE(nlmnlmxn, f) { return nlmnyloc(f, &lconv_monetary[row_mxn]); }
+XF_ROUTINE(nlmnlmyr, f) { return nlmnyloc(f, &lconv_monetary[row_myr]); }
+XF_ROUTINE(nlmnlnok, f) { return nlmnyloc(f, &lconv_monetary[row_nok]); }
+XF_ROUTINE(nlmnlnzd, f) { return nlmnyloc(f, &lconv_monetary[row_nzd]); }
+XF_ROUTINE(nlmnlpln, f) { return nlmnyloc(f, &lconv_monetary[row_pln]); }
+XF_ROUTINE(nlmnlrol, f) { return nlmnyloc(f, &lconv_monetary[row_rol]); }
+XF_ROUTINE(nlmnlrub, f) { return nlmnyloc(f, &lconv_monetary[row_rub]); }
+XF_ROUTINE(nlmnlrur, f) { return nlmnyloc(f, &lconv_monetary[row_rur]); }
+XF_ROUTINE(nlmnlsek, f) { return nlmnyloc(f, &lconv_monetary[row_sek]); }
+XF_ROUTINE(nlmnlsgd, f) { return nlmnyloc(f, &lconv_monetary[row_sgd]); }
+XF_ROUTINE(nlmnlskk, f) { return nlmnyloc(f, &lconv_monetary[row_skk]); }
+XF_ROUTINE(nlmnlthb, f) { return nlmnyloc(f, &lconv_monetary[row_thb]); }
+XF_ROUTINE(nlmnltry, f) { return nlmnyloc(f, &lconv_monetary[row_try]); }
+XF_ROUTINE(nlmnltwd, f) { return nlmnyloc(f, &lconv_monetary[row_twd]); }
+XF_ROUTINE(nlmnlusd, f) { return nlmnyloc(f, &lconv_monetary[row_usd]); }
+XF_ROUTINE(nlmnlzar, f) { return nlmnyloc(f, &lconv_monetary[row_zar]); }

@@ -4,6 +4,7 @@
 #include "xfmt/xfmt.h"
 
 #include "nls/nl_member.hpp"
+#include "catalog/routine_guard.hpp"
 
 // Pattern tables: only the first row is read; the others are kept as data.
 extern "C" const xf_nl_pattern nldatel_pat[3] = {{nullptr, 31}, {nullptr, 30}, {nullptr, 190}};
@@ -21,107 +22,107 @@ extern "C" const xf_nl_pattern nldatewn_pat[3] = {{"%#A", 128}, {"%#a", 121}, {"
 
 using namespace xfmt::nls;
 
-extern "C" xf_status nldate(xf_frame *f) {
+XF_ROUTINE(nldate, f) {
   static constexpr member_spec spec{10, 0, value_kind::date, 28, 29, short_form::date};
   return run_two_pattern(f, spec);
 }
 
-extern "C" xf_status nldatemd(xf_frame *f) {
+XF_ROUTINE(nldatemd, f) {
   static constexpr member_spec spec{6, 0, value_kind::date, 36, 37, short_form::none};
   return run_two_pattern(f, spec);
 }
 
-extern "C" xf_status nldateym(xf_frame *f) {
+XF_ROUTINE(nldateym, f) {
   static constexpr member_spec spec{6, 0, value_kind::date, 34, 35, short_form::none};
   return run_two_pattern(f, spec);
 }
 
-extern "C" xf_status nldateyr(xf_frame *f) {
+XF_ROUTINE(nldateyr, f) {
   static constexpr member_spec spec{2, 0, value_kind::date, 38, 39, short_form::none};
   return run_two_pattern(f, spec);
 }
 
-extern "C" xf_status nldateyq(xf_frame *f) {
+XF_ROUTINE(nldateyq, f) {
   static constexpr member_spec spec{4, 0, value_kind::date, 40, 41, short_form::none};
   return run_two_pattern(f, spec);
 }
 
-extern "C" xf_status nldateyw(xf_frame *f) {
+XF_ROUTINE(nldateyw, f) {
   static constexpr member_spec spec{5, 0, value_kind::date, 42, 43, short_form::none};
   return run_two_pattern(f, spec);
 }
 
-extern "C" xf_status nldatel(xf_frame *f) {
+XF_ROUTINE(nldatel, f) {
   static constexpr member_spec spec{2, 0, value_kind::date, 0, 0, short_form::date};
   return run_one_pattern(f, spec, nldatel_pat);
 }
 
-extern "C" xf_status nldatem(xf_frame *f) {
+XF_ROUTINE(nldatem, f) {
   static constexpr member_spec spec{2, 0, value_kind::date, 0, 0, short_form::date};
   return run_one_pattern(f, spec, nldatem_pat);
 }
 
-extern "C" xf_status nldateyml(xf_frame *f) {
+XF_ROUTINE(nldateyml, f) {
   static constexpr member_spec spec{5, 0, value_kind::date, 0, 0, short_form::year_month};
   return run_one_pattern(f, spec, nldateyml_pat);
 }
 
-extern "C" xf_status nldateymm(xf_frame *f) {
+XF_ROUTINE(nldateymm, f) {
   static constexpr member_spec spec{5, 0, value_kind::date, 0, 0, short_form::year_month};
   return run_one_pattern(f, spec, nldateymm_pat);
 }
 
-extern "C" xf_status nldateyql(xf_frame *f) {
+XF_ROUTINE(nldateyql, f) {
   static constexpr member_spec spec{4, 0, value_kind::date, 0, 0, short_form::year_quarter};
   return run_one_pattern(f, spec, nldateyql_pat);
 }
 
-extern "C" xf_status nldateyqm(xf_frame *f) {
+XF_ROUTINE(nldateyqm, f) {
   static constexpr member_spec spec{4, 0, value_kind::date, 0, 0, short_form::year_quarter};
   return run_one_pattern(f, spec, nldateyqm_pat);
 }
 
-extern "C" xf_status nldatemdl(xf_frame *f) {
+XF_ROUTINE(nldatemdl, f) {
   static constexpr member_spec spec{5, 0, value_kind::date, 0, 0, short_form::month_day};
   return run_one_pattern(f, spec, nldatemdl_pat);
 }
 
-extern "C" xf_status nldatemdm(xf_frame *f) {
+XF_ROUTINE(nldatemdm, f) {
   static constexpr member_spec spec{5, 0, value_kind::date, 0, 0, short_form::month_day};
   return run_one_pattern(f, spec, nldatemdm_pat);
 }
 
-extern "C" xf_status nldatew(xf_frame *f) {
+XF_ROUTINE(nldatew, f) {
   static constexpr member_spec spec{10, 0, value_kind::date, 0, 0, short_form::none};
   return run_one_pattern(f, spec, nldatew_pat);
 }
 
-extern "C" xf_status nldatemn(xf_frame *f) {
+XF_ROUTINE(nldatemn, f) {
   static constexpr member_spec spec{4, 0, value_kind::date, 0, 0, short_form::none};
   return run_one_pattern(f, spec, nldatemn_pat);
 }
 
-extern "C" xf_status nldatewn(xf_frame *f) {
+XF_ROUTINE(nldatewn, f) {
   static constexpr member_spec spec{4, 0, value_kind::date, 0, 0, short_form::none};
   return run_one_pattern(f, spec, nldatewn_pat);
 }
 
-extern "C" xf_status nldates(xf_frame *f) {
+XF_ROUTINE(nldates, f) {
   static constexpr member_spec spec{2, 0, value_kind::date, 0, 0, short_form::date};
   return run_short(f, spec);
 }
 
-extern "C" xf_status nldateyms(xf_frame *f) {
+XF_ROUTINE(nldateyms, f) {
   static constexpr member_spec spec{5, 0, value_kind::date, 0, 0, short_form::year_month};
   return run_short(f, spec);
 }
 
-extern "C" xf_status nldatemds(xf_frame *f) {
+XF_ROUTINE(nldatemds, f) {
   static constexpr member_spec spec{5, 0, value_kind::date, 0, 0, short_form::month_day};
   return run_short(f, spec);
 }
 
-extern "C" xf_status nldateyqs(xf_frame *f) {
+XF_ROUTINE(nldateyqs, f) {
   static constexpr member_spec spec{4, 0, value_kind::date, 0, 0, short_form::year_quarter};
   return run_short(f, spec);
 }

@@ -4,6 +4,7 @@
 
 #include "nls/nl_member.hpp"
 #include "nls/zkf.hpp"
+#include "catalog/routine_guard.hpp"
 
 // Pattern tables: only the first row is read; the others are kept as data.
 extern "C" const xf_nl_pattern nldatmdt_pat[3] = {{nullptr, 31}, {nullptr, 30}, {nullptr, 190}};
@@ -24,19 +25,19 @@ extern "C" const xf_nl_pattern nldatmwn_pat[3] = {{"%#A", 128}, {"%#a", 121}, {"
 
 using namespace xfmt::nls;
 
-extern "C" xf_status nldatm(xf_frame *f) {
+XF_ROUTINE(nldatm, f) {
   static constexpr member_spec spec{
       10, 3, value_kind::datetime, code_datetime + 46, code_datetime + 47, short_form::datetime};
   return run_two_pattern(f, spec);
 }
 
-extern "C" xf_status nldatmap(xf_frame *f) {
+XF_ROUTINE(nldatmap, f) {
   static constexpr member_spec spec{
       16, 3, value_kind::datetime, code_datetime + 44, code_datetime + 47, short_form::datetime};
   return run_two_pattern(f, spec);
 }
 
-extern "C" xf_status nldatmz(xf_frame *f) {
+XF_ROUTINE(nldatmz, f) {
   static constexpr member_spec spec{16,
                                     3,
                                     value_kind::datetime,
@@ -46,7 +47,7 @@ extern "C" xf_status nldatmz(xf_frame *f) {
   return run_two_pattern(f, spec);
 }
 
-extern "C" xf_status nldatmwz(xf_frame *f) {
+XF_ROUTINE(nldatmwz, f) {
   static constexpr member_spec spec{16,
                                     3,
                                     value_kind::datetime,
@@ -56,127 +57,127 @@ extern "C" xf_status nldatmwz(xf_frame *f) {
   return run_two_pattern(f, spec);
 }
 
-extern "C" xf_status nldatmtm(xf_frame *f) {
+XF_ROUTINE(nldatmtm, f) {
   static constexpr member_spec spec{
       16, 3, value_kind::datetime, code_datetime + 53, 0, short_form::none};
   return run_two_pattern(f, spec);
 }
 
-extern "C" xf_status nldatmtz(xf_frame *f) {
+XF_ROUTINE(nldatmtz, f) {
   static constexpr member_spec spec{
       16, 3, value_kind::datetime, code_datetime + code_with_zone + 53, 0, short_form::none};
   return run_two_pattern(f, spec);
 }
 
-extern "C" xf_status nldatmmd(xf_frame *f) {
+XF_ROUTINE(nldatmmd, f) {
   static constexpr member_spec spec{6, 0, value_kind::date_of_datetime, 36, 37, short_form::none};
   return run_two_pattern(f, spec);
 }
 
-extern "C" xf_status nldatmym(xf_frame *f) {
+XF_ROUTINE(nldatmym, f) {
   static constexpr member_spec spec{6, 0, value_kind::date_of_datetime, 34, 35, short_form::none};
   return run_two_pattern(f, spec);
 }
 
-extern "C" xf_status nldatmyr(xf_frame *f) {
+XF_ROUTINE(nldatmyr, f) {
   static constexpr member_spec spec{2, 0, value_kind::date_of_datetime, 38, 39, short_form::none};
   return run_two_pattern(f, spec);
 }
 
-extern "C" xf_status nldatmyq(xf_frame *f) {
+XF_ROUTINE(nldatmyq, f) {
   static constexpr member_spec spec{4, 0, value_kind::date_of_datetime, 40, 41, short_form::none};
   return run_two_pattern(f, spec);
 }
 
-extern "C" xf_status nldatmyw(xf_frame *f) {
+XF_ROUTINE(nldatmyw, f) {
   static constexpr member_spec spec{5, 0, value_kind::date_of_datetime, 42, 43, short_form::none};
   return run_two_pattern(f, spec);
 }
 
-extern "C" xf_status nldatml(xf_frame *f) {
+XF_ROUTINE(nldatml, f) {
   static constexpr member_spec spec{19, 3, value_kind::datetime, 0, 0, short_form::datetime};
   return run_one_pattern(f, spec, nldatml_pat);
 }
 
-extern "C" xf_status nldatmm(xf_frame *f) {
+XF_ROUTINE(nldatmm, f) {
   static constexpr member_spec spec{19, 3, value_kind::datetime, 0, 0, short_form::datetime};
   return run_one_pattern(f, spec, nldatmm_pat);
 }
 
-extern "C" xf_status nldatms(xf_frame *f) {
+XF_ROUTINE(nldatms, f) {
   static constexpr member_spec spec{19, 3, value_kind::datetime, 0, 0, short_form::datetime};
   return run_one_pattern(f, spec, nldatms_pat);
 }
 
-extern "C" xf_status nldatmw(xf_frame *f) {
+XF_ROUTINE(nldatmw, f) {
   static constexpr member_spec spec{16, 3, value_kind::datetime, 0, 0, short_form::none};
   return run_one_pattern(f, spec, nldatmw_pat);
 }
 
-extern "C" xf_status nldatmdt(xf_frame *f) {
+XF_ROUTINE(nldatmdt, f) {
   static constexpr member_spec spec{10, 0, value_kind::date_of_datetime, 0, 0, short_form::date};
   return run_one_pattern(f, spec, nldatmdt_pat);
 }
 
-extern "C" xf_status nldatmyml(xf_frame *f) {
+XF_ROUTINE(nldatmyml, f) {
   static constexpr member_spec spec{5, 0, value_kind::date_of_datetime,
                                     0, 0, short_form::year_month};
   return run_one_pattern(f, spec, nldatmyml_pat);
 }
 
-extern "C" xf_status nldatmymm(xf_frame *f) {
+XF_ROUTINE(nldatmymm, f) {
   static constexpr member_spec spec{5, 0, value_kind::date_of_datetime,
                                     0, 0, short_form::year_month};
   return run_one_pattern(f, spec, nldatmymm_pat);
 }
 
-extern "C" xf_status nldatmyql(xf_frame *f) {
+XF_ROUTINE(nldatmyql, f) {
   static constexpr member_spec spec{4, 0, value_kind::date_of_datetime,
                                     0, 0, short_form::year_quarter};
   return run_one_pattern(f, spec, nldatmyql_pat);
 }
 
-extern "C" xf_status nldatmyqm(xf_frame *f) {
+XF_ROUTINE(nldatmyqm, f) {
   static constexpr member_spec spec{4, 0, value_kind::date_of_datetime,
                                     0, 0, short_form::year_quarter};
   return run_one_pattern(f, spec, nldatmyqm_pat);
 }
 
-extern "C" xf_status nldatmmdl(xf_frame *f) {
+XF_ROUTINE(nldatmmdl, f) {
   static constexpr member_spec spec{5, 0, value_kind::date_of_datetime,
                                     0, 0, short_form::month_day};
   return run_one_pattern(f, spec, nldatmmdl_pat);
 }
 
-extern "C" xf_status nldatmmdm(xf_frame *f) {
+XF_ROUTINE(nldatmmdm, f) {
   static constexpr member_spec spec{5, 0, value_kind::date_of_datetime,
                                     0, 0, short_form::month_day};
   return run_one_pattern(f, spec, nldatmmdm_pat);
 }
 
-extern "C" xf_status nldatmmn(xf_frame *f) {
+XF_ROUTINE(nldatmmn, f) {
   static constexpr member_spec spec{4, 0, value_kind::date_of_datetime, 0, 0, short_form::none};
   return run_one_pattern(f, spec, nldatmmn_pat);
 }
 
-extern "C" xf_status nldatmwn(xf_frame *f) {
+XF_ROUTINE(nldatmwn, f) {
   static constexpr member_spec spec{4, 0, value_kind::date_of_datetime, 0, 0, short_form::none};
   return run_one_pattern(f, spec, nldatmwn_pat);
 }
 
-extern "C" xf_status nldatmyms(xf_frame *f) {
+XF_ROUTINE(nldatmyms, f) {
   static constexpr member_spec spec{5, 0, value_kind::date_of_datetime,
                                     0, 0, short_form::year_month};
   return run_short(f, spec);
 }
 
-extern "C" xf_status nldatmmds(xf_frame *f) {
+XF_ROUTINE(nldatmmds, f) {
   static constexpr member_spec spec{5, 0, value_kind::date_of_datetime,
                                     0, 0, short_form::month_day};
   return run_short(f, spec);
 }
 
-extern "C" xf_status nldatmyqs(xf_frame *f) {
+XF_ROUTINE(nldatmyqs, f) {
   static constexpr member_spec spec{4, 0, value_kind::date_of_datetime,
                                     0, 0, short_form::year_quarter};
   return run_short(f, spec);

@@ -4,9 +4,10 @@
 #include "xfmt/xfmt.h"
 
 #include "nls/nl_member.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt::nls;
 
-extern "C" xf_status nlstrmon(xf_frame *f) { return run_name(f, 71, 59, 12); }
-extern "C" xf_status nlstrqtr(xf_frame *f) { return run_name(f, 139, 135, 4); }
-extern "C" xf_status nlstrwk(xf_frame *f) { return run_name(f, 114, 107, 7); }
+XF_ROUTINE(nlstrmon, f) { return run_name(f, 71, 59, 12); }
+XF_ROUTINE(nlstrqtr, f) { return run_name(f, 139, 135, 4); }
+XF_ROUTINE(nlstrwk, f) { return run_name(f, 114, 107, 7); }

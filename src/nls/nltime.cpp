@@ -2,15 +2,16 @@
 #include "xfmt/xfmt.h"
 
 #include "nls/nl_member.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt::nls;
 
-extern "C" xf_status nltime(xf_frame *f) {
+XF_ROUTINE(nltime, f) {
   static constexpr member_spec spec{10, 3, value_kind::time, 53, 0, short_form::none};
   return run_two_pattern(f, spec);
 }
 
-extern "C" xf_status nltimap(xf_frame *f) {
+XF_ROUTINE(nltimap, f) {
   static constexpr member_spec spec{4, 3, value_kind::time, 52, 0, short_form::none};
   return run_two_pattern(f, spec);
 }

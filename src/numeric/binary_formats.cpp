@@ -10,6 +10,7 @@
 #include "catalog/field.hpp"
 #include "catalog/missing.hpp"
 #include "numeric/binary_codec.hpp"
+#include "catalog/routine_guard.hpp"
 
 namespace xfmt::numeric {
 namespace {
@@ -129,19 +130,19 @@ xf_status decimal_binary(xf_frame *f, decimal_layout layout, int max_w) {
 
 using namespace xfmt::numeric;
 
-extern "C" xf_status zfmib(xf_frame *f) { return integer_binary(f, true); }
-extern "C" xf_status zfmibr(xf_frame *f) { return integer_binary(f, false); }
-extern "C" xf_status zfmpib(xf_frame *f) { return unsigned_binary(f, true); }
-extern "C" xf_status zfmpibr(xf_frame *f) { return unsigned_binary(f, false); }
-extern "C" xf_status zfmpd(xf_frame *f) { return decimal_binary(f, decimal_layout::packed, 16); }
-extern "C" xf_status zfmpk(xf_frame *f) { return decimal_binary(f, decimal_layout::packed_unsigned, 16); }
-extern "C" xf_status zfmzd(xf_frame *f) { return decimal_binary(f, decimal_layout::zoned, 32); }
+XF_ROUTINE(zfmib, f) { return integer_binary(f, true); }
+XF_ROUTINE(zfmibr, f) { return integer_binary(f, false); }
+XF_ROUTINE(zfmpib, f) { return unsigned_binary(f, true); }
+XF_ROUTINE(zfmpibr, f) { return unsigned_binary(f, false); }
+XF_ROUTINE(zfmpd, f) { return decimal_binary(f, decimal_layout::packed, 16); }
+XF_ROUTINE(zfmpk, f) { return decimal_binary(f, decimal_layout::packed_unsigned, 16); }
+XF_ROUTINE(zfmzd, f) { return decimal_binary(f, decimal_layout::zoned, 32); }
 
 // The first w bytes of the double's bits, most significant first whatever
 // the host's order, so a short field keeps the sign, the exponent and the
 // top of the fraction (RB4 of 1 is 3F F0 00 00). Missing values keep their
 // bits: RB8 of ".A" reads back as ".A".
-extern "C" xf_status zfmrb(xf_frame *f) {
+XF_ROUTINE(zfmrb, f) {
   xf_status status = XF_OK;
   if (!field_ready(f, 8, status)) return status;
   double v = xfmt::frame_value(f);
@@ -154,7 +155,7 @@ extern "C" xf_status zfmrb(xf_frame *f) {
 // Missing values and NaN store 0 (VAX has no NaN, and its reserved operand
 // traps on load); values past 1.7e38 store the largest magnitude with its
 // sign and XF_E_OVERFLOW; values below 2.9e-39 store 0.
-extern "C" xf_status zfmvaxrb(xf_frame *f) {
+XF_ROUTINE(zfmvaxrb, f) {
   xf_status status = XF_OK;
   if (!field_ready(f, 8, status)) return status;
   double v = xfmt::frame_value(f);

@@ -9,10 +9,11 @@
 #include "catalog/missing.hpp"
 #include "numeric/digits.hpp"
 #include "numeric/engine.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt;
 
-extern "C" XF_API xf_status zfmcma(xf_frame *f) {
+XF_ROUTINE(zfmcma, f) {
   int32_t w = f->width;
   int32_t d = f->decimals;
   if (is_missing(frame_value(f))) return write_missing(f, w, d < 0 || d >= w ? 0 : d);

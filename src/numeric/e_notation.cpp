@@ -108,8 +108,10 @@ int e_layout(double m, int room, int code, char *out) {
   if (mw < 1) return -1;
 
   // Step 2: digits kept. code 99 (best): all that fit; -k: k decimals.
+  // A code of any magnitude asks for at most the digits that fit; it is
+  // compared before it is negated so that INT32_MIN stays defined.
   bool best = code > 31;
-  int k = best ? digits_for(mw) : (code < 0 ? -code : code) + 1;
+  int k = best || code < -digits_for(mw) ? digits_for(mw) : (code < 0 ? -code : code) + 1;
   if (k > digits_for(mw)) k = digits_for(mw);
 
   // Step 3: round at the k-th digit (only within 15 digits), nudge, carry.

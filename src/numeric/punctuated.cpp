@@ -13,6 +13,7 @@
 #include "catalog/missing.hpp"
 #include "numeric/digits.hpp"
 #include "numeric/engine.hpp"
+#include "catalog/routine_guard.hpp"
 
 namespace xfmt::numeric {
 namespace {
@@ -145,12 +146,12 @@ constexpr punct_style percentn_style{0, '.', 0, "%", sign_style::minus, false, 1
 
 using xfmt::numeric::punctuate;
 
-extern "C" XF_API xf_status zfmcmax(xf_frame *f) { return punctuate(f, xfmt::numeric::commax_style); }
-extern "C" XF_API xf_status zfmdlr(xf_frame *f) { return punctuate(f, xfmt::numeric::dollar_style); }
-extern "C" XF_API xf_status zfmdlrx(xf_frame *f) { return punctuate(f, xfmt::numeric::dollarx_style); }
-extern "C" XF_API xf_status zfmeuro(xf_frame *f) { return punctuate(f, xfmt::numeric::euro_style); }
-extern "C" XF_API xf_status zfmerx(xf_frame *f) { return punctuate(f, xfmt::numeric::eurox_style); }
-extern "C" XF_API xf_status zfmyen(xf_frame *f) { return punctuate(f, xfmt::numeric::yen_style); }
-extern "C" XF_API xf_status zfmnprn(xf_frame *f) { return punctuate(f, xfmt::numeric::negparen_style); }
-extern "C" XF_API xf_status zfmpct(xf_frame *f) { return punctuate(f, xfmt::numeric::percent_style); }
-extern "C" XF_API xf_status pctn(xf_frame *f) { return punctuate(f, xfmt::numeric::percentn_style); }
+XF_ROUTINE(zfmcmax, f) { return punctuate(f, xfmt::numeric::commax_style); }
+XF_ROUTINE(zfmdlr, f) { return punctuate(f, xfmt::numeric::dollar_style); }
+XF_ROUTINE(zfmdlrx, f) { return punctuate(f, xfmt::numeric::dollarx_style); }
+XF_ROUTINE(zfmeuro, f) { return punctuate(f, xfmt::numeric::euro_style); }
+XF_ROUTINE(zfmerx, f) { return punctuate(f, xfmt::numeric::eurox_style); }
+XF_ROUTINE(zfmyen, f) { return punctuate(f, xfmt::numeric::yen_style); }
+XF_ROUTINE(zfmnprn, f) { return punctuate(f, xfmt::numeric::negparen_style); }
+XF_ROUTINE(zfmpct, f) { return punctuate(f, xfmt::numeric::percent_style); }
+XF_ROUTINE(pctn, f) { return punctuate(f, xfmt::numeric::percentn_style); }

@@ -8,6 +8,7 @@
 #include "catalog/field.hpp"
 #include "catalog/missing.hpp"
 #include "numeric/binary_codec.hpp"
+#include "catalog/routine_guard.hpp"
 
 namespace xfmt::numeric {
 namespace {
@@ -91,15 +92,15 @@ using namespace xfmt::numeric;
 // HEX w.: w 16 shows the 16 hex digits of the double's bits, whatever the
 // value (missing values too: HEX16 of 1 is 3FF0000000000000); narrower
 // fields the integer value.
-extern "C" xf_status zfmhex(xf_frame *f) {
+XF_ROUTINE(zfmhex, f) {
   if (f->width != 16) return radix_integer(f, 4, 15);
   char text[16];
   put_radix(text, 16, xfmt::frame_value_bits(f), 4);
   return deliver(f, text, 16);
 }
-extern "C" xf_status zfmoct(xf_frame *f) { return radix_integer(f, 3, 24); }
-extern "C" xf_status zfmbin(xf_frame *f) { return radix_integer(f, 1, 64); }
+XF_ROUTINE(zfmoct, f) { return radix_integer(f, 3, 24); }
+XF_ROUTINE(zfmbin, f) { return radix_integer(f, 1, 64); }
 
-extern "C" xf_status zfmchex(xf_frame *f) { return radix_chars(f, 4, 2); }
-extern "C" xf_status zfmcoct(xf_frame *f) { return radix_chars(f, 3, 3); }
-extern "C" xf_status zfmcbin(xf_frame *f) { return radix_chars(f, 1, 8); }
+XF_ROUTINE(zfmchex, f) { return radix_chars(f, 4, 2); }
+XF_ROUTINE(zfmcoct, f) { return radix_chars(f, 3, 3); }
+XF_ROUTINE(zfmcbin, f) { return radix_chars(f, 1, 8); }

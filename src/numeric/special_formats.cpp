@@ -13,6 +13,7 @@
 #include "catalog/field.hpp"
 #include "catalog/missing.hpp"
 #include "numeric/engine.hpp"
+#include "catalog/routine_guard.hpp"
 
 namespace xfmt::numeric {
 namespace {
@@ -97,7 +98,7 @@ using namespace xfmt::numeric;
 // ROMAN w: the integral part (truncated) in upper-case Roman numerals,
 // right-justified: 1999 -> MCMXCIX, 3888 -> MMMDCCCLXXXVIII (15 letters).
 // Values whose integral part is outside 1..3999 have no numeral: '*'.
-extern "C" XF_API xf_status zfmroman(xf_frame *f) {
+XF_ROUTINE(zfmroman, f) {
   double v;
   xf_status st;
   if (settled(f, 32, 0, v, st)) return st;
@@ -120,7 +121,7 @@ extern "C" XF_API xf_status zfmroman(xf_frame *f) {
 
 // SSN 11: the integral part (truncated) as 999-99-9999 with leading zeros.
 // Negative values and values of ten digits or more: '*'.
-extern "C" XF_API xf_status zfmssn(xf_frame *f) {
+XF_ROUTINE(zfmssn, f) {
   double v;
   xf_status st;
   if (settled(f, 32, 0, v, st)) return st;
@@ -139,7 +140,7 @@ extern "C" XF_API xf_status zfmssn(xf_frame *f) {
 // ODDSR w.d: an odds ratio as F w.d, bounded on both sides by what d
 // decimals can show: below 10^-d "<.001" (d = 3), from 1000 on ">999.999".
 // A negative ratio does not exist: '*'.
-extern "C" XF_API xf_status zfmoddsr(xf_frame *f) {
+XF_ROUTINE(zfmoddsr, f) {
   double v;
   xf_status st;
   if (settled(f, 32, f->decimals, v, st)) return st;
@@ -169,7 +170,7 @@ extern "C" XF_API xf_status zfmoddsr(xf_frame *f) {
 // PVALUE w.d: a probability as F w.d ("0.0500"), and "<.0001" (d = 4) for
 // values below 10^-d, which F would show as zero. Negative values are not
 // probabilities: '*'.
-extern "C" XF_API xf_status zfmpval(xf_frame *f) {
+XF_ROUTINE(zfmpval, f) {
   double v;
   xf_status st;
   if (settled(f, 32, f->decimals, v, st)) return st;
@@ -192,7 +193,7 @@ extern "C" XF_API xf_status zfmpval(xf_frame *f) {
 // "0.050"); smaller p, which may be far below the double range, shows as
 // mantissa and exponent "5.0E-13", "1E-400", with as many mantissa decimals
 // as fit. Negative values (p above 1) and infinities: '*'.
-extern "C" XF_API xf_status zfmlogp(xf_frame *f) {
+XF_ROUTINE(zfmlogp, f) {
   double v;
   xf_status st;
   if (settled(f, 32, 0, v, st)) return st;
@@ -251,7 +252,7 @@ extern "C" XF_API xf_status zfmlogp(xf_frame *f) {
 }
 
 // NUMX w.d: F w.d with a comma as the decimal mark: 1234.5 -> "1234,50".
-extern "C" XF_API xf_status zfmnumx(xf_frame *f) {
+XF_ROUTINE(zfmnumx, f) {
   double v;
   xf_status st;
   if (settled(f, 32, f->decimals, v, st)) return st;
@@ -267,14 +268,14 @@ extern "C" XF_API xf_status zfmnumx(xf_frame *f) {
 
 // SIZEK w.d: a count of bytes in kilobytes (1024 bytes) with d decimals and
 // a "K": 126976 -> "124K". SIZEKB the same with "KB".
-extern "C" XF_API xf_status zfmsizek(xf_frame *f) {
+XF_ROUTINE(zfmsizek, f) {
   double v;
   xf_status st;
   if (settled(f, 33, f->decimals, v, st)) return st;
   return number_with_suffix(f, v / 1024.0, "K");
 }
 
-extern "C" XF_API xf_status zfmsizekb(xf_frame *f) {
+XF_ROUTINE(zfmsizekb, f) {
   double v;
   xf_status st;
   if (settled(f, 33, f->decimals, v, st)) return st;
@@ -284,7 +285,7 @@ extern "C" XF_API xf_status zfmsizekb(xf_frame *f) {
 // SIZEKMG w.d: bytes in the largest unit of KB, MB, GB and TB (powers of
 // 1024) below which the magnitude stays: 1536 -> "1.50KB" (w.2), 5 MB and
 // more of bytes -> "5.00MB"; TB for everything from 1024 GB on.
-extern "C" XF_API xf_status zfmsizekmg(xf_frame *f) {
+XF_ROUTINE(zfmsizekmg, f) {
   double v;
   xf_status st;
   if (settled(f, 33, f->decimals, v, st)) return st;

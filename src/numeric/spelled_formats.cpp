@@ -11,6 +11,7 @@
 
 #include "catalog/field.hpp"
 #include "catalog/missing.hpp"
+#include "catalog/routine_guard.hpp"
 
 namespace xfmt::numeric {
 namespace {
@@ -161,18 +162,18 @@ using namespace xfmt::numeric;
 // WORDS w: the amount in words, cents rounded and spelled as hundredths:
 // 123.45 -> "one hundred twenty-three and forty-five hundredths", 2 -> "two",
 // -0.01 -> "minus zero and one hundredth". Amounts to 10^15 - 1.
-extern "C" XF_API xf_status zfmwords(xf_frame *f) { return spell(f, cents_style::words); }
+XF_ROUTINE(zfmwords, f) { return spell(f, cents_style::words); }
 
 // WORDF w: the whole amount in words, the cents as figures over 100:
 // 123.45 -> "one hundred twenty-three and 45/100", 7 -> "seven and 00/100".
-extern "C" XF_API xf_status zfmwordf(xf_frame *f) { return spell(f, cents_style::figures); }
+XF_ROUTINE(zfmwordf, f) { return spell(f, cents_style::figures); }
 
 // FRACT w: the value as "whole numerator/denominator", right-justified:
 // 2.25 -> "2 1/4", 1/3 -> "1/3", -0.5 -> "-1/2", 3 -> "3". The fraction is
 // the closest continued-fraction convergent whose text fits w (pi at FRACT10
 // -> "3 16/113"); when no fraction fits, the whole number rounded. '*' when
 // not even that fits.
-extern "C" XF_API xf_status zfmfract(xf_frame *f) {
+XF_ROUTINE(zfmfract, f) {
   int32_t w = f->width;
   if (w < 1) return XF_E_OVERFLOW;
   if (w > 32) return fail_stars(f, w, XF_E_OVERFLOW);

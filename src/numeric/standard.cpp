@@ -8,6 +8,7 @@
 #include "catalog/field.hpp"
 #include "catalog/missing.hpp"
 #include "numeric/engine.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt;
 
@@ -23,11 +24,11 @@ xf_status with_decimals(xf_frame *f, int32_t code) {
 
 }  // namespace
 
-extern "C" XF_API xf_status zfmb(xf_frame *f) { return with_decimals(f, 99); }
+XF_ROUTINE(zfmb, f) { return with_decimals(f, 99); }
 
-extern "C" XF_API xf_status zfmexp(xf_frame *f) { return with_decimals(f, -999); }
+XF_ROUTINE(zfmexp, f) { return with_decimals(f, -999); }
 
-extern "C" XF_API xf_status zfmbx(xf_frame *f) {
+XF_ROUTINE(zfmbx, f) {
   int32_t w = f->width;
   if (w <= numeric::max_field) return zfmb(f);
   f->width = numeric::max_field;
@@ -42,7 +43,7 @@ extern "C" XF_API xf_status zfmbx(xf_frame *f) {
   return status;
 }
 
-extern "C" XF_API xf_status zfmd(xf_frame *f) {
+XF_ROUTINE(zfmd, f) {
   int32_t d = f->decimals;
   if (is_missing(frame_value(f))) {
     f->decimals = 0;
@@ -62,7 +63,7 @@ extern "C" XF_API xf_status zfmd(xf_frame *f) {
   return status;
 }
 
-extern "C" XF_API xf_status zfmz(xf_frame *f) {
+XF_ROUTINE(zfmz, f) {
   if (is_missing(frame_value(f))) return write_missing(f, f->width, f->decimals);
   xf_status status = zfmt(f);
   if (f->width < 1) return status;

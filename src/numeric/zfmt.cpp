@@ -10,6 +10,7 @@
 #include "catalog/missing.hpp"
 #include "numeric/digits.hpp"
 #include "numeric/engine.hpp"
+#include "catalog/routine_guard.hpp"
 
 // zpowten[d] = 0.5 * 10^-d: added before truncating to d decimals.
 extern "C" XF_API const double zpowten[32] = {
@@ -250,7 +251,7 @@ xf_status deliver_field(xf_frame *f, const char *buf, int32_t w, xf_status statu
 
 using namespace xfmt;
 
-extern "C" XF_API xf_status zfmt(xf_frame *f) {
+XF_ROUTINE(zfmt, f) {
   int32_t w = f->width;
   if (w < 1) return XF_E_OVERFLOW;  // nothing written, output length untouched
   if (w > numeric::max_field) {
@@ -274,4 +275,4 @@ extern "C" XF_API xf_status zfmt(xf_frame *f) {
   return numeric::deliver_field(f, buf, w, status);
 }
 
-extern "C" XF_API xf_status zfmn(xf_frame *f) { return zfmt(f); }
+XF_ROUTINE(zfmn, f) { return zfmt(f); }

@@ -5,8 +5,9 @@
 #include <cstring>
 
 #include "catalog/field.hpp"
+#include "catalog/routine_guard.hpp"
 
-extern "C" xf_status zfmb64x(xf_frame *frame) {
+XF_ROUTINE(zfmb64x, frame) {
   // The effective width: the field, cut to the buffer.
   const uint32_t eff = xfmt::field_room(frame, frame->width);
   char *out = xfmt::frame_out(frame);

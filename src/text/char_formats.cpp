@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "catalog/field.hpp"
+#include "catalog/routine_guard.hpp"
 
 namespace xfmt::text {
 namespace {
@@ -82,7 +83,7 @@ using namespace xfmt::text;
 // text is longer than w the content is cut, never the closing quote, and a
 // doubled quote is never split: $QUOTE6 of abcdefg -> "abcd". A width of 1
 // has room for no pair of quotes: one '*', XF_E_OVERFLOW.
-extern "C" XF_API xf_status zfmquote(xf_frame *f) {
+XF_ROUTINE(zfmquote, f) {
   char_field c = open_field(f);
   if (c.w == 0) return close_field(f, c);
   if (c.w < 2) return xfmt::fail_stars(f, f->width, XF_E_OVERFLOW);
@@ -108,12 +109,12 @@ extern "C" XF_API xf_status zfmquote(xf_frame *f) {
 
 // $UPCASE w: the value with a-z in upper case, other bytes as they are,
 // left-aligned and cut at w like $CHAR.
-extern "C" XF_API xf_status zfmupcase(xf_frame *f) { return mapped_copy(f, upper_table.v, ' '); }
+XF_ROUTINE(zfmupcase, f) { return mapped_copy(f, upper_table.v, ' '); }
 
 // $REVERS w: the first w bytes of the value (blank padded to w) in reverse
 // order, left-aligned: the blanks that ended the value would lead the
 // reversed text and are moved to its end. "abc  " -> "cba  ".
-extern "C" XF_API xf_status zfmrevers(xf_frame *f) {
+XF_ROUTINE(zfmrevers, f) {
   char_field c = open_field(f);
   uint32_t n = c.in_len < c.w ? c.in_len : c.w;
   n = trimmed_length(c.in, n);
@@ -125,7 +126,7 @@ extern "C" XF_API xf_status zfmrevers(xf_frame *f) {
 
 // $REVERJ w: the first w bytes of the value, blank padded to w, reversed as
 // they stand: "abc  " -> "  cba". Position j of the field holds byte w-1-j.
-extern "C" XF_API xf_status zfmreverj(xf_frame *f) {
+XF_ROUTINE(zfmreverj, f) {
   char_field c = open_field(f);
   for (uint32_t j = 0; j < c.room; ++j) {
     uint32_t src = c.w - 1 - j;
@@ -138,8 +139,8 @@ extern "C" XF_API xf_status zfmreverj(xf_frame *f) {
 // already ASCII (Latin-1), so the bytes are written as they stand, blank
 // (0x20) padded; reading them as EBCDIC would scramble every host's text.
 // Data that really is EBCDIC goes through eb2as (wztxetoa) first.
-extern "C" XF_API xf_status zfmascii(xf_frame *f) { return mapped_copy(f, identity_table.v, ' '); }
+XF_ROUTINE(zfmascii, f) { return mapped_copy(f, identity_table.v, ' '); }
 
 // $EBCDIC w: the value's ASCII bytes written as EBCDIC (as2eb), padded with
 // the EBCDIC blank 0x40.
-extern "C" XF_API xf_status zfmebcdic(xf_frame *f) { return mapped_copy(f, as2eb, 0x40); }
+XF_ROUTINE(zfmebcdic, f) { return mapped_copy(f, as2eb, 0x40); }

@@ -10,6 +10,7 @@
 #include "catalog/missing.hpp"
 #include "userfmt/output.hpp"
 #include "userfmt/records.hpp"
+#include "catalog/routine_guard.hpp"
 
 namespace xfmt::userfmt {
 
@@ -257,7 +258,7 @@ bool is_anchor(const xf_user_format *h) { return std::memcmp(h->marker, "0000000
 
 }  // namespace
 
-extern "C" xf_status yfmtlbl(xf_frame *frame, void *header, void *ranges, const void *label) {
+XF_ROUTINE_WITH(yfmtlbl, frame, (void *header, void *ranges, const void *label), (header, ranges, label)) {
   auto lf = static_cast<const xf_label_format *>(label);
   // 1. Walk back to the anchor so that the name may resolve to any format of
   // the same catalog.

@@ -10,6 +10,7 @@
 #include "userfmt/matches.hpp"
 #include "userfmt/output.hpp"
 #include "userfmt/records.hpp"
+#include "catalog/routine_guard.hpp"
 
 namespace xfmt::userfmt {
 namespace {
@@ -189,7 +190,7 @@ extern "C" int32_t zstrcomu(const uint16_t *a, int32_t a_units, const uint16_t *
   return compare_units(a, a_units, b, b_units);
 }
 
-extern "C" xf_status yfpfcfn(xf_frame *frame, void *header, void *ranges) {
+XF_ROUTINE_WITH(yfpfcfn, frame, (void *header, void *ranges), (header, ranges)) {
   auto h = as_header(header);
   auto r = as_ranges(ranges);
   frame->option_flags &= ~XF_FLAG_UNFORMATTED;
@@ -209,21 +210,21 @@ extern "C" xf_status yfpfcfn(xf_frame *frame, void *header, void *ranges) {
 
 // Every shape is read through its own layout, so the specialised entries
 // share the one bisection; they remain for hosts that call them by name.
-extern "C" xf_status yfpfcfm(xf_frame *frame, void *header, void *ranges) {
+XF_ROUTINE_WITH(yfpfcfm, frame, (void *header, void *ranges), (header, ranges)) {
   return lookup_bisect(frame, header, ranges);
 }
-extern "C" xf_status yfpfcfs(xf_frame *frame, void *header, void *ranges) {
+XF_ROUTINE_WITH(yfpfcfs, frame, (void *header, void *ranges), (header, ranges)) {
   return lookup_bisect(frame, header, ranges);
 }
-extern "C" xf_status yfpfcfr(xf_frame *frame, void *header, void *ranges) {
+XF_ROUTINE_WITH(yfpfcfr, frame, (void *header, void *ranges), (header, ranges)) {
   return lookup_bisect(frame, header, ranges);
 }
-extern "C" xf_status yfpfcfx(xf_frame *frame, void *header, void *ranges) {
+XF_ROUTINE_WITH(yfpfcfx, frame, (void *header, void *ranges), (header, ranges)) {
   return lookup_bisect(frame, header, ranges);
 }
-extern "C" xf_status yfpfcfy(xf_frame *frame, void *header, void *ranges) {
+XF_ROUTINE_WITH(yfpfcfy, frame, (void *header, void *ranges), (header, ranges)) {
   return lookup_bisect(frame, header, ranges);
 }
-extern "C" xf_status yfpfcfz(xf_frame *frame, void *header, void *ranges) {
+XF_ROUTINE_WITH(yfpfcfz, frame, (void *header, void *ranges), (header, ranges)) {
   return lookup_bisect(frame, header, ranges);
 }

@@ -8,6 +8,7 @@
 #include "userfmt/matches.hpp"
 #include "userfmt/output.hpp"
 #include "userfmt/records.hpp"
+#include "catalog/routine_guard.hpp"
 
 namespace xfmt::userfmt {
 namespace {
@@ -136,7 +137,7 @@ xf_status lookup_bisect(xf_frame *f, void *header, void *ranges) {
 
 using namespace xfmt::userfmt;
 
-extern "C" xf_status yfpfnfn(xf_frame *frame, void *header, void *ranges) {
+XF_ROUTINE_WITH(yfpfnfn, frame, (void *header, void *ranges), (header, ranges)) {
   auto h = as_header(header);
   auto r = as_ranges(ranges);
   frame->option_flags &= ~XF_FLAG_UNFORMATTED;
@@ -154,13 +155,13 @@ extern "C" xf_status yfpfnfn(xf_frame *frame, void *header, void *ranges) {
   return write_several(frame, h, found.count(), found.data(), nullptr, v);
 }
 
-extern "C" xf_status yfpfnfm(xf_frame *frame, void *header, void *ranges) {
+XF_ROUTINE_WITH(yfpfnfm, frame, (void *header, void *ranges), (header, ranges)) {
   return lookup_bisect<shape::mixed>(frame, header, ranges);
 }
-extern "C" xf_status yfpfnfs(xf_frame *frame, void *header, void *ranges) {
+XF_ROUTINE_WITH(yfpfnfs, frame, (void *header, void *ranges), (header, ranges)) {
   return lookup_bisect<shape::values>(frame, header, ranges);
 }
-extern "C" xf_status yfpfnfr(xf_frame *frame, void *header, void *ranges) {
+XF_ROUTINE_WITH(yfpfnfr, frame, (void *header, void *ranges), (header, ranges)) {
   return lookup_bisect<shape::ranges>(frame, header, ranges);
 }
 
