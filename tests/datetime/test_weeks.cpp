@@ -1,7 +1,7 @@
 // Week rules, week text, day counts and the digit writer. The ISO rule is
 // checked against the ISO 8601 week date computed here from a day-by-day
 // calendar (the week's Thursday decides the year), for every day of
-// 1600-01-02 .. 2400-12-31; the Sunday and Monday rules against counts of
+// 1600-01-01 .. 2400-12-31; the Sunday and Monday rules against counts of
 // Sundays and Mondays since 1 January.
 #include <gtest/gtest.h>
 
@@ -73,7 +73,7 @@ TEST(week_rules, anchors) {
 
 TEST(week_rules, every_day_1600_to_2400) {
   const day_table t;
-  const int64_t from = xfmt::datetime::days_from_ymd(1600, 1, 2);
+  const int64_t from = xfmt::datetime::days_from_ymd(1600, 1, 1);
   const int64_t to = xfmt::datetime::days_from_ymd(2400, 12, 31);
   const char v = 'V', u = 'U', w = 'W';
   int32_t sundays = 0, mondays = 0, year = 0;
@@ -94,6 +94,26 @@ TEST(week_rules, every_day_1600_to_2400) {
     get_yywwdd(&w, 0, &gy, &gw, &gd, static_cast<double>(n));
     if (gy != di.y || gw != mondays || gd != di.iso_wd)
       FAIL() << "W " << di.y << "-" << di.m << "-" << di.d << ": got " << gw << " " << gd;
+  }
+}
+
+// 1600-01-01, a Saturday before the first Sunday and Monday of the year,
+// once gave stars at every width, also at those that never show the weekday.
+TEST(week_text, zkfweek_on_1600_01_01) {
+  const double day = static_cast<double>(xfmt::datetime::days_from_ymd(1600, 1, 1));
+  const struct { char rule; const char *texts[6]; } rows[] = {
+      {'U', {"00", "W00", "00W00", "00W0007", "1600W0007", "1600-W00-07"}},
+      {'W', {"00", "W00", "00W00", "00W0006", "1600W0006", "1600-W00-06"}},
+      {'V', {"52", "W52", "99W52", "99W5206", "1599W5206", "1599-W52-06"}},
+  };
+  for (const auto &r : rows) {
+    for (int32_t w = 0; w <= 12; ++w) {
+      char out[16];
+      int32_t width = w;
+      zkfweek(out, &width, &r.rule, 0, day);
+      const int layout = w <= 2 ? 0 : w <= 4 ? 1 : w <= 6 ? 2 : w <= 8 ? 3 : w <= 10 ? 4 : 5;
+      EXPECT_EQ(std::string(out, static_cast<size_t>(width)), r.texts[layout]) << r.rule << " w " << w;
+    }
   }
 }
 

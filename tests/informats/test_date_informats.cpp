@@ -306,6 +306,39 @@ TEST(DateInformatsRoundTrip, TwoDigitYearsEveryDay) {
   round_trip(zfmjul, 5, zifmjul, y1950, y2049);
 }
 
+// Every day-month-year layout (no separator, blank, colon, dash, period,
+// slash) at every width that shows a whole date reads back with the matching
+// informat; "01:01:1582" was once refused.
+TEST(DateInformatsRoundTrip, EverySeparatorAndWidth) {
+  const struct {
+    const char *prefix;
+    xf_routine informat;
+  } families[] = {{"DDMMYY", zifmdmy}, {"MMDDYY", zifmmdy}, {"YYMMDD", zifmymd}};
+  const fmtinfo *m = jazwfdte();
+  int layouts = 0;
+  for (const auto &fam : families) {
+    for (uint64_t i = 0; i < m->count; ++i) {
+      const fmtinfo_eachfmt &r = m->rows[i];
+      if (r.routine == nullptr || r.name_length < 6 || r.name_length > 7 ||
+          std::string(r.name, 6) != fam.prefix)
+        continue;
+      ++layouts;
+      for (int32_t w = std::max<int32_t>(6, r.min_width); w <= r.max_width; ++w) {
+        const bool four_digits = print(r.routine, static_cast<double>(days_from_ymd(2023, 7, 4)), w)
+                                     .find("2023") != std::string::npos;
+        if (four_digits)
+          round_trip(r.routine, w, fam.informat, y1582, y2200, 5);
+        else
+          round_trip(r.routine, w, fam.informat, y1950, y2049, 2);
+      }
+    }
+  }
+  EXPECT_EQ(layouts, 21);
+  const std::string colon = print(zfmmdyc, static_cast<double>(y1582), 10);
+  EXPECT_EQ(colon, "01:01:1582");
+  EXPECT_EQ(hex(run_informat(zifmmdy, colon, 10).bits), hex(num(static_cast<double>(y1582))));
+}
+
 // From the first day of the first era to the last day the printed era year
 // has two digits: R.99 is 2117.
 TEST(DateInformatsRoundTrip, EraEveryDay) {

@@ -2,6 +2,8 @@
 // as a table of text, w, d, expected status and stored value.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 #include <cfloat>
 #include <cstring>
 #include <string>
@@ -264,3 +266,22 @@ TEST(number_informat, every_row_resolves_and_reads_through_xffmt) {
 }
 
 }  // namespace
+
+// One rule for every number informat beyond the widest catalogued field
+// (32): the whole field is read, as @F always did ("@BZ" once read only 32
+// characters, "@COMMA" refused texts over 256).
+TEST(number_informat, wide_fields_are_read_whole) {
+  for (xf_routine r : {wzifmn, zifmbz, zifmcma, zifmpct, zifmcmx}) {
+    for (int32_t w : {33, 340, 32767}) {
+      const std::string field = std::string(static_cast<size_t>(w) - 1, '0') + "1";
+      auto got = run_informat(r, field, w, 0);
+      EXPECT_EQ(got.status, ok) << "w " << w;
+      EXPECT_EQ(hex(got.bits), hex(num(1))) << "w " << w;
+      auto part = run_informat(r, field, w - 1, 0);  // only the zeros are in the field
+      EXPECT_EQ(hex(part.bits), hex(num(0))) << "w " << w;
+    }
+  }
+  // Digits beyond the 32nd count in @BZ, whose blanks are zeros.
+  EXPECT_EQ(hex(run_informat(zifmbz, std::string(32, '1') + " 5", 34, 0).bits),
+            hex(num(std::strtod((std::string(32, '1') + "05").c_str(), nullptr))));
+}

@@ -120,6 +120,19 @@ TEST(money, nothing_fits_gives_stars) {
   EXPECT_EQ(st, XF_E_OVERFLOW);
 }
 
+TEST(money, nan_and_infinity_give_the_star_field) {
+  // Every one of the 80 routines, as a host reaches them: no "nan" or "inf".
+  for (const fmtinfo_eachfmt *r = jazwfnls()->rows; r != jazwfnls()->rows + jazwfnls()->count; ++r) {
+    const bool money = std::strncmp(r->name, "NLMNI", 5) == 0 || std::strncmp(r->name, "NLMNL", 5) == 0;
+    if (!money || r->routine == nullptr) continue;
+    for (double v : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+      frame_box b = frame_box::number(v, 12, 2);
+      EXPECT_EQ(r->routine(&b.f), XF_E_OVERFLOW) << r->name << " " << v;
+      EXPECT_EQ(b.str(), "************") << r->name << " " << v;
+    }
+  }
+}
+
 TEST(money, missing_values) {
   EXPECT_EQ(money(us, "USD", false, xfmt::missing_ordinary(), 12, 2), "           .");
   EXPECT_EQ(money(us, "USD", false, xfmt::missing_value(2), 8, 2), "       A");
