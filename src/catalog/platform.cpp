@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cctype>     // __ctype_toupper_loc through toupper's table
 #include <cstdlib>    // getenv, exit
+#include <cstring>    // strncpy
 #include <ctime>      // localtime_r, tzset, timezone
 #include <iconv.h>    // iconv_open, iconv, iconv_close
 #include <sys/time.h> // gettimeofday
@@ -27,15 +28,37 @@ bool system_local(int64_t seconds, local_time *out) {
   return true;
 }
 
-int32_t system_zone() {
+zone_snapshot read_zone() {
   tzset();
-  return static_cast<int32_t>(timezone);
+  zone_snapshot z{};
+  z.seconds_west = static_cast<int32_t>(timezone);
+  const time_t now = time(nullptr);
+  tm parts{};
+  if (localtime_r(&now, &parts) != nullptr) {
+    z.dst = parts.tm_isdst > 0;
+    const char *a = parts.tm_zone != nullptr ? parts.tm_zone : "";
+    std::strncpy(z.abbrev, a, sizeof z.abbrev - 1);
+  }
+  return z;
 }
+
+// The static's initialisation is the once-guard; only reread_zone (tests,
+// no conversions running) writes it again.
+zone_snapshot &zone_slot() {
+  static zone_snapshot zone = read_zone();
+  return zone;
+}
+
+int32_t system_zone() { return process_zone().seconds_west; }
 
 constexpr clock_source system_source{system_now, system_local, system_zone};
 std::atomic<const clock_source *> installed{nullptr};
 
 }  // namespace
+
+const zone_snapshot &process_zone() { return zone_slot(); }
+
+void reread_zone() { zone_slot() = read_zone(); }
 
 const clock_source &system_clock() { return system_source; }
 

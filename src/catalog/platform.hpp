@@ -25,12 +25,28 @@ struct local_time {
 };
 
 // A source of the current time. The system one reads gettimeofday,
-// localtime_r and the C library's timezone variable (after tzset).
+// localtime_r and, for the zone, process_zone().
 struct clock_source {
   wall_time (*now)();
   bool (*to_local)(int64_t seconds, local_time *out);
   int32_t (*zone_seconds_west)();  // standard time, seconds west of UTC
 };
+
+// The process time zone as the C library knows it (TZ, tzset): the standard
+// offset, whether daylight saving time was in force and the abbreviation.
+// It is read once, on first use, under a real once-guard (a function-local
+// static), so threads that all convert their first zoned value at the same
+// moment read the C library's globals once; later values pay nothing. A
+// change of TZ later in the process is not seen until reread_zone.
+struct zone_snapshot {
+  int32_t seconds_west;  // standard time
+  bool dst;              // daylight saving time in force when it was read
+  char abbrev[16];       // "%Z", NUL terminated
+};
+const zone_snapshot &process_zone();
+// Tests only: reads the zone again after a change of TZ. Not to be called
+// while conversions run on other threads.
+void reread_zone();
 
 const clock_source &system_clock();
 // The clock in use: the system clock unless a test installed another.

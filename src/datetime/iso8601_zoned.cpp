@@ -14,7 +14,6 @@
 //   B8601TZ9  123456Z                  B8601TZ11 123456+0000
 #include "xfmt/xfmt.h"
 
-#include <atomic>
 #include <cmath>
 #include <cstring>
 
@@ -84,20 +83,11 @@ double clock_seconds(double v) {
   return s;
 }
 
-// The process zone's standard offset, east of UTC, in seconds. The clock in
-// use is asked once and its answer kept until another clock is installed
-// (a test's fixed clock), so no value pays for the zone lookup; a change of
-// the TZ variable later in the process is not seen.
-int32_t process_offset_east() {
-  static std::atomic<const xfmt::platform::clock_source *> asked{nullptr};
-  static std::atomic<int32_t> west{0};
-  const xfmt::platform::clock_source *clock = &xfmt::platform::current_clock();
-  if (asked.load(std::memory_order_acquire) != clock) {
-    west.store(clock->zone_seconds_west(), std::memory_order_relaxed);
-    asked.store(clock, std::memory_order_release);
-  }
-  return -west.load(std::memory_order_relaxed);
-}
+// The process zone's standard offset, east of UTC, in seconds: the clock's
+// answer (for the system clock the platform's zone snapshot, read once under
+// a once-guard, so no value pays for the zone lookup; a test's fixed clock
+// gives its own).
+int32_t process_offset_east() { return -xfmt::platform::current_clock().zone_seconds_west(); }
 
 // "+hh:mm" / "+hhmm" of an offset in seconds east (whole minutes; zones lie
 // within a day, so hh stays two digits).

@@ -2,11 +2,11 @@
 // a first pass that inlines "%x" and "%X", a second that writes each
 // conversion with the locale's names, then fitting into the field.
 #include "nls/expand.hpp"
+#include "catalog/platform.hpp"
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <ctime>  // tzset, localtime_r, time, timezone: "%z" and "%Z"
 
 namespace xfmt::nls {
 namespace {
@@ -107,34 +107,17 @@ void name(sink &s, const field_reader &loc, int field, size_t pad_to = 0) {
   if (pad_to > len) s.blanks(pad_to - len);
 }
 
-// Process time zone for "%z" and "%Z": read afresh for each conversion, the
-// host may change TZ between values.
-struct zone_now {
-  long west_seconds;  // the C library's timezone: seconds west of Greenwich
-  bool dst;
-  char abbrev[16];
-};
+// Process time zone for "%z" and "%Z": the platform's snapshot, read once.
+using zone_now = xfmt::platform::zone_snapshot;
 
-zone_now read_zone() {
-  tzset();
-  zone_now z{};
-  z.west_seconds = timezone;
-  time_t now = time(nullptr);
-  struct tm tm {};
-  if (localtime_r(&now, &tm) != nullptr) {
-    z.dst = tm.tm_isdst > 0;
-    const char *a = tm.tm_zone != nullptr ? tm.tm_zone : "";
-    std::strncpy(z.abbrev, a, sizeof z.abbrev - 1);
-  }
-  return z;
-}
+const zone_now &read_zone() { return xfmt::platform::process_zone(); }
 
 // "%z": sign, hours, minutes of the standard offset; daylight-saving time adds
 // one to the hour count whatever the sign (so a zone five hours west shows
 // -0500 in winter and -0600 in summer: hosts have long relied on this).
 void zone_offset(sink &s) {
-  zone_now z = read_zone();
-  long east = -z.west_seconds;
+  const zone_now &z = read_zone();
+  long east = -static_cast<long>(z.seconds_west);
   s.put(east < 0 ? '-' : '+');
   long mag = east < 0 ? -east : east;
   int64_t hours = mag / 3600 + (z.dst ? 1 : 0);

@@ -8,6 +8,7 @@
 
 #include "nls/expand.hpp"
 #include "record.hpp"
+#include "catalog/platform.hpp"
 
 namespace {
 
@@ -192,19 +193,19 @@ TEST(expand, time_zone_offset_and_abbreviation) {
   const char *old = std::getenv("TZ");
   std::string saved = old ? old : "";
   setenv("TZ", "EST5", 1);  // five hours west, no daylight-saving rule
-  tzset();
+  xfmt::platform::reread_zone();
   const moment m = datetime_moment(2020, 1, 1, 0, 0, 0);
   EXPECT_EQ(text("%H %z", m), "00 -0500");
   EXPECT_EQ(text("%Z", m), "EST");
   setenv("TZ", "UTC0", 1);
-  tzset();
+  xfmt::platform::reread_zone();
   EXPECT_EQ(text("%z", m), "+0000");
   setenv("TZ", "IST-5:30", 1);
-  tzset();
+  xfmt::platform::reread_zone();
   EXPECT_EQ(text("%z", m), "+0530");
   if (old) setenv("TZ", saved.c_str(), 1);
   else unsetenv("TZ");
-  tzset();
+  xfmt::platform::reread_zone();
 }
 
 TEST(expand, fitting_left_right_and_too_long) {

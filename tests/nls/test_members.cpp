@@ -12,6 +12,7 @@
 
 #include "catalog/missing.hpp"
 #include "support/frame.hpp"
+#include "catalog/platform.hpp"
 
 namespace {
 
@@ -206,12 +207,12 @@ TEST(nldatm, zone_offset_five_hours_west) {
   const char *old = std::getenv("TZ");
   std::string saved = old ? old : "";
   setenv("TZ", "EST5", 1);
-  tzset();
+  xfmt::platform::reread_zone();
   EXPECT_EQ(text(nldatmtz, 0, 32, 0, english_us), "00:00:00 -0500");
   EXPECT_EQ(text(nldatmz, 0, 40, 0, english_us), "January 1, 1960 00:00:00 -0500");
   if (old) setenv("TZ", saved.c_str(), 1);
   else unsetenv("TZ");
-  tzset();
+  xfmt::platform::reread_zone();
 }
 
 // During daylight-saving time the hour count of "%z" grows by one whatever
@@ -223,7 +224,7 @@ TEST(nldatm, zone_offset_during_daylight_saving_time) {
   for (const auto &[tz, expected] : {std::pair{"AAA-10BBB,0/0,J365/25", "+1100"},
                                      std::pair{"CCC5DDD,0/0,J365/25", "-0600"}}) {
     setenv("TZ", tz, 1);
-    tzset();
+    xfmt::platform::reread_zone();
     time_t now = time(nullptr);
     struct tm tm {};
     localtime_r(&now, &tm);
@@ -233,7 +234,7 @@ TEST(nldatm, zone_offset_during_daylight_saving_time) {
   }
   if (old) setenv("TZ", saved.c_str(), 1);
   else unsetenv("TZ");
-  tzset();
+  xfmt::platform::reread_zone();
 }
 
 TEST(nltime, times_of_day) {
