@@ -217,6 +217,13 @@ XF_API xf_status xffmt  (xf_frame *frame, void *handle);
  * block; a handle with a nonzero link (a refreshed record, a "+"
  * user-defined handle) and the static intrinsic rows are left alone. */
 XF_API xf_status xfdel  (void *handle);
+/* Release any handle, a "+" user-defined handle included (xfdel leaves those
+ * to their owner, so this is how a host frees a character user-defined
+ * format): a user-defined handle ("+" or "-") frees its whole allocation
+ * chain (a record refreshed in the caller's storage stays where it is, the
+ * chain anchored to it goes); any other handle is released as by xfdel. NULL
+ * and the static intrinsic rows are left alone. Returns 0. */
+XF_API xf_status xfrelease(void *handle);
 
 /* Allocation chain: a zeroed block of size bytes behind a two-word header
  * (link to the next block, size; one spare word after the bytes), linked

@@ -1,4 +1,4 @@
-// Allocation chain (xfmalloc, xffree) and handle release (xfdel).
+// Allocation chain (xfmalloc, xffree) and handle release (xfdel, xfrelease).
 #include "xfmt/xfmt.h"
 
 #include <cstdlib>  // calloc, free
@@ -69,6 +69,16 @@ xf_status xfdel(void *handle) {
   // handle (link = itself) and a "+" handle stay with their owner.
   if (load_word(handle) == 0) std::free(chain_block_of(handle));
   return XF_OK;
+}
+
+xf_status xfrelease(void *handle) {
+  if (handle == nullptr || is_intrinsic_row(handle)) return XF_OK;
+  const auto *bytes = static_cast<const unsigned char *>(handle);
+  if (bytes[8] == '+') {
+    free_user_handle(static_cast<xf_user_handle *>(handle));
+    return XF_OK;
+  }
+  return xfdel(handle);
 }
 
 }  // extern "C"

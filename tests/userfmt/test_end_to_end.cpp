@@ -22,12 +22,7 @@ struct resolved {
   resolved(const std::string &name, xf_ufmt_context *ctx) {
     status = xfname2(name.data(), static_cast<int32_t>(name.size()), 0, widths, &handle, ctx);
   }
-  ~resolved() {
-    if (handle && static_cast<char *>(handle)[8] == '+')
-      xfmt::catalog::free_user_handle(static_cast<xf_user_handle *>(handle));
-    else if (handle)
-      xfdel(handle);
-  }
+  ~resolved() { xfrelease(handle); }
   resolved(const resolved &) = delete;
   resolved &operator=(const resolved &) = delete;
 };

@@ -106,8 +106,7 @@ void list_user_formats(const run_options &opt, const std::string &prefix, std::v
     uint16_t block[8] = {};
     if (xfname2(name.data(), static_cast<int32_t>(name.size()), 0, block, &handle, &ctx) != XF_OK) continue;
     const char *state = static_cast<xf_user_handle *>(handle)->routine != nullptr ? "user-defined" : "not built";
-    if (static_cast<const char *>(handle)[8] == '+') catalog::free_user_handle(static_cast<xf_user_handle *>(handle));
-    else xfdel(handle);
+    xfrelease(handle);
     std::memcpy(r.name, name.data(), std::min(name.size(), sizeof r.name));
     r.name_length = static_cast<uint32_t>(std::min(name.size(), sizeof r.name));
     r.min_width = block[0];

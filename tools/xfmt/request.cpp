@@ -156,12 +156,9 @@ conversion::conversion(conversion &&o) noexcept
 
 conversion::~conversion() {
   if (handle_ == nullptr) return;
-  const auto *kind = static_cast<const char *>(handle_) + 8;
-  // A "+" user handle is not released by xfdel; the command owns it outright.
-  // xfdel leaves a handle refreshed in storage_ alone and frees the chain of
-  // a "-" handle (storage_ itself is not on it).
-  if (*kind == '+') catalog::free_user_handle(static_cast<xf_user_handle *>(handle_));
-  else xfdel(handle_);
+  // xfrelease frees a user handle's chain ("+" too) and leaves a handle
+  // refreshed in storage_ where it is (storage_ itself is not on a chain).
+  xfrelease(handle_);
 }
 
 bool conversion::is_built() const {
