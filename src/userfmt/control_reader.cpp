@@ -104,16 +104,28 @@ using namespace xfmt::userfmt;
 
 namespace {
 
-// The whole file in memory: one read, linear in its size.
-bool read_file(const char *path, std::string &bytes) {
+// The largest control file read: far above any real catalog of formats, and
+// a stop for a path that never ends (/dev/zero, a pipe left open).
+constexpr std::size_t control_file_limit = std::size_t{256} << 20;
+
+// The whole file in memory: one read, linear in its size; read_too_large
+// once it passes the limit, before the memory for more is taken.
+int read_file(const char *path, std::string &bytes) {
   std::FILE *f = std::fopen(path, "rb");
-  if (!f) return false;
+  if (!f) return read_open_failed;
   char buf[65536];
   std::size_t n;
-  while ((n = std::fread(buf, 1, sizeof buf, f)) > 0) bytes.append(buf, n);
-  bool ok = !std::ferror(f);
+  int rc = read_found;
+  while ((n = std::fread(buf, 1, sizeof buf, f)) > 0) {
+    if (bytes.size() + n > control_file_limit) {
+      rc = read_too_large;
+      break;
+    }
+    bytes.append(buf, n);
+  }
+  if (rc == read_found && std::ferror(f)) rc = read_open_failed;
   std::fclose(f);
-  return ok;
+  return rc;
 }
 
 bool in_memory_library(const char *library) {
@@ -130,7 +142,9 @@ extern "C" int32_t xfrdexp(int32_t request_kind, const char *name, xf_ufmt_conte
   const char *path = context->control_path ? context->control_path : "cntlout.xml";
   std::string bytes;
   try {
-    if (!read_file(path, bytes)) {
+    const int rc = read_file(path, bytes);
+    if (rc == read_too_large) return rc;
+    if (rc != read_found) {
       std::fputs("Open failed\n", stdout);
       return read_open_failed;
     }

@@ -202,6 +202,9 @@ int format_builder::numeric_entry(const row_cells &row, uint8_t flags, const voi
       return read_bad_row;
     }
   }
+  // A range whose start lies above its end can match nothing under the
+  // linear search yet would mislead the bisection: the row is refused.
+  if (!low && !high && key_of(start) > key_of(end)) return read_bad_row;
   double fuzz = header_->fuzz;
   auto *e = static_cast<xf_range_numeric *>(alloc(sizeof(xf_range_numeric)));
   if (!e) return read_no_memory;
@@ -231,6 +234,10 @@ int format_builder::character_entry(const row_cells &row, uint8_t flags, const v
     units_.clear();
   }
   if (start.size() > 65535 || units_.size() > 65535) return read_bad_row;
+  if (!low && !high &&
+      zstrcomu(start.data(), static_cast<int32_t>(start.size()), units_.data(),
+               static_cast<int32_t>(units_.size())) > 0)
+    return read_bad_row;  // START above END, as for numbers
   std::size_t size = char_range_text_offset + 2 * (start.size() + units_.size());
   auto *e = static_cast<xf_range_char *>(alloc((size + 7) & ~std::size_t{7}));
   if (!e) return read_no_memory;

@@ -24,6 +24,7 @@ inline constexpr int read_missing_column = -14;
 inline constexpr int read_nested_format = -16;
 inline constexpr int read_unsupported = -17;
 inline constexpr int read_bad_type = -20;
+inline constexpr int read_too_large = -21;
 
 enum column : int {
   col_fmtname, col_type, col_min, col_max, col_default, col_fuzz, col_hlo, col_start, col_end,
