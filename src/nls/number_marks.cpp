@@ -11,6 +11,7 @@
 #include "catalog/missing.hpp"
 #include "nls/locale_reader.hpp"
 #include "nls/nl_encode.hpp"
+#include "numeric/digits.hpp"
 #include "numeric/engine.hpp"
 
 namespace xfmt::nls {
@@ -92,9 +93,24 @@ int compose(const numeric::plain_parts &p, const number_marks &m, bool grouped,
   return a.over ? -1 : static_cast<int>(a.n);
 }
 
+bool plain_ascii(std::string_view t) {
+  for (char c : t)
+    if (static_cast<unsigned char>(c) >= 0x80 || c == '<') return false;
+  return true;
+}
+
 // Encodes text against the width and places it; false when it does not fit.
-bool place_if_fits(xf_frame *f, const char *text, int n, int32_t w, bool utf16) {
+// ASCII text for a single-byte field (the usual case) goes straight in.
+bool place_if_fits(xf_frame *f, const char *text, int n, int32_t w, bool utf16, bool ascii) {
   if (n < 0) return false;
+  if (ascii && !utf16) {
+    if (n > w) return false;
+    char *out = frame_out(f);
+    numeric::put_blanks(out, w - n);
+    std::memcpy(out + (w - n), text, static_cast<size_t>(n));
+    f->output_length = static_cast<uint32_t>(w);
+    return true;
+  }
   char enc[text_room * 2];
   uint32_t len = 0;
   int r = encode_text(utf16, text, static_cast<size_t>(n), w, enc, f->output_capacity, &len);
@@ -111,6 +127,7 @@ number_marks read_number_marks(const field_reader &loc) {
   if (!point.empty()) m.point = point;
   if (m.point.size() == 1 && static_cast<unsigned char>(m.point[0]) < 0x80) m.point_byte = m.point[0];
   m.separator = field_or_empty(loc, 173);
+  m.ascii = plain_ascii(m.point) && plain_ascii(m.separator);
   m.group_bits = m.separator.empty() ? 0 : grouping_bits(field_or_empty(loc, 174));
   // 2: the sign follows the number; 3 and 4 put it beside the currency
   // symbol, which follows the number only where 179 is 0.
@@ -131,7 +148,7 @@ const number_marks &locale_number_marks(int id) {
 }
 
 const number_marks &international_marks() {
-  static const number_marks m{".", '.', ",", grouping_bits("3"), false};
+  static const number_marks m{".", '.', ",", grouping_bits("3"), false, true};
   return m;
 }
 
@@ -164,6 +181,7 @@ xf_status grouped_number(xf_frame *f, const number_marks &m, const number_shape 
     return fail_stars(f, w, XF_E_CAPACITY);
 
   const std::string_view suffix = s.suffix;
+  const bool ascii = m.ascii && plain_ascii(suffix);
   const double x = v * s.scale;
   // The F layout gets the field less the suffix; a negative value's layout
   // holds its own minus, a positive one leaves that position when reserved.
@@ -178,7 +196,7 @@ xf_status grouped_number(xf_frame *f, const number_marks &m, const number_shape 
     numeric::plain_parts p;
     if (st == XF_E_OVERFLOW || !numeric::split_plain(buf, room, p)) break;
     const int shown = p.frac_len > 0 ? p.frac_len : 0;
-    if (place_if_fits(f, text, compose(p, m, true, suffix, text, sizeof text), w, utf16))
+    if (place_if_fits(f, text, compose(p, m, true, suffix, text, sizeof text), w, utf16, ascii))
       return shown < dd ? XF_REDUCED : XF_OK;
     if (shown == 0) break;
     k = shown - 1;
@@ -201,7 +219,7 @@ xf_status grouped_number(xf_frame *f, const number_marks &m, const number_shape 
     a.put(suffix);
     n = a.over ? -1 : static_cast<int>(a.n);
   }
-  if (!place_if_fits(f, text, n, w, utf16)) return fail_stars(f, w, XF_E_OVERFLOW);
+  if (!place_if_fits(f, text, n, w, utf16, ascii)) return fail_stars(f, w, XF_E_OVERFLOW);
   return st;
 }
 

@@ -20,6 +20,7 @@ struct number_marks {
   // k digits to its right and the one before it; 0 for no grouping.
   uint64_t group_bits = 0;
   bool minus_after = false;  // 182 (with 179): a minus follows the number
+  bool ascii = true;         // point and separator are plain ASCII: no encoding needed
 };
 
 number_marks read_number_marks(const field_reader &loc);
