@@ -65,7 +65,8 @@ bool documented(kind k, xf_status st) {
   return st == XF_E_DATE_RANGE && (k == kind::date || k == kind::datetime || k == kind::time);
 }
 
-void sweep_module(int locale_step, std::initializer_list<kind> kinds) {
+void sweep_module(int locale_step, std::initializer_list<kind> kinds, bool utf16 = false) {
+  const int unit = utf16 ? 2 : 1;
   const fmtinfo *m = jazwfnls();
   size_t routines = 0, calls = 0;
   for (uint64_t r = 0; r < m->count; ++r) {
@@ -87,13 +88,14 @@ void sweep_module(int locale_step, std::initializer_list<kind> kinds) {
       for (double v : values_for(k)) {
         for (int w : widths) {
           for (int d : decimals) {
-            frame_box a = frame_box::number(v, w, d);
+            frame_box a = frame_box::number(v, w, d, unit * w);
             a.f.option_word = static_cast<uint64_t>(loc);
+            if (utf16) a.f.requested_output_encoding = XF_ENC_UTF16LE;
             frame_box b = a;
             xf_status sa = row.routine(&a.f);
             xf_status sb = row.routine(&b.f);
             ++calls;
-            const bool good = documented(k, sa) && a.f.output_length <= static_cast<uint32_t>(w) &&
+            const bool good = documented(k, sa) && a.f.output_length <= static_cast<uint32_t>(unit * w) &&
                               a.f.output_length <= a.f.output_capacity && sa == sb &&
                               a.out == b.out && a.f.output_length == b.f.output_length;
             ASSERT_TRUE(good) << name << " locale " << loc << " value " << v << " w" << w << "."
@@ -113,6 +115,9 @@ TEST(sweep, datetimes_every_locale) { sweep_module(1, {kind::datetime}); }
 TEST(sweep, times_and_names_every_locale) { sweep_module(1, {kind::time, kind::name}); }
 TEST(sweep, money_every_locale) { sweep_module(1, {kind::money}); }
 TEST(sweep, numbers_every_locale) { sweep_module(1, {kind::number}); }
+TEST(sweep, numbers_and_money_every_locale_utf16) {
+  sweep_module(1, {kind::number, kind::money}, true);
+}
 
 TEST(sweep, every_routine_of_the_module_is_national) {
   const fmtinfo *m = jazwfnls();
