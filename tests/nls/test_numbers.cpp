@@ -45,7 +45,8 @@ const named routines[] = {{"NLNUM", nlnum},   {"NLNUMI", nlnumi}, {"NLMNY", nlmn
 std::string utf16_to_utf8(const std::string &b) {
   std::string s;
   for (size_t i = 0; i + 1 < b.size(); i += 2) {
-    unsigned u = static_cast<unsigned char>(b[i]) | static_cast<unsigned char>(b[i + 1]) << 8;
+    const unsigned u = static_cast<unsigned>(static_cast<unsigned char>(b[i])) |
+                       static_cast<unsigned>(static_cast<unsigned char>(b[i + 1])) << 8;
     if (u < 0x80) {
       s += static_cast<char>(u);
     } else if (u < 0x800) {
