@@ -1,6 +1,7 @@
 // National formats against their plain counterparts and against a host's
 // usual route: NLDATE20. beside DATE9. and strftime under setlocale,
-// NLMNLUSD12.2 beside DOLLAR12.2 and strfmon. All through xffmt, English
+// NLMNLUSD12.2 beside DOLLAR12.2 and strfmon, NLNUM12.2 beside COMMA12.2,
+// NLPCT8.2 beside PERCENT8.2. All through xffmt, English
 // (United States) locale, the same values in each pair.
 #include <benchmark/benchmark.h>
 #include <monetary.h>  // strfmon: the C library's money printer
@@ -113,6 +114,30 @@ void BM_strfmon(benchmark::State &state) {
   }
 }
 
+// The national numbers beside the formats they generalise: NLNUM12.2 and
+// COMMA12.2 on amounts of four digits, NLPCT8.2 and PERCENT8.2 on fractions
+// (1.23% up to 47.28%), NLMNY12.2 beside NLMNLUSD12.2.
+void BM_nlnum12_2(benchmark::State &s) { run_xffmt(s, "NLNUM", 12, 2, 1234.5, 17.25); }
+void BM_comma12_2(benchmark::State &s) { run_xffmt(s, "COMMA", 12, 2, 1234.5, 17.25); }
+void BM_nlpct8_2(benchmark::State &s) { run_xffmt(s, "NLPCT", 8, 2, 0.0123, 0.00731); }
+void BM_percent8_2(benchmark::State &s) { run_xffmt(s, "PERCENT", 8, 2, 0.0123, 0.00731); }
+void BM_nlmny12_2(benchmark::State &s) { run_xffmt(s, "NLMNY", 12, 2, 1234.5, 17.25); }
+
+// NLNUM12.2 in French (France), UTF-8 process: the U+00A0 group mark goes
+// through the encoder.
+void BM_nlnum12_2_fr(benchmark::State &state) {
+  std::setlocale(LC_CTYPE, "C.UTF-8");
+  bench_frame b("NLNUM", 12, 2, 1234.5, 17.25);
+  b.f.option_word = 60;
+  int i = 0;
+  for (auto _ : state) {
+    b.f.input = &b.values[i++ & (value_count - 1)];
+    benchmark::DoNotOptimize(xffmt(&b.f, b.handle));
+    benchmark::ClobberMemory();
+  }
+  std::setlocale(LC_CTYPE, "C");
+}
+
 void BM_nldatm30_utf16(benchmark::State &state) {
   bench_frame b("NLDATM", 30, 0, 1.8e9, 86399.5);
   b.f.output_capacity = 60;
@@ -136,5 +161,11 @@ BENCHMARK(BM_nlmnlusd12_2);
 BENCHMARK(BM_dollar12_2);
 BENCHMARK(BM_strfmon);
 BENCHMARK(BM_nldatm30_utf16);
+BENCHMARK(BM_nlnum12_2);
+BENCHMARK(BM_comma12_2);
+BENCHMARK(BM_nlpct8_2);
+BENCHMARK(BM_percent8_2);
+BENCHMARK(BM_nlmny12_2);
+BENCHMARK(BM_nlnum12_2_fr);
 
 }  // namespace

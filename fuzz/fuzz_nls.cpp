@@ -1,5 +1,6 @@
 // The national formats on arbitrary frames: any routine of the JAZWFNLS
-// table and the euro formats, any value bits, width, decimals, locale id,
+// table (dates, times, money, the national numbers and percents) and the
+// euro formats, any value bits, width, decimals, locale id,
 // validation bit and output encoding, into an exact-size heap buffer. Each
 // call runs twice and must give the same status and bytes, stay inside the
 // capacity and never deliver more than the width. Also the pattern expander
@@ -37,12 +38,14 @@ void check(bool ok) {
   if (!ok) std::abort();
 }
 
-// A value: raw bits, or one near the calendar and money ranges.
+// A value: raw bits, or one near the calendar and money ranges, or an amount
+// in hundredths (the grouped numbers, percents and their ties).
 double value_of(reader &r) {
   const uint8_t how = r.byte();
   uint64_t bits = r.u64();
   double v;
   std::memcpy(&v, &bits, sizeof v);
+  if (how % 8 == 7) return static_cast<double>(static_cast<int64_t>(bits) >> (bits & 63)) / 100;
   switch (how % 4) {
     case 0: return v;
     case 1: return static_cast<double>(static_cast<int32_t>(bits)) / 8;       // dates

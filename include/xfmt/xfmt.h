@@ -1574,6 +1574,53 @@ XF_API xf_status nlstrmon(xf_frame *frame);
 XF_API xf_status nlstrqtr(xf_frame *frame);
 XF_API xf_status nlstrwk(xf_frame *frame);
 
+/* National numbers, percents and money in the frame's locale (option word
+ * bits 0-15, else ZAV_LOCALE), right-aligned in w. With the validation bit
+ * of the option word a width or decimals outside the catalog limits gives
+ * 39-42. A missing value is the standard missing display. w < 1 writes
+ * nothing (0x8001D827). A field wider than the capacity: nlnum, nlpct and
+ * nlmny and their variants give '*' up to the capacity, nlbest, nld and
+ * nlpvalue the field cut to the capacity; both with 0x8001D826. Text outside ASCII (U+00A0 group marks, the euro
+ * sign) is in the process codeset, or UTF-16LE when requested_output_encoding
+ * is 25 (widths then count code units; output_encoding says which).
+ *
+ * nlnum (NLNUM w.d, w 1-32, d 0-9): d decimals, the locale's decimal mark
+ * (field 172) and group mark (173) between the groups of field 174 ("3;2":
+ * 12,34,567), "-" before a negative number. Too narrow: decimal places go
+ * one by one (status 2) while the grouped text does not fit; with none left,
+ * the grouping goes and the F w.d layout is written with the locale's mark
+ * (its own decimal reduction, E notation); '*' when nothing fits.
+ * nlnumi (NLNUMI): the same with "," between groups of three and "." in
+ * every locale. */
+XF_API xf_status nlnum(xf_frame *frame);
+XF_API xf_status nlnumi(xf_frame *frame);
+/* nlpct (NLPCT w.d, w 1-32, d 0-9): value x 100 as nlnum writes it, with
+ * "%" right after the last digit; the "%" is never dropped.
+ * nlpcti (NLPCTI): the same with "," and ".". nlpctp (NLPCTP): as NLPCT.
+ * nlpctn (NLPCTN): as NLPCT, but every value keeps a position for the minus,
+ * so that positive and negative values show the same decimals; the "%"
+ * ends the field for both, as with PERCENTN. */
+XF_API xf_status nlpct(xf_frame *frame);
+XF_API xf_status nlpcti(xf_frame *frame);
+XF_API xf_status nlpctn(xf_frame *frame);
+XF_API xf_status nlpctp(xf_frame *frame);
+/* nlmny (NLMNY w.d, w 1-32, d 0-9) and nlmnyi (NLMNYI): nlmnyloc and
+ * nlmnyint with the locale's own currency: the local symbol of field 156
+ * (its code, field 155, when the output cannot show it) or the code. A
+ * missing value is placed with d counted as 0. */
+XF_API xf_status nlmny(xf_frame *frame);
+XF_API xf_status nlmnyi(xf_frame *frame);
+/* nlbest (NLBEST w., w 1-32): what zfmb writes, with the locale's decimal
+ * mark, and the minus after the number where the locale's negative-sign
+ * position (field 182) is 2, or 3 and 4 with the sign beside a currency
+ * symbol that follows the number (field 179 = 0).
+ * nld (NLD w.d, w 1-32, d 0-16): what zfmd writes, with the locale's mark.
+ * nlpvalue (NLPVALUE w.d, w 3-32, d 1-30): what zfmpval writes ("<,0001"
+ * included), with the locale's mark. */
+XF_API xf_status nlbest(xf_frame *frame);
+XF_API xf_status nld(xf_frame *frame);
+XF_API xf_status nlpvalue(xf_frame *frame);
+
 /* --- Euro conversion ----------------------------------------------------- */
 
 /* The process-wide conversion state: the working copy of the 26 rates, the

@@ -203,20 +203,6 @@ size_t padded_digits(double v, int w, int d, char *out) {
   return pad + n;
 }
 
-// Writes text right-aligned in the w-wide field (units of 1 or 2 bytes).
-void place_right(xf_frame *f, const char *text, uint32_t bytes, int32_t w, bool utf16) {
-  char *out = frame_out(f);
-  uint32_t unit = utf16 ? 2 : 1;
-  uint32_t field = static_cast<uint32_t>(w) * unit;
-  for (uint32_t i = 0; i < field; i += unit) {
-    out[i] = ' ';
-    if (utf16) out[i + 1] = '\0';
-  }
-  std::memcpy(out + field - bytes, text, bytes);
-  f->output_length = field;
-  f->output_encoding = utf16 ? XF_ENC_UTF16LE : XF_ENC_SINGLE_BYTE;
-}
-
 }  // namespace
 
 money_conventions read_money_conventions(const field_reader &loc) {
@@ -293,13 +279,19 @@ int money_candidate(const money_conventions &c, std::string_view digits, bool ne
 
 xf_status money_format(xf_frame *f, const money_conventions &c, const xf_monetary &entry,
                        bool international) {
+  return money_field(f, c, entry.currency_symbol, entry.int_curr_symbol, international,
+                     currency_limits);
+}
+
+xf_status money_field(xf_frame *f, const money_conventions &c, std::string_view local_symbol,
+                      std::string_view code, bool international, const money_limits &limits) {
   const int32_t w = f->width;
   const int32_t d = f->decimals;
   if (f->option_word & XF_OPT_VALIDATE) {
-    if (w < 8) return XF_NL_WIDTH_LOW;
-    if (w > 32) return XF_NL_WIDTH_HIGH;
+    if (w < limits.min_width) return XF_NL_WIDTH_LOW;
+    if (w > limits.max_width) return XF_NL_WIDTH_HIGH;
     if (d < 0) return XF_NL_DECIMALS_LOW;
-    if (d > 28) return XF_NL_DECIMALS_HIGH;
+    if (d > limits.max_decimals) return XF_NL_DECIMALS_HIGH;
   }
   f->output_encoding = XF_ENC_SINGLE_BYTE;
   double v = frame_value(f);
@@ -314,8 +306,8 @@ xf_status money_format(xf_frame *f, const money_conventions &c, const xf_monetar
   const int dd = d < 0 ? 0 : (d > 28 ? 28 : d);
   const bool negative = v < 0;
 
-  std::string_view symbol = international ? entry.int_curr_symbol : entry.currency_symbol;
-  if (!international && !representable(utf16, symbol)) symbol = entry.int_curr_symbol;
+  std::string_view symbol = international ? code : local_symbol;
+  if (!international && !representable(utf16, symbol)) symbol = code;
 
   char fixed[digits_room];
   const std::string_view plain(fixed, fixed_digits(v, dd, fixed));
@@ -343,7 +335,7 @@ xf_status money_format(xf_frame *f, const money_conventions &c, const xf_monetar
     if (n < 0) return fail_stars(f, w, XF_E_OVERFLOW);
     int r = encode_text(utf16, cand, static_cast<size_t>(n), w, enc, f->output_capacity, &enc_len);
     if (r <= 0) {
-      place_right(f, enc, enc_len, w, utf16);
+      place_encoded_right(f, enc, enc_len, w, utf16);
       return XF_OK;
     }
     if (r >= encode_no_room) return fail_stars(f, w, XF_E_OVERFLOW);
@@ -353,7 +345,7 @@ xf_status money_format(xf_frame *f, const money_conventions &c, const xf_monetar
   size_t n = padded_digits(v, w, dd, padded);
   int r = encode_text(utf16, padded, n, w, enc, 2 * static_cast<uint32_t>(w), &enc_len);
   if (r > 0) return fail_stars(f, w, XF_E_OVERFLOW);
-  place_right(f, enc, enc_len, w, utf16);
+  place_encoded_right(f, enc, enc_len, w, utf16);
   return XF_OK;
 }
 

@@ -3,6 +3,7 @@
 // forms until one fits the width.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "nls/expand.hpp"
@@ -35,7 +36,21 @@ int money_pattern_index(const money_conventions &c, bool negative);
 int money_candidate(const money_conventions &c, std::string_view digits, bool negative,
                     bool grouped, std::string_view symbol, char *out, size_t room);
 
-// The whole format on a frame, with the locale's conventions already read.
+// The frame limits that the validation bit checks (39-42 outside them).
+struct money_limits {
+  int32_t min_width;
+  int32_t max_width;
+  int32_t max_decimals;
+};
+inline constexpr money_limits currency_limits{8, 32, 28};  // NLMNL<code>, NLMNI<code>
+
+// The whole format on a frame, with the locale's conventions already read:
+// the amount with the local symbol (narrow text, escapes kept; the code
+// stands in for it when the output cannot show it) or with the code.
+xf_status money_field(xf_frame *frame, const money_conventions &c, std::string_view local_symbol,
+                      std::string_view code, bool international, const money_limits &limits);
+
+// The same for a row of the currency table, under the currency formats' limits.
 xf_status money_format(xf_frame *frame, const money_conventions &c, const xf_monetary &entry,
                        bool international);
 

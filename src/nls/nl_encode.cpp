@@ -204,6 +204,23 @@ bool representable(bool utf16, std::string_view text) {
   return converter.open_for(cs) && converter.run(utf8, k, out, sizeof out) >= 0;
 }
 
+void place_encoded_right(xf_frame *f, const char *text, uint32_t bytes, int32_t w, bool utf16) {
+  char *out = static_cast<char *>(f->output);
+  const uint32_t unit = utf16 ? 2 : 1;
+  const uint32_t field = static_cast<uint32_t>(w) * unit;
+  if (utf16) {
+    for (uint32_t i = 0; i < field; i += 2) {
+      out[i] = ' ';
+      out[i + 1] = '\0';
+    }
+  } else {
+    std::memset(out, ' ', field - bytes);
+  }
+  std::memcpy(out + field - bytes, text, bytes);
+  f->output_length = field;
+  f->output_encoding = utf16 ? XF_ENC_UTF16LE : XF_ENC_SINGLE_BYTE;
+}
+
 }  // namespace xfmt::nls
 
 extern "C" int getExpResultFromNarrowCharBuf(const xf_frame *frame, char *text, int32_t *length,

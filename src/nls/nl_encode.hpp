@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "xfmt/xfmt.h"
+
 namespace xfmt::nls {
 
 // Results of encode_text, as getExpResultFromNarrowCharBuf returns them:
@@ -31,5 +33,11 @@ bool representable(bool utf16, std::string_view text);
 // The narrow text decoded to UTF-16 (escapes and the currency marker
 // resolved); returns the unit count, at most room.
 size_t decode_narrow(const char *text, size_t length, char16_t *units, size_t room);
+
+// Blank-fills the w-wide field (units of 1 byte, or of 2 with utf16) and
+// places the encoded text (bytes long, at most the field) at its right end;
+// the output length is the field and the output encoding says which units.
+// The caller has checked that the field fits the capacity.
+void place_encoded_right(xf_frame *f, const char *text, uint32_t bytes, int32_t w, bool utf16);
 
 }  // namespace xfmt::nls

@@ -51,6 +51,20 @@ int significant_decimals(double m, int room, int digits);
 // XF_E_OVERFLOW (buf then holds w '*').
 xf_status layout_number(double v, int32_t w, int32_t d, char *buf);
 
+// The text of a fixed layout, split: sign, integral digits, and the fraction
+// digits after the point (none when the layout has no point).
+struct plain_parts {
+  bool neg = false;
+  const char *int_digits = nullptr;
+  int int_len = 0;
+  char *frac = nullptr;  // digits after the point (inside the field)
+  int frac_len = -1;     // -1: no point
+};
+
+// Splits the w-position field at buf as layout_number left it; false for
+// anything but a fixed layout (E notation, stars).
+bool split_plain(char *buf, int w, plain_parts &p);
+
 // Copies the w-position field at buf to the frame's output, cut to the
 // capacity: the output length is min(w, capacity) and a cut turns a status
 // of 0 or 2 into XF_E_CAPACITY.

@@ -16,34 +16,6 @@
 #include "catalog/routine_guard.hpp"
 
 namespace xfmt::numeric {
-namespace {
-
-enum class sign_style { minus, parens };
-
-struct punct_style {
-  char group;            // thousands separator, 0 for none
-  char point;            // decimal mark
-  char currency;         // currency byte before the number, 0 for none
-  const char *suffix;    // after the number ("%"), or ""
-  sign_style negative;   // "-" before everything, or parentheses around it
-  bool keep_room;        // a positive value keeps blanks where ")" would be
-  double scale;          // 100 for the percent formats
-};
-
-// Single-byte currency signs in the Windows-1252 code page: the dispatcher
-// widens 0x80 to U+20AC and 0xA5 to U+00A5 when UTF-16 is asked for.
-constexpr char euro_sign = static_cast<char>(0x80);
-constexpr char yen_sign = static_cast<char>(0xA5);
-
-// The plain text of the F layout, split: sign, integral digits, and the
-// fraction digits after the point (none when the layout has no point).
-struct plain_parts {
-  bool neg = false;
-  const char *int_digits = nullptr;
-  int int_len = 0;
-  char *frac = nullptr;        // digits after the point (inside the plain field)
-  int frac_len = -1;           // -1: no point
-};
 
 bool split_plain(char *buf, int w, plain_parts &p) {
   int i = 0;
@@ -62,6 +34,25 @@ bool split_plain(char *buf, int w, plain_parts &p) {
   }
   return i == w;  // anything else (E notation, stars) is not split
 }
+
+namespace {
+
+enum class sign_style { minus, parens };
+
+struct punct_style {
+  char group;            // thousands separator, 0 for none
+  char point;            // decimal mark
+  char currency;         // currency byte before the number, 0 for none
+  const char *suffix;    // after the number ("%"), or ""
+  sign_style negative;   // "-" before everything, or parentheses around it
+  bool keep_room;        // a positive value keeps blanks where ")" would be
+  double scale;          // 100 for the percent formats
+};
+
+// Single-byte currency signs in the Windows-1252 code page: the dispatcher
+// widens 0x80 to U+20AC and 0xA5 to U+00A5 when UTF-16 is asked for.
+constexpr char euro_sign = static_cast<char>(0x80);
+constexpr char yen_sign = static_cast<char>(0xA5);
 
 // Which marks a candidate text carries.
 struct marks {

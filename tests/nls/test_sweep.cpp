@@ -1,11 +1,13 @@
 // Every national routine of the module table in every locale, on missing
-// values, range bounds, a leap day, midnight and noon: only the documented
-// statuses, never wider than the width or past the capacity, and the same
-// bytes on a second call.
+// values, range bounds, a leap day, midnight and noon, and the numbers on
+// zero, signs, tiny, huge and tied values: only the documented statuses,
+// never wider than the width or past the capacity, and the same bytes on a
+// second call.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <clocale>
+#include <cmath>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -17,14 +19,15 @@ namespace {
 
 using xfmt::test::frame_box;
 
-enum class kind { date, datetime, time, name, money };
+enum class kind { date, datetime, time, name, money, number };
 
 kind kind_of(const std::string &name) {
   if (name.rfind("NLDATM", 0) == 0) return kind::datetime;
   if (name.rfind("NLDATE", 0) == 0) return kind::date;
   if (name.rfind("NLTIM", 0) == 0) return kind::time;
   if (name.rfind("NLSTR", 0) == 0) return kind::name;
-  return kind::money;
+  if (name.rfind("NLMN", 0) == 0) return kind::money;
+  return kind::number;  // NLNUM, NLPCT, NLBEST, NLD, NLPVALUE and their variants
 }
 
 std::vector<double> values_for(kind k) {
@@ -49,16 +52,21 @@ std::vector<double> values_for(kind k) {
       return {miss, 1, 4, 7, 12, 0, 13, -3.5};
     case kind::money:
       return {miss, 1234.5, -1234.5, -1e-5, 1e300};
+    case kind::number:  // zero, signs, tiny, huge, binary ties, 2^53, infinity
+      return {miss, special, 0, -0.0, 1234.5, -1234.5, 5e-324, -1e-7, 1e300, -1e300, 0.125,
+              -2.5, 0.375, 9007199254740993.0, 123456789.125, -1e15, HUGE_VAL};
   }
   return {};
 }
 
 bool documented(kind k, xf_status st) {
   if (st == XF_OK || st == XF_E_OVERFLOW || st == XF_E_CAPACITY) return true;
+  if (st == XF_REDUCED) return k == kind::number;
   return st == XF_E_DATE_RANGE && (k == kind::date || k == kind::datetime || k == kind::time);
 }
 
-void sweep_module(int locale_step, std::initializer_list<kind> kinds) {
+void sweep_module(int locale_step, std::initializer_list<kind> kinds, bool utf16 = false) {
+  const int unit = utf16 ? 2 : 1;
   const fmtinfo *m = jazwfnls();
   size_t routines = 0, calls = 0;
   for (uint64_t r = 0; r < m->count; ++r) {
@@ -72,19 +80,22 @@ void sweep_module(int locale_step, std::initializer_list<kind> kinds) {
     // decimals suffice; the placement itself has its own tests.
     std::vector<int> widths{row.min_width, row.default_width};
     if (k != kind::money) widths.push_back(row.max_width);
-    std::vector<int> decimals{k == kind::money ? 2 : 0};
+    if (k == kind::number) widths.insert(widths.end(), {4, 7, 10});
+    std::vector<int> decimals{k == kind::money ? 2 : row.min_decimals};
     if (k != kind::money && row.max_decimals > 0) decimals.push_back(row.max_decimals);
+    if (k == kind::number && row.max_decimals >= 2) decimals.push_back(2);
     for (int loc = 1; loc <= 136; loc += locale_step) {
       for (double v : values_for(k)) {
         for (int w : widths) {
           for (int d : decimals) {
-            frame_box a = frame_box::number(v, w, d);
+            frame_box a = frame_box::number(v, w, d, unit * w);
             a.f.option_word = static_cast<uint64_t>(loc);
+            if (utf16) a.f.requested_output_encoding = XF_ENC_UTF16LE;
             frame_box b = a;
             xf_status sa = row.routine(&a.f);
             xf_status sb = row.routine(&b.f);
             ++calls;
-            const bool good = documented(k, sa) && a.f.output_length <= static_cast<uint32_t>(w) &&
+            const bool good = documented(k, sa) && a.f.output_length <= static_cast<uint32_t>(unit * w) &&
                               a.f.output_length <= a.f.output_capacity && sa == sb &&
                               a.out == b.out && a.f.output_length == b.f.output_length;
             ASSERT_TRUE(good) << name << " locale " << loc << " value " << v << " w" << w << "."
@@ -103,19 +114,23 @@ TEST(sweep, dates_every_locale) { sweep_module(1, {kind::date}); }
 TEST(sweep, datetimes_every_locale) { sweep_module(1, {kind::datetime}); }
 TEST(sweep, times_and_names_every_locale) { sweep_module(1, {kind::time, kind::name}); }
 TEST(sweep, money_every_locale) { sweep_module(1, {kind::money}); }
+TEST(sweep, numbers_every_locale) { sweep_module(1, {kind::number}); }
+TEST(sweep, numbers_and_money_every_locale_utf16) {
+  sweep_module(1, {kind::number, kind::money}, true);
+}
 
 TEST(sweep, every_routine_of_the_module_is_national) {
   const fmtinfo *m = jazwfnls();
   size_t built = 0;
   for (uint64_t r = 0; r < m->count; ++r) built += m->rows[r].routine != nullptr;
-  EXPECT_EQ(built, 53u + 80u);
+  EXPECT_EQ(built, m->count);  // every name of the national module converts
 }
 
 // A UTF-8 codeset: one character may take up to three bytes of the width.
 TEST(sweep, every_member_every_third_locale_utf8_codeset) {
   const std::string saved = std::setlocale(LC_ALL, nullptr);
   std::setlocale(LC_ALL, "C.UTF-8");
-  sweep_module(3, {kind::date, kind::datetime, kind::time, kind::name, kind::money});
+  sweep_module(3, {kind::date, kind::datetime, kind::time, kind::name, kind::money, kind::number});
   std::setlocale(LC_ALL, saved.c_str());
 }
 
@@ -139,11 +154,12 @@ TEST(sweep, validation_follows_each_catalog_row) {
     if (row.routine == nullptr) continue;
     const std::string name(row.name, row.name_length);
     const int lo = row.min_width, hi = row.max_width, dmax = row.max_decimals;
-    EXPECT_EQ(validated(row.routine, lo - 1, 0), XF_NL_WIDTH_LOW) << name;
-    EXPECT_FALSE(validation_status(validated(row.routine, lo, 0))) << name;
-    EXPECT_FALSE(validation_status(validated(row.routine, hi, 0))) << name;
-    EXPECT_EQ(validated(row.routine, hi + 1, 0), XF_NL_WIDTH_HIGH) << name;
-    EXPECT_EQ(validated(row.routine, hi, -1), XF_NL_DECIMALS_LOW) << name;
+    const int dmin = row.min_decimals;
+    EXPECT_EQ(validated(row.routine, lo - 1, dmin), XF_NL_WIDTH_LOW) << name;
+    EXPECT_FALSE(validation_status(validated(row.routine, lo, dmin))) << name;
+    EXPECT_FALSE(validation_status(validated(row.routine, hi, dmin))) << name;
+    EXPECT_EQ(validated(row.routine, hi + 1, dmin), XF_NL_WIDTH_HIGH) << name;
+    EXPECT_EQ(validated(row.routine, hi, dmin - 1), XF_NL_DECIMALS_LOW) << name;
     EXPECT_FALSE(validation_status(validated(row.routine, hi, dmax))) << name;
     EXPECT_EQ(validated(row.routine, hi, dmax + 1), XF_NL_DECIMALS_HIGH) << name;
   }

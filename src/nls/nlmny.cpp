@@ -1,0 +1,27 @@
+// NLMNY and NLMNYI: an amount in the frame locale's own currency, placed and
+// shortened exactly as the NLMNL/NLMNI formats place a fixed currency: the
+// local symbol of field 156 (NLMNY; the code when the output cannot show
+// the symbol) or the ISO code of field 155 (NLMNYI), under the catalog
+// limits of these two names (w 1-32, d 0-9).
+#include "xfmt/xfmt.h"
+
+#include "nls/locale.hpp"
+#include "nls/money.hpp"
+
+using namespace xfmt::nls;
+
+namespace {
+
+constexpr money_limits locale_currency_limits{1, 32, 9};
+
+xf_status locale_money(xf_frame *f, bool international) {
+  const int id = frame_locale_id(f);
+  return money_field(f, locale_money_conventions(id), locale_field(id, 156), locale_field(id, 155),
+                     international, locale_currency_limits);
+}
+
+}  // namespace
+
+extern "C" XF_API xf_status nlmny(xf_frame *f) { return locale_money(f, false); }
+
+extern "C" XF_API xf_status nlmnyi(xf_frame *f) { return locale_money(f, true); }

@@ -1,0 +1,320 @@
+// The national numbers, percents and money: exact fields in five locales,
+// the numeric formats they are defined by (BEST, D, PVALUE, COMMA, F) as
+// oracles in every locale, and the capacity on every name.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <random>
+#include <string>
+
+#include "catalog/missing.hpp"
+#include "support/frame.hpp"
+#include "support/random.hpp"
+
+namespace {
+
+using xfmt::test::frame_box;
+
+constexpr int en_us = 53, de_de = 64, fr_fr = 60, ja_jp = 79, ar_bh = 4, en_in = 44;
+
+// Values across the magnitudes, with halves, integers and signs.
+double draw(std::mt19937_64 &g) {
+  std::uniform_real_distribution<double> unit(0, 1);
+  const double mag = std::pow(10.0, std::uniform_int_distribution<int>(-8, 17)(g));
+  double v = unit(g) * mag;
+  switch (g() % 4) {
+    case 0: v = std::round(v); break;
+    case 1: v = std::round(v * 2) / 2; break;
+    default: break;
+  }
+  return g() % 2 ? -v : v;
+}
+
+int below(std::mt19937_64 &g, int n) { return static_cast<int>(g() % static_cast<uint64_t>(n)); }
+
+struct named {
+  const char *name;
+  xf_routine routine;
+};
+const named routines[] = {{"NLNUM", nlnum},   {"NLNUMI", nlnumi}, {"NLMNY", nlmny},
+                          {"NLMNYI", nlmnyi}, {"NLPCT", nlpct},   {"NLPCTI", nlpcti},
+                          {"NLPCTN", nlpctn}, {"NLPCTP", nlpctp}, {"NLPVALUE", nlpvalue},
+                          {"NLBEST", nlbest}, {"NLD", nld}};
+
+std::string utf16_to_utf8(const std::string &b) {
+  std::string s;
+  for (size_t i = 0; i + 1 < b.size(); i += 2) {
+    const unsigned u = static_cast<unsigned>(static_cast<unsigned char>(b[i])) |
+                       static_cast<unsigned>(static_cast<unsigned char>(b[i + 1])) << 8;
+    if (u < 0x80) {
+      s += static_cast<char>(u);
+    } else if (u < 0x800) {
+      s += static_cast<char>(0xC0 | (u >> 6));
+      s += static_cast<char>(0x80 | (u & 0x3F));
+    } else {
+      s += static_cast<char>(0xE0 | (u >> 12));
+      s += static_cast<char>(0x80 | ((u >> 6) & 0x3F));
+      s += static_cast<char>(0x80 | (u & 0x3F));
+    }
+  }
+  return s;
+}
+
+// The field as UTF-16 (widths count characters), shown in UTF-8.
+std::string wide(xf_routine r, int locale, double v, int w, int d, xf_status *st = nullptr) {
+  frame_box b = frame_box::number(v, w, d, 2 * w);
+  b.f.option_word = static_cast<uint64_t>(locale);
+  b.f.requested_output_encoding = XF_ENC_UTF16LE;
+  const xf_status s = r(&b.f);
+  if (st) *st = s;
+  return b.f.output_encoding == XF_ENC_UTF16LE ? utf16_to_utf8(b.str()) : b.str();
+}
+
+// The field in the process codeset (the tests' is ASCII).
+std::string narrow(xf_routine r, int locale, double v, int w, int d, xf_status *st = nullptr) {
+  frame_box b = frame_box::number(v, w, d);
+  b.f.option_word = static_cast<uint64_t>(locale);
+  const xf_status s = r(&b.f);
+  if (st) *st = s;
+  return b.str();
+}
+
+struct exact_case {
+  const char *name;
+  xf_routine routine;
+  int locale;
+  double value;
+  int w, d;
+  const char *text;  // UTF-8; U+00A0 written as \u00A0
+  xf_status status;
+};
+
+const exact_case exact_cases[] = {
+    // English_UnitedStates
+    {"NLNUM", nlnum, en_us, 1234567.891, 14, 2, "  1,234,567.89", XF_OK},
+    {"NLNUM", nlnum, en_us, -9876.5, 10, 1, "  -9,876.5", XF_OK},
+    {"NLNUM", nlnum, en_us, 0, 6, 2, "  0.00", XF_OK},
+    {"NLNUM", nlnum, en_us, 0.125, 6, 2, "  0.13", XF_OK},  // ties round away from zero
+    {"NLNUM", nlnum, en_us, -2.5, 4, 0, "  -3", XF_OK},
+    {"NLNUM", nlnum, en_us, 1234567.891, 10, 2, " 1,234,568", XF_REDUCED},  // decimals go first
+    {"NLNUM", nlnum, en_us, 1234567.891, 11, 2, "1,234,567.9", XF_REDUCED},
+    {"NLNUM", nlnum, en_us, 1234567.891, 8, 2, " 1234568", XF_REDUCED},  // then the grouping
+    {"NLNUM", nlnum, en_us, 1234567, 3, 0, "***", XF_E_OVERFLOW},
+    {"NLNUMI", nlnumi, en_us, 1234.5, 8, 1, " 1,234.5", XF_OK},
+    {"NLMNY", nlmny, en_us, 1234.5, 12, 2, "   $1,234.50", XF_OK},
+    {"NLMNY", nlmny, en_us, -1234.5, 12, 2, "  -$1,234.50", XF_OK},
+    {"NLMNY", nlmny, en_us, 1234.5, 8, 2, "$1234.50", XF_OK},  // grouping dropped first
+    {"NLMNY", nlmny, en_us, 1234.5, 7, 2, "1234.50", XF_OK},   // then the symbol
+    {"NLMNYI", nlmnyi, en_us, 1234.5, 12, 2, " USD1,234.50", XF_OK},
+    {"NLPCT", nlpct, en_us, 0.256, 8, 1, "   25.6%", XF_OK},
+    {"NLPCT", nlpct, en_us, 1.23456, 7, 2, "123.46%", XF_OK},
+    {"NLPCTN", nlpctn, en_us, 1.23456, 7, 2, " 123.5%", XF_REDUCED},  // a place for the minus
+    {"NLPCTN", nlpctn, en_us, -1.23456, 7, 2, "-123.5%", XF_REDUCED},
+    {"NLPCTP", nlpctp, en_us, -0.035, 7, 1, "  -3.5%", XF_OK},
+    {"NLPCT", nlpct, en_us, 123.45, 8, 1, " 12,345%", XF_REDUCED},
+    {"NLPCT", nlpct, en_us, 123.45, 6, 1, "12345%", XF_REDUCED},  // groups go, "%" stays
+    {"NLPCT", nlpct, en_us, 123.45, 4, 1, "****", XF_E_OVERFLOW},
+    {"NLBEST", nlbest, en_us, -2.5, 5, 0, " -2.5", XF_OK},
+    // German_Germany
+    {"NLNUM", nlnum, de_de, 1234567.891, 14, 2, "  1.234.567,89", XF_OK},
+    {"NLNUMI", nlnumi, de_de, 1234567.891, 14, 2, "  1,234,567.89", XF_OK},
+    {"NLMNY", nlmny, de_de, -1234.5, 14, 2, "   -1.234,50 \u20AC", XF_OK},
+    {"NLMNYI", nlmnyi, de_de, -1234.5, 14, 2, " -1.234,50 EUR", XF_OK},
+    {"NLPCT", nlpct, de_de, 12.5, 8, 0, "  1.250%", XF_OK},
+    {"NLPCTI", nlpcti, de_de, 12.5, 8, 0, "  1,250%", XF_OK},
+    {"NLPCTP", nlpctp, de_de, 0.125, 7, 1, "  12,5%", XF_OK},
+    {"NLPCTP", nlpctp, de_de, 0.5, 6, 0, "   50%", XF_OK},
+    {"NLPVALUE", nlpvalue, de_de, 0.0371, 6, 4, "0,0371", XF_OK},
+    {"NLPVALUE", nlpvalue, de_de, 0.00002, 6, 4, "<,0001", XF_OK},
+    {"NLBEST", nlbest, de_de, 2.5, 4, 0, " 2,5", XF_OK},
+    // French_France
+    {"NLNUM", nlnum, fr_fr, 1234567.891, 14, 2, "  1\u00A0234\u00A0567,89", XF_OK},
+    {"NLNUMI", nlnumi, fr_fr, 1234567.891, 14, 2, "  1,234,567.89", XF_OK},
+    {"NLMNY", nlmny, fr_fr, 1234.5, 12, 2, "  1\u00A0234,50 \u20AC", XF_OK},
+    {"NLPCT", nlpct, fr_fr, -0.5, 6, 0, "  -50%", XF_OK},
+    {"NLPCT", nlpct, fr_fr, 12.345, 8, 1, "1\u00A0234,5%", XF_OK},
+    {"NLPCTN", nlpctn, fr_fr, 0.5, 7, 0, "    50%", XF_OK},
+    {"NLPCTN", nlpctn, fr_fr, -0.5, 7, 0, "   -50%", XF_OK},
+    {"NLPVALUE", nlpvalue, fr_fr, 0.5, 8, 2, "    0,50", XF_OK},
+    {"NLBEST", nlbest, fr_fr, 0.25, 6, 0, "  0,25", XF_OK},
+    // Japanese_Japan
+    {"NLNUM", nlnum, ja_jp, 1234567.891, 14, 2, "  1,234,567.89", XF_OK},
+    {"NLMNY", nlmny, ja_jp, -1234, 10, 0, "   \uFFE5-1,234", XF_OK},
+    {"NLMNYI", nlmnyi, ja_jp, 1234, 10, 0, "  JPY1,234", XF_OK},
+    {"NLPCT", nlpct, ja_jp, 0.5, 5, 0, "  50%", XF_OK},
+    {"NLBEST", nlbest, ja_jp, -2.5, 5, 0, " -2.5", XF_OK},  // 182 is 4: beside a leading symbol
+    // Arabic_Bahrain: the minus follows the number (field 182 = 2)
+    {"NLBEST", nlbest, ar_bh, -2.5, 5, 0, " 2.5-", XF_OK},
+    {"NLBEST", nlbest, ar_bh, -1234.5, 8, 0, " 1234.5-", XF_OK},
+    {"NLBEST", nlbest, ar_bh, 1234.5, 8, 0, "  1234.5", XF_OK},
+    {"NLNUM", nlnum, ar_bh, -1234.5, 10, 1, "  -1,234.5", XF_OK},  // NLNUM keeps "-" in front
+    {"NLMNY", nlmny, ar_bh, -1234.5, 16, 3, " \u062F.\u0628. 1,234.500-", XF_OK},
+    {"NLMNYI", nlmnyi, ar_bh, 1234.5, 14, 3, " BHD 1,234.500", XF_OK},
+    // English_India: groups of 3, then 2
+    {"NLNUM", nlnum, en_in, 1234567.891, 14, 2, "  12,34,567.89", XF_OK},
+    {"NLPCT", nlpct, en_in, 1234.5, 10, 0, " 1,23,450%", XF_OK},
+};
+
+TEST(numbers, exact_fields_in_five_locales) {
+  for (const exact_case &c : exact_cases) {
+    xf_status st;
+    const std::string got = wide(c.routine, c.locale, c.value, c.w, c.d, &st);
+    EXPECT_EQ(got, c.text) << c.name << " locale " << c.locale << " " << c.value << " w" << c.w
+                           << "." << c.d;
+    EXPECT_EQ(st, c.status) << c.name << " locale " << c.locale << " " << c.value;
+  }
+}
+
+// The same fields in an ASCII codeset: ASCII texts come out byte for byte;
+// U+00A0 and the euro sign become "?" and count one byte each.
+TEST(numbers, ascii_codeset_fields) {
+  EXPECT_EQ(narrow(nlnum, fr_fr, 1234567.891, 14, 2), "  1?234?567,89");
+  EXPECT_EQ(narrow(nlmny, de_de, -1234.5, 14, 2), " -1.234,50 EUR");  // the code for the symbol
+  EXPECT_EQ(narrow(nlmny, en_us, -1234.5, 12, 2), "  -$1,234.50");
+  EXPECT_EQ(narrow(nlpct, de_de, 12.5, 8, 0), "  1.250%");
+}
+
+// The display of the numeric format each name stands beside: F w.d (w.0 for
+// money), BEST, D, PVALUE.
+TEST(numbers, missing_values_are_the_numeric_display) {
+  for (const named &n : routines) {
+    const bool money = n.routine == nlmny || n.routine == nlmnyi;
+    const xf_routine reference = n.routine == nlbest ? zfmb
+                                 : n.routine == nld  ? zfmd
+                                 : n.routine == nlpvalue ? zfmpval
+                                                        : zfmt;
+    for (double m : {xfmt::missing_ordinary(), xfmt::missing_value(27)}) {
+      const int d = n.routine == nlbest ? 0 : 2;
+      frame_box f = frame_box::number(m, 8, money ? 0 : d);
+      EXPECT_EQ(reference(&f.f), XF_OK);
+      EXPECT_EQ(narrow(n.routine, de_de, m, 8, d), f.str()) << n.name << " d" << d;
+    }
+  }
+}
+
+// NLBEST, NLD and NLPVALUE are BEST, D and PVALUE with the locale's point
+// (and NLBEST's minus moved behind the number where the locale puts it).
+std::string with_locale_point(std::string s, int locale) {
+  const zav_locale_field &point = ZAVlocaleData[locale - 1][172];
+  for (char &c : s)
+    if (c == '.') c = point.text[0];
+  return s;
+}
+
+// With no decimal place left and no room for the groups, NLNUM is F with the
+// locale's point: its own decimal reduction, its E notation, its stars.
+TEST(numbers, short_fields_fall_back_to_f) {
+  for (int id : {en_us, de_de}) {  // ASCII group marks
+    for (double v : {1234567.891, -1234567.891, 1e20, -3.5e-9, 123456.5}) {
+      for (int w : {2, 5, 6, 8}) {
+        frame_box f = frame_box::number(v, w, 2);
+        const xf_status sf = zfmt(&f.f);
+        xf_status st;
+        const std::string got = narrow(nlnum, id, v, w, 2, &st);
+        const std::string plain = with_locale_point(f.str(), id);
+        if (got != plain) {
+          // Only where the groups fit once the decimals are gone.
+          EXPECT_EQ(st, XF_REDUCED) << id << " " << v << " w" << w;
+          EXPECT_NE(got.find(ZAVlocaleData[id - 1][173].text[0]), std::string::npos) << got;
+        } else {
+          EXPECT_EQ(st, sf) << id << " " << v << " w" << w;
+        }
+      }
+    }
+  }
+}
+
+TEST(numbers, database_points_are_one_ascii_byte) {
+  for (int id = 1; id <= 136; ++id) {
+    const zav_locale_field &point = ZAVlocaleData[id - 1][172];
+    ASSERT_EQ(point.length, 1u) << id;
+    EXPECT_TRUE(point.text[0] == '.' || point.text[0] == ',') << id;
+  }
+}
+
+TEST(numbers, best_d_and_pvalue_with_the_locale_point) {
+  std::mt19937_64 g = xfmt::test::rng(0x1b35);
+  const uint64_t count = xfmt::test::scaled(3000);
+  for (uint64_t i = 0; i < count; ++i) {
+    const int id = 1 + below(g, 136);
+    const double v = draw(g);
+    const int w = 1 + below(g, 32);
+    const int d = below(g, 17);
+    frame_box best = frame_box::number(v, w, 0);
+    const xf_status sb = zfmb(&best.f);
+    std::string want = with_locale_point(best.str(), id);
+    const std::string position(ZAVlocaleData[id - 1][182].text, ZAVlocaleData[id - 1][182].length);
+    const size_t minus = want.find_first_not_of(' ');
+    if (position == "2" && minus != std::string::npos && want[minus] == '-' && sb != XF_E_OVERFLOW)
+      want = want.substr(0, minus) + want.substr(minus + 1) + "-";
+    xf_status st;
+    EXPECT_EQ(narrow(nlbest, id, v, w, 0, &st), want) << "NLBEST " << id << " " << v << " w" << w;
+    EXPECT_EQ(st, sb);
+
+    frame_box dd = frame_box::number(v, w, d);
+    const xf_status sd = zfmd(&dd.f);
+    EXPECT_EQ(narrow(nld, id, v, w, d, &st), with_locale_point(dd.str(), id)) << "NLD " << v;
+    EXPECT_EQ(st, sd);
+
+    const int pw = w < 3 ? 3 : w, pd = d < 1 ? 1 : d;
+    const double p = std::fabs(v) < 1 ? std::fabs(v) : std::fabs(v) / std::pow(10.0, 18);
+    frame_box pv = frame_box::number(p, pw, pd);
+    const xf_status sp = zfmpval(&pv.f);
+    EXPECT_EQ(narrow(nlpvalue, id, p, pw, pd, &st), with_locale_point(pv.str(), id))
+        << "NLPVALUE " << p;
+    EXPECT_EQ(st, sp);
+  }
+}
+
+// English marks are "," and ".": NLNUM in en_US is NLNUMI, NLNUMI is the same
+// in every locale, and where COMMA keeps all decimals and groups, NLNUMI
+// writes what COMMA writes.
+TEST(numbers, international_forms_are_comma) {
+  std::mt19937_64 g = xfmt::test::rng(0xc033a);
+  const uint64_t count = xfmt::test::scaled(3000);
+  for (uint64_t i = 0; i < count; ++i) {
+    const double v = draw(g);
+    const int w = 1 + below(g, 32);
+    const int d = below(g, 10);
+    const int id = 1 + below(g, 136);
+    xf_status si;
+    const std::string intl = narrow(nlnumi, id, v, w, d, &si);
+    EXPECT_EQ(narrow(nlnum, en_us, v, w, d), intl) << v << " w" << w << "." << d;
+    EXPECT_EQ(narrow(nlnumi, en_us, v, w, d), intl) << v << " w" << w << "." << d;
+    frame_box c = frame_box::number(v, w, d);
+    const xf_status sc = zfmcma(&c.f);
+    const std::string comma = c.str();
+    const bool grouped = comma.find(',') != std::string::npos;
+    if (sc == XF_OK && grouped) {
+      EXPECT_EQ(intl, comma) << v << " w" << w << "." << d;
+      EXPECT_EQ(si, XF_OK);
+    }
+  }
+}
+
+// Every name, a capacity one short of the field: nothing past it, and the
+// status says so; UTF-16 fields need twice the width.
+TEST(numbers, capacity_below_the_field) {
+  for (const named &n : routines) {
+    for (int id : {en_us, de_de, fr_fr, ja_jp, ar_bh}) {
+      for (double v : {1234.5, -0.25, xfmt::missing_ordinary()}) {
+        for (bool utf16 : {false, true}) {
+          const int w = 12;
+          const uint32_t cap = (utf16 ? 2 * w : w) - 1;
+          frame_box b = frame_box::number(v, w, 3, cap);
+          b.f.option_word = static_cast<uint64_t>(id);
+          if (utf16) b.f.requested_output_encoding = XF_ENC_UTF16LE;
+          const xf_status st = n.routine(&b.f);
+          EXPECT_LE(b.f.output_length, cap) << n.name;
+          const bool shown = !xfmt::is_missing(v) && !(n.routine == nlpvalue && v < 0);
+          if (shown && (!utf16 || b.f.output_encoding == XF_ENC_UTF16LE)) {
+            EXPECT_EQ(st, XF_E_CAPACITY) << n.name << " " << id << " " << v << " " << utf16;
+          }
+        }
+      }
+    }
+  }
+}
+
+}  // namespace
