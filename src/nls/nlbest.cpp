@@ -10,6 +10,7 @@
 #include "nls/locale.hpp"
 #include "nls/number_marks.hpp"
 #include "numeric/engine.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt;
 using namespace xfmt::nls;
@@ -31,7 +32,7 @@ xf_status pointed(xf_frame *f, xf_status (*format)(xf_frame *)) {
 
 }  // namespace
 
-extern "C" XF_API xf_status nlbest(xf_frame *f) {
+XF_ROUTINE(nlbest, f) {
   if (xf_status st = check_frame_limits(f, 1, 32, 0, 0)) return st;
   f->output_encoding = XF_ENC_SINGLE_BYTE;
   const int32_t w = f->width;
@@ -56,12 +57,12 @@ extern "C" XF_API xf_status nlbest(xf_frame *f) {
   return numeric::deliver_field(f, buf, w, st);
 }
 
-extern "C" XF_API xf_status nld(xf_frame *f) {
+XF_ROUTINE(nld, f) {
   if (xf_status st = check_frame_limits(f, 1, 32, 0, 16)) return st;
   return pointed(f, zfmd);
 }
 
-extern "C" XF_API xf_status nlpvalue(xf_frame *f) {
+XF_ROUTINE(nlpvalue, f) {
   if (xf_status st = check_frame_limits(f, 3, 32, 1, 30)) return st;
   return pointed(f, zfmpval);
 }

@@ -7,6 +7,7 @@
 
 #include "nls/locale.hpp"
 #include "nls/money.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt::nls;
 
@@ -22,6 +23,6 @@ xf_status locale_money(xf_frame *f, bool international) {
 
 }  // namespace
 
-extern "C" XF_API xf_status nlmny(xf_frame *f) { return locale_money(f, false); }
+XF_ROUTINE(nlmny, f) { return locale_money(f, false); }
 
-extern "C" XF_API xf_status nlmnyi(xf_frame *f) { return locale_money(f, true); }
+XF_ROUTINE(nlmnyi, f) { return locale_money(f, true); }

@@ -5,6 +5,7 @@
 
 #include "nls/locale.hpp"
 #include "nls/number_marks.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt::nls;
 
@@ -14,12 +15,12 @@ constexpr number_shape plain_number{1.0, "", false};
 
 }  // namespace
 
-extern "C" XF_API xf_status nlnum(xf_frame *f) {
+XF_ROUTINE(nlnum, f) {
   if (xf_status st = check_frame_limits(f, 1, 32, 0, 9)) return st;
   return grouped_number(f, locale_number_marks(frame_locale_id(f)), plain_number);
 }
 
-extern "C" XF_API xf_status nlnumi(xf_frame *f) {
+XF_ROUTINE(nlnumi, f) {
   if (xf_status st = check_frame_limits(f, 1, 32, 0, 9)) return st;
   return grouped_number(f, international_marks(), plain_number);
 }

@@ -8,6 +8,7 @@
 
 #include "nls/locale.hpp"
 #include "nls/number_marks.hpp"
+#include "catalog/routine_guard.hpp"
 
 using namespace xfmt::nls;
 
@@ -18,22 +19,22 @@ constexpr number_shape percent_reserving_minus{100.0, "%", true};
 
 }  // namespace
 
-extern "C" XF_API xf_status nlpct(xf_frame *f) {
+XF_ROUTINE(nlpct, f) {
   if (xf_status st = check_frame_limits(f, 1, 32, 0, 9)) return st;
   return grouped_number(f, locale_number_marks(frame_locale_id(f)), percent);
 }
 
-extern "C" XF_API xf_status nlpcti(xf_frame *f) {
+XF_ROUTINE(nlpcti, f) {
   if (xf_status st = check_frame_limits(f, 1, 32, 0, 9)) return st;
   return grouped_number(f, international_marks(), percent);
 }
 
-extern "C" XF_API xf_status nlpctn(xf_frame *f) {
+XF_ROUTINE(nlpctn, f) {
   if (xf_status st = check_frame_limits(f, 1, 32, 0, 9)) return st;
   return grouped_number(f, locale_number_marks(frame_locale_id(f)), percent_reserving_minus);
 }
 
-extern "C" XF_API xf_status nlpctp(xf_frame *f) {
+XF_ROUTINE(nlpctp, f) {
   if (xf_status st = check_frame_limits(f, 1, 32, 0, 9)) return st;
   return grouped_number(f, locale_number_marks(frame_locale_id(f)), percent);
 }
