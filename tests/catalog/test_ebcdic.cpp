@@ -65,8 +65,7 @@ TEST(ebcdic, every_byte_round_trips_through_both_routines) {
 }
 
 TEST(ebcdic, generator_reproduces_the_committed_file) {
-  std::string here = __FILE__;
-  std::string root = here.substr(0, here.rfind("/tests/"));
+  std::string root = XFMT_SOURCE_DIR;
   if (std::system("command -v iconv >/dev/null 2>&1 && command -v python3 >/dev/null 2>&1") != 0)
     GTEST_SKIP() << "iconv or python3 missing";
   std::string cmd = "cd '" + root + "' && python3 tools/gen/gen_ebcdic.py --check";

@@ -17,8 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 
 std::string source_dir() {
-  std::string f = __FILE__;
-  return f.substr(0, f.rfind("/tests/nls/"));
+  return XFMT_SOURCE_DIR;
 }
 
 std::string slurp(const fs::path &p) {

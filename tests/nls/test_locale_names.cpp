@@ -32,8 +32,7 @@ uint32_t enc(std::string s, uint32_t *id_out = nullptr, std::string *after = nul
 }
 
 std::string source_dir() {
-  std::string f = __FILE__;
-  return f.substr(0, f.rfind("/tests/nls/"));
+  return XFMT_SOURCE_DIR;
 }
 
 // The encoding list the table was generated from: id, name per line.

@@ -5,7 +5,7 @@
 namespace xfmt::test {
 
 std::filesystem::path data_dir() {
-  return std::filesystem::path(__FILE__).parent_path().parent_path() / "data";
+  return std::filesystem::path(XFMT_SOURCE_DIR) / "tests" / "data";
 }
 
 in_data_dir::in_data_dir() : saved_(std::filesystem::current_path()) {
