@@ -7,6 +7,7 @@
 #include "catalog/missing.hpp"
 #include "column/conversion.hpp"
 #include "column/fast_paths.hpp"
+#include "column/utf8_text.hpp"
 
 namespace xfmt::column {
 namespace {
@@ -42,6 +43,13 @@ inline void copy_short(unsigned char *dst, const unsigned char *src, size_t n) {
   }
 }
 
+// A whole number of days within +-1e9 (a NaN fails the range test), tested
+// without a call to floor.
+inline bool whole_day(double v) {
+  if (!(v >= -1e9 && v <= 1e9)) return false;
+  return static_cast<double>(static_cast<int64_t>(v)) == v;
+}
+
 // Each distinct day of a date column converted once: a column of a million
 // dates rarely spans more than a few thousand days, and the text of a day is
 // the same every time (the date formats keep no state and read no clock).
@@ -63,7 +71,7 @@ class day_memo {
     double lo = 0, hi = -1;
     for (size_t i = 0; i < n; ++i) {
       double v = values[i];
-      if (!(v >= -1e9 && v <= 1e9) || v != std::floor(v)) continue;
+      if (!whole_day(v)) continue;
       if (hi < lo) lo = hi = v;
       else if (v < lo) lo = v;
       else if (v > hi) hi = v;
@@ -88,7 +96,7 @@ class day_memo {
   // first use through frame); false otherwise.
   bool get(const xfx_conversion &c, xf_frame &frame, double v, unsigned char *out, size_t capacity, size_t &length,
            xf_status &st) {
-    if (block_ == nullptr || !(v >= lo_ && v <= hi_) || capacity < width_ || v != std::floor(v)) return false;
+    if (block_ == nullptr || !(v >= lo_ && v <= hi_) || capacity < width_ || !whole_day(v)) return false;
     size_t k = static_cast<size_t>(v - lo_);
     unsigned char *text = texts_ + k * width_;
     if (!filled_[k]) {
@@ -197,6 +205,49 @@ xfx_error xfx_convert_fixed(const xfx_conversion *conversion, size_t n, const do
     if (len < stride) std::memset(field + len, static_cast<unsigned char>(pad), stride - len);
     if (statuses != nullptr) statuses[i] = st;
   }
+  return XFX_OK;
+}
+
+xfx_error xfx_convert_fixed_utf32(const xfx_conversion *conversion, size_t n, const double *values,
+                                  const char *texts, const int64_t *text_offsets, uint32_t flags, uint32_t *fields,
+                                  size_t stride, uint32_t pad, xf_status *statuses) {
+  if (!inputs_ok(conversion, n, values, texts, text_offsets) || (n > 0 && fields == nullptr) ||
+      numeric_informat(*conversion))
+    return XFX_E_ARGUMENT;
+  size_t room = xfx_max_field_bytes(conversion);
+  auto *text = static_cast<unsigned char *>(std::malloc(room > 0 ? room : 1));
+  if (text == nullptr) return XFX_E_ARGUMENT;
+  column_runner run(*conversion, n, values, texts, text_offsets, flags);
+  for (size_t i = 0; i < n; ++i) {
+    uint32_t *field = fields + i * stride;
+    value_input in;
+    size_t len = 0, chars = 0;
+    xf_status st = run.input(i, in);
+    if (st == XF_OK) st = run.convert(in, text, room, len);
+    if (delivers_nothing(st)) len = 0;
+    if (conversion->route == route::bytes) {
+      // Raw bytes keep their values, one a position.
+      if (len > stride) st = XFX_S_FIELD_SMALL, len = 0;
+      for (; chars < len; ++chars) field[chars] = text[chars];
+    } else {
+      for (size_t k = 0; k < len;) {
+        if (text[k] < 0x80 && chars < stride) {  // ASCII: one byte, one position
+          field[chars++] = text[k++];
+          continue;
+        }
+        int32_t cp = next_code_point(text, len, k);
+        if (chars == stride || cp < 0) {
+          st = XFX_S_FIELD_SMALL;
+          chars = 0;
+          break;
+        }
+        field[chars++] = static_cast<uint32_t>(cp);
+      }
+    }
+    for (size_t k = chars; k < stride; ++k) field[k] = pad;
+    if (statuses != nullptr) statuses[i] = st;
+  }
+  std::free(text);
   return XFX_OK;
 }
 

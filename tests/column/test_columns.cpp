@@ -123,6 +123,20 @@ TEST(columns, euro_sign_comes_out_as_utf8_and_a_short_stride_is_a_status) {
   EXPECT_EQ(xfx_max_field_bytes(o.c), 30u);
 }
 
+TEST(columns, utf32_fields_hold_the_same_characters) {
+  opened o("EURO10.2");
+  double v[2] = {1234.5, xfmt::missing_ordinary()};
+  uint32_t fields[2 * 12];
+  xf_status st[2];
+  ASSERT_EQ(xfx_convert_fixed_utf32(o.c, 2, v, nullptr, nullptr, 0, fields, 12, 0, st), XFX_OK);
+  const uint32_t want[12] = {' ', 0x20AC, '1', ',', '2', '3', '4', '.', '5', '0', 0, 0};
+  EXPECT_EQ(std::memcmp(fields, want, sizeof want), 0);
+  EXPECT_EQ(st[0], XF_OK);
+  ASSERT_EQ(xfx_convert_fixed_utf32(o.c, 1, v, nullptr, nullptr, 0, fields, 9, 0, st), XFX_OK);
+  EXPECT_EQ(st[0], XFX_S_FIELD_SMALL);
+  EXPECT_EQ(fields[0], 0u);
+}
+
 TEST(columns, nan_is_missing_only_when_asked) {
   opened o("F6.1");
   double v[2] = {NAN, 2.5};
