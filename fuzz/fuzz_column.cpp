@@ -1,8 +1,9 @@
 // Written conversions and whole columns: random specification texts through
 // xfx_parse_spec and its messages; random columns of doubles or UTF-8 texts
-// through the column functions into exact-size buffers, twice, which must
-// agree byte for byte and stay inside their buffers; the fast paths never
-// differ from the routines they stand in for.
+// through the column functions (fields of bytes or UTF-32, texts) into
+// exact-size buffers, twice, which must agree byte for byte and stay inside
+// their buffers; the fast paths never differ from the routines they stand
+// in for.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -77,6 +78,12 @@ void columns(xfx_conversion *c, reader &r) {
   check(xfx_convert_fixed(c, n, values.data(), texts.data(), offsets.data(), flags, f2.data(), stride, ' ',
                           s2.data()) == XFX_OK);
   check(f1 == f2 && s1 == s2);
+  std::vector<uint32_t> u1(n * stride), u2(n * stride);
+  check(xfx_convert_fixed_utf32(c, n, values.data(), texts.data(), offsets.data(), flags, u1.data(), stride, 0,
+                                s1.data()) == XFX_OK);
+  check(xfx_convert_fixed_utf32(c, n, values.data(), texts.data(), offsets.data(), flags, u2.data(), stride, 0,
+                                s2.data()) == XFX_OK);
+  check(u1 == u2 && s1 == s2);
   size_t capacity = r.byte() * 4u;
   std::vector<char> d1(capacity), d2(capacity);
   std::vector<int64_t> o1(n + 1), o2(n + 1);
