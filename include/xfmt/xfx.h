@@ -230,6 +230,12 @@ XF_API size_t xfx_max_field_bytes(const xfx_conversion *conversion);
 #define XFX_S_BAD_UTF8        0x8001DA02u /* the input text is not valid UTF-8 */
 #define XFX_S_FIELD_SMALL     0x8001DA03u /* the UTF-8 text is longer than the stride */
 
+/* A short English text of any status a conversion or a column function
+ * returns ("number does not fit the width", "the text is not valid UTF-8");
+ * an unknown value gives "status 0x...." from a buffer of the calling
+ * thread. Never NULL. */
+XF_API const char *xfx_status_text(xf_status status);
+
 /* The inputs of the column functions: n values, either doubles (values) or
  * UTF-8 texts (texts, with n + 1 offsets: text i is bytes text_offsets[i]
  * up to text_offsets[i + 1], Arrow's layout). A conversion whose value is

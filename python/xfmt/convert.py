@@ -274,8 +274,8 @@ class Formatter:
                 return
             i = bad[0]
         s = statuses[i]
-        raise ConversionError("value %d: %s (%s)" % (i, _COLUMN_STATUSES.get(s, "status 0x%X" % s),
-                                                     self.spec.text), i, s)
+        text = self._lib.xfx_status_text(s).decode("utf-8", "replace")
+        raise ConversionError("value %d: %s (%s)" % (i, text, self.spec.text), i, s)
 
     def _fixed(self, n, args, dtype, errors):
         if _np is None:

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "catalog/missing.hpp"
+#include "catalog/status.hpp"
 #include "column/conversion.hpp"
 #include "column/fast_paths.hpp"
 #include "column/utf8_text.hpp"
@@ -187,6 +188,15 @@ size_t trim_in_place(unsigned char *text, size_t n) {
 using namespace xfmt::column;
 
 extern "C" {
+
+const char *xfx_status_text(xf_status status) {
+  switch (status) {
+    case XFX_S_UNREPRESENTABLE: return "a character has no place in the encoding the conversion reads";
+    case XFX_S_BAD_UTF8: return "the text is not valid UTF-8";
+    case XFX_S_FIELD_SMALL: return "the text is longer than the field";
+    default: return xfmt::status_name(status);
+  }
+}
 
 xfx_error xfx_convert_fixed(const xfx_conversion *conversion, size_t n, const double *values, const char *texts,
                             const int64_t *text_offsets, uint32_t flags, char *fields, size_t stride, char pad,

@@ -237,6 +237,12 @@ TEST(columns, user_formats_through_a_context) {
   EXPECT_EQ(std::string(data, static_cast<size_t>(off[3])), "teen & yrefusedadult");
 }
 
+TEST(columns, statuses_have_texts) {
+  EXPECT_STREQ(xfx_status_text(XFX_S_BAD_UTF8), "the text is not valid UTF-8");
+  EXPECT_STREQ(xfx_status_text(XF_E_OVERFLOW), "number does not fit the width");
+  EXPECT_STREQ(xfx_status_text(0x12345u), "status 0x00012345");
+}
+
 TEST(columns, bad_arguments_are_refused) {
   xfx_conversion *c = nullptr;
   EXPECT_EQ(xfx_open("NOSUCH.", 7, 0, 0, nullptr, &c), XFX_E_UNKNOWN_NAME);
