@@ -130,7 +130,7 @@ class column_runner {
                 uint32_t flags)
       : c_(c), values_(values), texts_(texts), offsets_(offsets),
         nan_missing_((flags & XFX_COL_NAN_MISSING) != 0), frame_(base_frame(c)) {
-    if (!c.text_input && !nan_missing_) memo_.prepare(c, values, n);
+    if (!c.text_input) memo_.prepare(c, values, n);
   }
 
   // The input of value i; XF_OK or an XFX_S_* status.
