@@ -148,12 +148,14 @@ typedef struct xfx_catalog_entry {
 XF_API uint32_t xfx_catalog_count(void);
 
 /* Fills *entry for entry index (0 <= index < xfx_catalog_count()), in the
- * order of the possible-format table. The example converts a value chosen by
- * the family at the default width (a "$" format: wide enough for its text;
- * an informat: the text of the matching format, read at its own length) in
- * the C locale of the library (locale id 0 with ZAV_LOCALE as it is).
- * Returns XFX_OK or XFX_E_ARGUMENT. Allocates nothing that outlives the
- * call; thread safe. */
+ * order of the possible-format table, then the intrinsic names. The example
+ * converts a value chosen by the family (2023-07-04, 12:34:56, 1234.5678,
+ * "Hello", ...) at the default width, doubled while the field shows only
+ * stars; a "$" format gets a width its text fits; an informat reads the
+ * text its format writes (or a usual text of its family) at the text's
+ * length. National names convert in the locale ZAV_LOCALE names, and every
+ * example output is UTF-8. Returns XFX_OK or XFX_E_ARGUMENT. Allocates
+ * nothing that outlives the call; thread safe. */
 XF_API xfx_error xfx_catalog_entry_at(uint32_t index, xfx_catalog_entry *entry);
 
 /* The one-line description of a specification (what xfx_catalog_entry_at
@@ -180,12 +182,14 @@ XF_API int xfx_is_missing(double value);
 
 /* The strftime pattern that writes the same text as the specification, up
  * to letter case and the field's padding blanks ("DATE9." gives "%d%b%Y",
- * "E8601DT19." "%Y-%m-%dT%H:%M:%S", "TIME8." "%k:%M:%S"), for a built date,
- * time or datetime format that is not national. The pattern is found by
- * formatting probe values and proved on others. Returns the length (output
- * rules of xfx_error_message), or 0 when no pattern writes the same text
- * (unpadded numbers other than hours, fractions of a second, quarters, week
- * numbers, eras, ...) or spec is NULL. */
+ * "E8601DT19." "%Y-%m-%dT%H:%M:%S", "TIME8." "%k:%M:%S", "TIMEAMPM11."
+ * "%l:%M:%S %p"), for a built date, time or datetime format that is not
+ * national. The pattern is read off the format's text for a probe moment
+ * and kept only when it writes the format's text for moments through every
+ * month and weekday. Returns the length (output rules of
+ * xfx_error_message), or 0 when no pattern writes the same text (unpadded
+ * days and months, fractions of a second, quarters, week numbers, eras,
+ * names shortened to fit, ...) or spec is NULL. */
 XF_API size_t xfx_strftime_pattern(const xfx_spec *spec, char *out, size_t capacity);
 
 /* ======================================================================
