@@ -235,7 +235,10 @@ xfx_error xfx_convert_fixed_utf32(const xfx_conversion *conversion, size_t n, co
     xf_status st = run.input(i, in);
     if (st == XF_OK) st = run.convert(in, text, room, len);
     if (delivers_nothing(st)) len = 0;
-    if (conversion->route == route::bytes) {
+    if (conversion->ascii_only && len <= stride) {
+      // The usual case: one byte, one position, no decoding.
+      for (; chars < len; ++chars) field[chars] = text[chars];
+    } else if (conversion->route == route::bytes) {
       // Raw bytes keep their values, one a position.
       if (len > stride) st = XFX_S_FIELD_SMALL, len = 0;
       for (; chars < len; ++chars) field[chars] = text[chars];
