@@ -242,9 +242,9 @@ XF_API const char *xfx_status_text(xf_status status);
 
 /* The inputs of the column functions: n values, either doubles (values) or
  * UTF-8 texts (texts, with n + 1 offsets: text i is bytes text_offsets[i]
- * up to text_offsets[i + 1], Arrow's layout). A conversion whose value is
- * text (XFX_CHARACTER, or an informat) takes texts, any other doubles; the
- * other pointer is ignored and may be NULL. Texts are converted from UTF-8
+ * up to text_offsets[i + 1]: the layout of Arrow's large strings). A
+ * conversion whose value is text (XFX_CHARACTER, or an informat) takes
+ * texts, any other doubles; the other pointer is ignored and may be NULL. Texts are converted from UTF-8
  * to what the routine reads (Windows-1252 for catalogued conversions, the
  * library's UTF-16 for user-defined character formats, bytes as they are for
  * XFX_BYTES informats); a character that has no place there is the value's
