@@ -1,4 +1,4 @@
-// Written conversions and whole columns: random specification texts through
+// Written conversions and whole columns: random format texts through
 // xfx_parse_spec and its messages; random columns of doubles or UTF-8 texts
 // through the column functions (fields of bytes or UTF-32, texts) into
 // exact-size buffers, twice, which must agree byte for byte and stay inside

@@ -1,4 +1,4 @@
-"""Specifications as records and the catalog as data."""
+"""Written formats as records and the catalog as data."""
 
 import pytest
 
