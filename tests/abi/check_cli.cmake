@@ -1,8 +1,14 @@
 # The xfmt command end to end: fields on stdout, one-line errors on stderr
 # with a non-zero exit status, and nothing half printed.
-#   cmake -DXFMT=path/to/xfmt -DSAMPLE=examples/sample.csv -P check_cli.cmake
+#   cmake -DXFMT=path/to/xfmt -DSAMPLE=examples/sample.csv -DWORK_DIR=scratch -P check_cli.cmake
 
-set(failures 0)
+# A UTF-8 terminal unless a case names another encoding.
+set(ENV{LC_ALL} C.UTF-8)
+unset(ENV{LANG})
+if(NOT WORK_DIR)
+  set(WORK_DIR ${CMAKE_CURRENT_BINARY_DIR})
+endif()
+file(MAKE_DIRECTORY ${WORK_DIR})
 
 # expect(<exit status> <expected stdout> <stderr regex> args...)
 function(expect want_rc want_out want_err)
@@ -53,6 +59,28 @@ if(NOT rc EQUAL 0 OR NOT n_lines EQUAL want)
   message(SEND_ERROR "xfmt csv ${SAMPLE}: exit ${rc}, ${n_lines} lines, expected ${want}")
 endif()
 # A bad value anywhere stops the report before its first line.
-set(bad ${CMAKE_CURRENT_BINARY_DIR}/bad.csv)
+set(bad ${WORK_DIR}/bad.csv)
 file(WRITE ${bad} "$CHAR4.,$CHAR3.\nab,cd\nx,\"unterminated\n")
 expect(1 "" "^xfmt: [^\n]*bad.csv:3: unterminated quote\n$" csv ${bad})
+
+# Text in the terminal's encoding, in and out, for every conversion: a UTF-8
+# round trip through $CHAR, $UPCASE, the Windows-1252 marks of EURO and YEN,
+# and national formats; widths count characters.
+expect(0 "Müller  \n" "^$" put "$CHAR8." "Müller")
+expect(0 "MÜLLER ŒUV\n" "^$" put "$UPCASE10." "müller œuvre")
+expect(0 "€1,234.50\n" "^$" put EURO9.2 1234.5)
+expect(0 "  ¥1,234\n" "^$" put YEN8. 1234)
+expect(0 "1. März 1960\n" "^$" --locale de_DE put NLDATE20. 60)
+expect(0 "1960年1月1日\n" "^$" --locale ja_JP put NLDATE20. 0)
+expect(0 "1234\n" "^$" input COMMA10. "€1,234")
+expect(0 "ÜRÜN \n" "^$" input "$CHAR5." "ÜRÜN")
+# Another encoding in and out; what it cannot write is a one-line error.
+string(ASCII 252 u_umlaut)  # ü and Ü in ISO-8859-1
+string(ASCII 220 U_umlaut)
+expect(0 "M${U_umlaut}LLER\n" "^$" --encoding ISO-8859-1 put "$UPCASE6." "m${u_umlaut}ller")
+expect(1 "" "^xfmt: EURO9.2: the character '€' \\(U\\+20AC\\) cannot be written in ISO-8859-1[^\n]*\n$"
+       --encoding ISO-8859-1 put EURO9.2 1)
+expect(1 "" "^xfmt: the character '日' \\(U\\+65E5\\) of '日本' cannot be read by \\$CHAR, which reads Windows-1252 text\n$"
+       put "$CHAR4." "日本")
+expect(1 "" "^xfmt: byte 0xFC at position 2 of 'M\\\\xFCller' is not UTF-8[^\n]*\n$" put "$CHAR8." "M${u_umlaut}ller")
+expect(1 "" "^xfmt: no converter for the encoding 'NO-SUCH-CODESET'\n$" --encoding NO-SUCH-CODESET put F4. 1)

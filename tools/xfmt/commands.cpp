@@ -35,10 +35,10 @@ int cmd_put(const std::vector<std::string> &args, const run_options &opt) {
   // Every value is converted before anything is printed.
   std::vector<std::string> fields;
   for (size_t i = 1; i < args.size(); ++i) {
-    std::string field;
+    shown_field field;
     xf_status st = 0;
     if (!c->put(args[i], field, st, error)) return fail(error);
-    fields.push_back(field);
+    fields.push_back(std::move(field.bytes));
   }
   for (const std::string &f : fields) write_line(f, opt.utf16);
   return 0;

@@ -100,14 +100,15 @@ int cmd_csv(const std::vector<std::string> &args, const run_options &opt) {
     std::string out;
     for (size_t i = 0; i < cols.size(); ++i) {
       const column &col = cols[i];
-      std::string field;
+      shown_field field;
       if (!col.built) {
         // Not built yet: a field of '?' keeps the report's shape; the note on
         // stderr says which column. The value is still checked.
         if (!col.conv.is_character() && !parse_value(trimmed(cells[i])))
           return fail(path + ":" + std::to_string(line_no) + ": column " + std::to_string(i + 1) + ": '" +
                       cells[i] + "' is not a number or a missing value (., ._, .A-.Z)");
-        field.assign(static_cast<size_t>(col.conv.width()), '?');
+        field.bytes.assign(static_cast<size_t>(col.conv.width()), '?');
+        field.positions = field.bytes.size();
       } else {
         xf_status st = 0;
         std::string value = col.conv.is_character() ? cells[i] : trimmed(cells[i]);
@@ -115,7 +116,8 @@ int cmd_csv(const std::vector<std::string> &args, const run_options &opt) {
           return fail(path + ":" + std::to_string(line_no) + ": column " + std::to_string(i + 1) + ": " + error);
       }
       if (i) out += "  ";
-      out += pad_left(field, col.width);
+      if (field.positions < col.width) out.append(col.width - field.positions, ' ');
+      out += field.bytes;
     }
     report.push_back(out);
   }

@@ -1,7 +1,5 @@
 // xfmt: format values, read them back, list the catalog, and print CSV
 // files as fixed-width reports, through the library's C interface.
-#include <langinfo.h>  // nl_langinfo: the codeset of the terminal
-
 #include <cctype>
 #include <clocale>  // setlocale: the process locale national formats consult
 #include <cstdio>
@@ -66,22 +64,13 @@ bool readable(const std::string &path) {
   return f != nullptr;
 }
 
-// The codeset the C library reports for the process locale is UTF-8.
-bool codeset_is_utf8() {
-  const char *cs = nl_langinfo(CODESET);
-  if (cs == nullptr) return false;
-  std::string c(cs);
-  for (char &ch : c) ch = static_cast<char>(std::tolower(static_cast<unsigned char>(ch)));
-  return c == "utf-8" || c == "utf8";
-}
-
 }  // namespace
 
 int main(int argc, char **argv) {
   using namespace xfmt::cli;
   set_process_locale();
   run_options opt;
-  opt.utf8_terminal = codeset_is_utf8();
+  std::string encoding;
   std::vector<std::string> args;
   bool options_done = false;
   for (int i = 1; i < argc; ++i) {
@@ -95,6 +84,13 @@ int main(int argc, char **argv) {
     } else if (a == "--help") {
       std::fputs(usage_text, stdout);
       return 0;
+    } else if (a == "--encoding" || a.compare(0, 11, "--encoding=") == 0) {
+      if (a == "--encoding") {
+        if (i + 1 >= argc) return fail("--encoding needs a name, e.g. --encoding ISO-8859-1");
+        encoding = argv[++i];
+      } else {
+        encoding = a.substr(11);
+      }
     } else if (a == "--utf16") {
       opt.utf16 = true;
     } else if (a == "--control" || a.compare(0, 10, "--control=") == 0) {
@@ -122,6 +118,9 @@ int main(int argc, char **argv) {
     std::fputs(usage_text, stderr);
     return 2;
   }
+  std::string error;
+  opt.terminal = terminal_encoding::open(encoding, error);
+  if (!opt.terminal) return fail(error);
   if (opt.control_file.empty() && readable("cntlout.xml")) opt.control_file = "cntlout.xml";
   std::string cmd = args[0];
   std::vector<std::string> rest(args.begin() + 1, args.end());

@@ -100,6 +100,24 @@ std::string value_text(double v) {
   return std::string(buf, ptr);
 }
 
+namespace {
+
+// The binary layouts: their fields are bytes for a file or another program,
+// not text, and go out as the routine wrote them.
+bool binary_layout(std::string_view module, std::string_view name) {
+  auto starts = [&name](std::string_view p) { return name.substr(0, p.size()) == p; };
+  if (module == "JAZWFBIN")
+    return !(name == "HEX" || name == "OCTAL" || name == "BINARY" || name == "$HEX" || name == "$OCTAL" ||
+             name == "$BINARY");
+  if (module == "JAZWFUWF")
+    return starts("S370F") || starts("IEEE") || name == "FLOAT" || name == "MRB" || name == "PCPIB" ||
+           starts("XPORT") || name == "$EBCDIC";
+  if (module == "JAZWFDTE") return name == "PDJULG" || name == "PDJULI";
+  return false;
+}
+
+}  // namespace
+
 std::optional<conversion> conversion::make(std::string_view text, bool informat, const run_options &opt,
                                            std::string &error) {
   std::optional<written_format> f = split_format(text, error);
@@ -110,22 +128,14 @@ std::optional<conversion> conversion::make(std::string_view text, bool informat,
   c.opt_ = opt;
   for (char ch : text) c.text_ += upper(ch);
   c.name_ = name;
-  xf_status st;
   // Names outside the catalog are looked up in the control file, if any.
   xf_ufmt_context ctx{};
   ctx.control_path = opt.control_file.c_str();
   xf_ufmt_context *user = opt.control_file.empty() ? nullptr : &ctx;
-  if (opt.utf16) {
-    c.storage_ = std::make_unique<xf_user_handle>();
-    c.handle_ = c.storage_.get();
-    st = xfname3(name.data(), static_cast<int32_t>(name.size()), informat ? 73 : 0, c.block_, &c.handle_,
-                 user);
-  } else if (user) {
-    st = xfname2(name.data(), static_cast<int32_t>(name.size()), informat ? 73 : 0, c.block_, &c.handle_,
-                 user);
-  } else {
-    st = xfname(name.data(), static_cast<int32_t>(name.size()), informat ? 73 : 0, c.block_, &c.handle_);
-  }
+  c.storage_ = std::make_unique<xf_user_handle>();
+  c.handle_ = c.storage_.get();
+  xf_status st = xfname3(name.data(), static_cast<int32_t>(name.size()), informat ? 73 : 0, c.block_, &c.handle_,
+                         user);
   if (st != XF_OK) {
     c.handle_ = nullptr;
     error = std::string(informat ? "informat '" : "format '") + name + "' is not known";
@@ -135,6 +145,10 @@ std::optional<conversion> conversion::make(std::string_view text, bool informat,
   c.explicit_width_ = f->width.has_value();
   c.width_ = f->width.value_or(b[2]);
   c.decimals_ = f->decimals.value_or(b[6]);
+  if (!informat && !c.is_user_defined()) {
+    const auto *row = static_cast<const fmtposs_row *>(c.handle_);
+    c.writes_bytes_ = binary_layout(std::string_view(row->module_name, row->module_name_length), name);
+  }
   if (c.width_ < b[0] || c.width_ > b[1]) {
     error = "width " + std::to_string(c.width_) + " is outside the limits of " + name + " (" + limits(b[0], b[1]) + ")";
     return std::nullopt;
@@ -149,7 +163,8 @@ std::optional<conversion> conversion::make(std::string_view text, bool informat,
 
 conversion::conversion(conversion &&o) noexcept
     : text_(std::move(o.text_)), name_(std::move(o.name_)), width_(o.width_), decimals_(o.decimals_),
-      explicit_width_(o.explicit_width_), handle_(o.handle_), storage_(std::move(o.storage_)), opt_(o.opt_) {
+      explicit_width_(o.explicit_width_), writes_bytes_(o.writes_bytes_), handle_(o.handle_),
+      storage_(std::move(o.storage_)), opt_(o.opt_) {
   std::memcpy(block_, o.block_, sizeof block_);
   o.handle_ = nullptr;
 }
@@ -164,103 +179,113 @@ conversion::~conversion() {
   else xfdel(handle_);
 }
 
+bool conversion::is_user_defined() const {
+  const char kind = static_cast<const char *>(handle_)[8];
+  return kind == '+' || kind == '-';
+}
+
 bool conversion::is_built() const {
-  const auto *kind = static_cast<const char *>(handle_) + 8;
-  if (*kind == '+' || *kind == '-') return static_cast<const xf_user_handle *>(handle_)->routine != nullptr;
+  if (is_user_defined()) return static_cast<const xf_user_handle *>(handle_)->routine != nullptr;
   return static_cast<const fmtposs_row *>(handle_)->row.routine != nullptr;
 }
 
-bool conversion::writes_windows_1252() const {
-  const auto *kind = static_cast<const char *>(handle_) + 8;
-  if (*kind == '+' || *kind == '-') return false;
-  const auto *row = static_cast<const fmtposs_row *>(handle_);
-  return std::memcmp(row->module_name, "JAZWFNLS", 8) != 0;
-}
-
-namespace {
-
-// Windows-1252 bytes (the euro sign 0x80, the yen sign 0xA5, ...) as UTF-8,
-// so that a terminal shows the mark rather than a replacement character.
-std::string windows_1252_to_utf8(const std::string &text) {
-  std::string out;
-  out.reserve(text.size() + 8);
-  for (char c : text) {
-    uint16_t u = wlt1unic[static_cast<unsigned char>(c)];
-    if (u < 0x80) {
-      out += static_cast<char>(u);
-    } else if (u < 0x800) {
-      out += static_cast<char>(0xC0 | (u >> 6));
-      out += static_cast<char>(0x80 | (u & 0x3F));
-    } else {
-      out += static_cast<char>(0xE0 | (u >> 12));
-      out += static_cast<char>(0x80 | ((u >> 6) & 0x3F));
-      out += static_cast<char>(0x80 | (u & 0x3F));
-    }
+bool conversion::routine_text(std::string_view value, std::string &bytes, std::string &error) const {
+  std::u32string chars;
+  if (!opt_.terminal->decode(value, chars, error)) return false;
+  bytes.clear();
+  if (is_user_defined()) {
+    for (char32_t c : chars) utf16le_append(c, bytes);
+    return true;
   }
-  return out;
+  size_t bad = 0;
+  if (windows_1252_encode(chars, bytes, bad)) return true;
+  error = "the character " + describe_character(chars[bad]) + " of " + quoted(value) + " cannot be read by " + name_ +
+          ", which reads Windows-1252 text";
+  return false;
 }
 
-}  // namespace
-
-xf_status conversion::run(xf_frame &frame) const {
-  frame.width = width_;
-  frame.decimals = decimals_;
-  frame.option_word = opt_.locale_id & XF_OPT_LOCALE_MASK;
-  frame.requested_output_encoding = opt_.utf16 ? XF_ENC_UTF16LE : 0;
-  return xffmt(&frame, handle_);
+void conversion::output_text(const xf_frame &f, std::string_view out, std::u32string &text) const {
+  text.clear();
+  if (f.output_encoding == XF_ENC_UTF16LE) {
+    utf16le_decode(out, text);
+    return;
+  }
+  // Left single-byte (longer than the library widens): the national formats
+  // write the process codeset, user-defined labels UTF-8, the rest
+  // Windows-1252.
+  const auto *row = static_cast<const fmtposs_row *>(handle_);
+  bool national = !is_user_defined() && std::memcmp(row->module_name, "JAZWFNLS", 8) == 0;
+  std::string ignored;
+  size_t bad = 0;
+  if (is_user_defined() && utf8_decode(out, text, bad)) return;
+  if (national && opt_.terminal->decode(out, text, ignored)) return;
+  text.clear();
+  windows_1252_decode(out, text);
 }
 
-bool conversion::put(std::string_view value, std::string &field, xf_status &status, std::string &error) const {
+bool conversion::put(std::string_view value, shown_field &field, xf_status &status, std::string &error) const {
   double number = 0;
+  std::string input;
   xf_frame f{};
   if (is_character()) {
-    f.input = value.data();
-    f.input_length = static_cast<uint32_t>(value.size());
+    if (!routine_text(value, input, error)) return false;
+    f.input = input.data();
+    f.input_length = static_cast<uint32_t>(input.size());
+    if (is_user_defined()) f.input_encoding = XF_ENC_UTF16LE;
   } else {
     std::optional<double> v = parse_value(value);
     if (!v) {
-      error = "'" + std::string(value) + "' is not a number or a missing value (., ._, .A-.Z)";
+      error = quoted(value) + " is not a number or a missing value (., ._, .A-.Z)";
       return false;
     }
     number = *v;
     f.input = &number;
     f.input_length = sizeof number;
   }
-  // UTF-16 output needs two bytes a position.
-  std::vector<char> out(static_cast<size_t>(width_) * (opt_.utf16 ? 2 : 1) + 1);
+  // Room for UTF-16 and for the routines that write past w (never more than
+  // a few positions).
+  std::vector<char> out(static_cast<size_t>(width_) * 4 + 64);
   f.output = out.data();
-  f.output_capacity = static_cast<uint32_t>(out.size() - 1);
-  status = run(f);
+  f.output_capacity = static_cast<uint32_t>(out.size());
+  f.width = width_;
+  f.decimals = decimals_;
+  f.option_word = opt_.locale_id & XF_OPT_LOCALE_MASK;
+  f.requested_output_encoding = writes_bytes_ ? 0 : XF_ENC_UTF16LE;
+  status = xffmt(&f, handle_);
   if (status == XF_E_NOT_BUILT) {
     error = name_ + " is not built in this library yet";
     return false;
   }
   uint32_t n = f.output_length < f.output_capacity ? f.output_length : f.output_capacity;
-  field.assign(out.data(), n);
-  if (opt_.utf16 && f.output_encoding != XF_ENC_UTF16LE) {
-    // Left single-byte by the library (too long to widen): widen it here so
-    // that the stream stays UTF-16LE.
-    std::string wide;
-    for (char c : field) {
-      uint16_t u = wlt1unic[static_cast<unsigned char>(c)];
-      wide += static_cast<char>(u & 0xFF);
-      wide += static_cast<char>(u >> 8);
-    }
-    field = wide;
-  } else if (!opt_.utf16 && opt_.utf8_terminal && writes_windows_1252()) {
-    field = windows_1252_to_utf8(field);
+  std::string_view written(out.data(), n);
+  field.bytes.clear();
+  if (writes_bytes_) {
+    field.bytes.assign(written);
+    field.positions = n;
+    return true;
   }
-  return true;
+  std::u32string text;
+  output_text(f, written, text);
+  field.positions = text.size();
+  if (opt_.utf16) {
+    for (char32_t c : text) utf16le_append(c, field.bytes);
+    return true;
+  }
+  if (opt_.terminal->encode(text, field.bytes, error)) return true;
+  error = text_ + ": " + error;
+  return false;
 }
 
 bool conversion::input(std::string_view value, std::string &result, xf_status &status, std::string &error) const {
+  std::string text;
+  if (!routine_text(value, text, error)) return false;
   xf_frame f{};
-  f.input = value.data();
-  f.input_length = static_cast<uint32_t>(value.size());
+  f.input = text.data();
+  f.input_length = static_cast<uint32_t>(text.size());
   int32_t w = width_;
   if (!explicit_width_) {
     // Without a width the whole text is read, within the informat's limits.
-    w = static_cast<int32_t>(value.size());
+    w = static_cast<int32_t>(text.size());
     if (w < block_[0]) w = block_[0];
     if (w > block_[1]) w = block_[1];
   }
@@ -278,7 +303,12 @@ bool conversion::input(std::string_view value, std::string &result, xf_status &s
   }
   if (text_result) {
     uint32_t n = f.output_length < f.output_capacity ? f.output_length : f.output_capacity;
-    result.assign(out.data(), n);
+    std::u32string chars;
+    windows_1252_decode(std::string_view(out.data(), n), chars);
+    result.clear();
+    if (opt_.terminal->encode(chars, result, error)) return true;
+    error = text_ + ": " + error;
+    return false;
   } else {
     double v;
     std::memcpy(&v, out.data(), sizeof v);
