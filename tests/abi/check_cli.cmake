@@ -58,10 +58,12 @@ math(EXPR want "${n_rows} + 1")  # heading and rule replace the format line
 if(NOT rc EQUAL 0 OR NOT n_lines EQUAL want)
   message(SEND_ERROR "xfmt csv ${SAMPLE}: exit ${rc}, ${n_lines} lines, expected ${want}")
 endif()
-# A bad value anywhere stops the report before its first line.
+# Rows stream out as they are converted; an unterminated quote stops the job
+# with the line where the field began.
+file(WRITE ${WORK_DIR}/empty.csv "")
 set(bad ${WORK_DIR}/bad.csv)
 file(WRITE ${bad} "$CHAR4.,$CHAR3.\nab,cd\nx,\"unterminated\n")
-expect(1 "" "^xfmt: [^\n]*bad.csv:3: unterminated quote\n$" csv ${bad})
+expect(1 "$CHAR4.  $CHAR3.\n-------  -------\n   ab        cd \n" "^xfmt: [^\n]*bad.csv:3: unterminated quote\n$" csv ${bad})
 
 # Text in the terminal's encoding, in and out, for every conversion: a UTF-8
 # round trip through $CHAR, $UPCASE, the Windows-1252 marks of EURO and YEN,
@@ -84,3 +86,79 @@ expect(1 "" "^xfmt: the character '日' \\(U\\+65E5\\) of '日本' cannot be rea
        put "$CHAR4." "日本")
 expect(1 "" "^xfmt: byte 0xFC at position 2 of 'M\\\\xFCller' is not UTF-8[^\n]*\n$" put "$CHAR8." "M${u_umlaut}ller")
 expect(1 "" "^xfmt: no converter for the encoding 'NO-SUCH-CODESET'\n$" --encoding NO-SUCH-CODESET put F4. 1)
+
+# CSV that never loses data: every edge case of tests/data/cli/edge_cases.csv
+# (see the README there) against the reviewed outputs, for the report, CSV
+# and TSV (read from standard input), with one line on stderr per bad cell
+# or ragged row and exit status 1.
+set(edge ${DATA}/edge_cases.csv)
+function(expect_file want_rc golden err_regex)
+  execute_process(COMMAND ${XFMT} ${ARGN} RESULT_VARIABLE rc OUTPUT_FILE ${WORK_DIR}/out ERROR_VARIABLE err
+                  INPUT_FILE ${edge})
+  string(REPLACE ";" " " cmd "${ARGN}")
+  if(NOT rc EQUAL want_rc)
+    message(SEND_ERROR "xfmt ${cmd}: exit ${rc}, expected ${want_rc}\n${err}")
+  endif()
+  execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files ${WORK_DIR}/out ${golden} RESULT_VARIABLE diff)
+  if(NOT diff EQUAL 0)
+    file(READ ${WORK_DIR}/out got)
+    message(SEND_ERROR "xfmt ${cmd}: output differs from ${golden}:\n${got}")
+  endif()
+  if(NOT "${err}" MATCHES "${err_regex}")
+    message(SEND_ERROR "xfmt ${cmd}: stderr [${err}] does not match [${err_regex}]")
+  endif()
+endfunction()
+string(CONCAT edge_notes "^xfmt: [^\n]*:9: column 1 \\(price\\): 'abc' is not a number[^\n]*\n"
+    "xfmt: [^\n]*:10: 3 fields where the header names 4; the missing cells are shown blank\n"
+    "xfmt: [^\n]*:11: 5 fields where the header names 4; the first extra field is '5'; the extra fields are left out\n"
+    "xfmt: note: column 4 \\(F4.\\): 1 value cannot be shown in F4. and print as stars, the first on line 8\n"
+    "xfmt: 3 cells or rows could not be converted[^\n]*\n$")
+expect_file(1 ${DATA}/edge_cases.report "${edge_notes}" csv --keep-going ${edge})
+expect_file(1 ${DATA}/edge_cases.out.csv "${edge_notes}" csv --keep-going --output csv ${edge})
+expect_file(1 ${DATA}/edge_cases.out.tsv "${edge_notes}" csv --keep-going --output=tsv -)
+# Without --keep-going the rows before the bad cell are written, then the
+# job stops naming its line and column.
+execute_process(COMMAND ${XFMT} csv ${edge} RESULT_VARIABLE rc OUTPUT_VARIABLE stopped ERROR_VARIABLE err)
+file(STRINGS ${DATA}/edge_cases.report lines)
+list(SUBLIST lines 0 8 first)
+string(REPLACE ";" "\n" first "${first}")
+string(REPLACE "\n" ";" got "${stopped}")
+if(NOT rc EQUAL 1 OR NOT err MATCHES "^xfmt: [^\n]*edge_cases.csv:9: column 1 \\(price\\): 'abc' is not a number[^\n]*\n$")
+  message(SEND_ERROR "xfmt csv ${edge}: exit ${rc}, stderr [${err}]")
+endif()
+string(FIND "${stopped}" "    $99.00  02JAN1960" at)
+string(REGEX MATCHALL "\n" newlines "${stopped}")
+list(LENGTH newlines n)
+if(NOT n EQUAL 8 OR at EQUAL -1)
+  message(SEND_ERROR "xfmt csv ${edge} stopped after ${n} lines: [${stopped}]")
+endif()
+# Values that print as stars: exit status 3 with a note, or a bad cell with --strict.
+file(WRITE ${WORK_DIR}/stars.csv "n:F3.\n1\n12345\n99999\n")
+expect(3 "  n\n---\n  1\n***\n***\n" "^xfmt: note: column 1 \\(n\\): 2 values cannot be shown in F3. and print as stars, the first on line 3\n$"
+       csv ${WORK_DIR}/stars.csv)
+expect(1 "  n\n---\n  1\n" "^xfmt: [^\n]*stars.csv:3: column 1 \\(n\\): '12345' cannot be shown in F3. \\(a field of stars; --strict\\)\n$"
+       csv --strict ${WORK_DIR}/stars.csv)
+# A 10 MB field is quoted with at most 60 characters.
+string(REPEAT "x" 100000 long)
+file(WRITE ${WORK_DIR}/long.csv "F8.\n${long}\n")
+execute_process(COMMAND ${XFMT} csv ${WORK_DIR}/long.csv RESULT_VARIABLE rc ERROR_VARIABLE err OUTPUT_QUIET)
+string(LENGTH "${err}" n)
+string(REPEAT "x" 60 x60)
+if(NOT rc EQUAL 1 OR n GREATER 200 OR NOT err MATCHES "'${x60}'\\.\\.\\. \\(100000 bytes\\) is not a number")
+  message(SEND_ERROR "xfmt csv long.csv: exit ${rc}, ${n} bytes on stderr: [${err}]")
+endif()
+expect(1 "" "^xfmt: --output takes report, csv or tsv, not 'xml'\n$" csv --output xml ${edge})
+expect(1 "" "^xfmt: csv: unknown option '--bogus'[^\n]*\n$" csv --bogus ${edge})
+expect(1 "" "^xfmt: [^\n]*empty.csv: the file is empty\n$" csv ${WORK_DIR}/empty.csv)
+# Memory stays flat: two million rows through a pipe, under a 100 MB address
+# space limit that a report held whole would break (sanitizers reserve far
+# more address space, so their build skips this).
+if(NOT SANITIZED)
+  execute_process(COMMAND sh -c "echo F8.2,BEST4.; yes 1.5,2 | head -n 2000000"
+                  COMMAND sh -c "ulimit -v 100000 && exec \"$0\" csv -" ${XFMT}
+                  COMMAND tail -n 1
+                  RESULTS_VARIABLE rcs OUTPUT_VARIABLE last ERROR_VARIABLE err)
+  if(NOT rcs STREQUAL "0;0;0" OR NOT last STREQUAL "    1.50       2\n")
+    message(SEND_ERROR "two million rows under 100 MB: exits ${rcs}, last line [${last}], ${err}")
+  endif()
+endif()

@@ -24,9 +24,28 @@ void write_line(const std::string &text, bool utf16) {
   else std::fputc('\n', stdout);
 }
 
+// The operands of a command without options of its own: "--" is dropped,
+// "-5", "-" and "-abc" are operands, an unknown "--option" is refused.
+bool operands(const char *command, const std::vector<std::string> &args, std::vector<std::string> &out) {
+  bool done = false;
+  for (const std::string &a : args) {
+    if (!done && a == "--") {
+      done = true;
+    } else if (!done && a.size() > 2 && a.compare(0, 2, "--") == 0) {
+      fail(std::string(command) + ": unknown option '" + a + "' (see xfmt " + command + " --help)");
+      return false;
+    } else {
+      out.push_back(a);
+    }
+  }
+  return true;
+}
+
 }  // namespace
 
-int cmd_put(const std::vector<std::string> &args, const run_options &opt) {
+int cmd_put(const std::vector<std::string> &given, const run_options &opt) {
+  std::vector<std::string> args;
+  if (!operands("put", given, args)) return 1;
   if (args.size() < 2) return fail("usage: xfmt put FORMAT VALUE...");
   std::string error;
   std::optional<conversion> c = conversion::make(args[0], false, opt, error);
@@ -44,7 +63,9 @@ int cmd_put(const std::vector<std::string> &args, const run_options &opt) {
   return 0;
 }
 
-int cmd_input(const std::vector<std::string> &args, const run_options &opt) {
+int cmd_input(const std::vector<std::string> &given, const run_options &opt) {
+  std::vector<std::string> args;
+  if (!operands("input", given, args)) return 1;
   if (args.size() < 2) return fail("usage: xfmt input INFORMAT TEXT...");
   std::string error;
   std::optional<conversion> c = conversion::make(args[0], true, opt, error);
@@ -118,6 +139,12 @@ void list_user_formats(const run_options &opt, const std::string &prefix, std::v
 }
 
 }  // namespace
+
+int cmd_describe(const std::vector<std::string> &args, const run_options &opt) {
+  (void)opt;
+  if (args.size() != 1) return fail("usage: xfmt describe FORMAT");
+  return fail("describe: not available yet");
+}
 
 int cmd_list(const std::vector<std::string> &args, const run_options &opt) {
   if (args.size() > 1) return fail("usage: xfmt list [PREFIX]");

@@ -191,7 +191,8 @@ bool conversion::is_built() const {
 
 bool conversion::routine_text(std::string_view value, std::string &bytes, std::string &error) const {
   std::u32string chars;
-  if (!opt_.terminal->decode(value, chars, error)) return false;
+  const terminal_encoding &from = opt_.input ? *opt_.input : *opt_.terminal;
+  if (!from.decode(value, chars, error)) return false;
   bytes.clear();
   if (is_user_defined()) {
     for (char32_t c : chars) utf16le_append(c, bytes);

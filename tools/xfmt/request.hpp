@@ -20,6 +20,9 @@ struct run_options {
   std::string control_file;  // user-defined formats are read from it; empty: none
   // The encoding of arguments, files and results; main opens it.
   std::shared_ptr<const terminal_encoding> terminal;
+  // The encoding values arrive in when it is not the terminal's (a CSV file
+  // with a UTF-8 byte-order mark); null: the terminal's.
+  std::shared_ptr<const terminal_encoding> input;
 };
 
 // A converted value as the user sees it: bytes in the terminal's encoding
