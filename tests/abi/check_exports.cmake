@@ -1,12 +1,18 @@
 # Compares the dynamic symbols of libxfmt.so with the names the public
 # header declares with XF_API, in both directions.
-#   cmake -DNM=nm -DLIB=libxfmt.so -DHEADER=xfmt.h -P check_exports.cmake
+#   cmake -DNM=nm -DLIB=libxfmt.so "-DHEADER=xfmt.h|xfx.h" -P check_exports.cmake
 
 # Exported on purpose without a declaration: the header documents them in a
 # comment, because global names this short would clash with a host's own.
 set(documented_only table etable)
 
-file(READ ${HEADER} text)
+# HEADER names one header or several separated by "|".
+string(REPLACE "|" ";" headers "${HEADER}")
+set(text "")
+foreach(h IN LISTS headers)
+  file(READ ${h} one)
+  string(APPEND text "${one}\n")
+endforeach()
 # Comments and the definition of XF_API itself are not declarations.
 string(REGEX REPLACE "/\\*([^*]|\\*+[^*/])*\\*+/" "" text "${text}")
 string(REGEX REPLACE "#define XF_API[^\n]*" "" text "${text}")
