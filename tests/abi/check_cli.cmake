@@ -162,3 +162,29 @@ if(NOT SANITIZED)
     message(SEND_ERROR "two million rows under 100 MB: exits ${rcs}, last line [${last}], ${err}")
   endif()
 endif()
+
+# Dates and times people type: ISO 8601 text in put and in CSV date, time and
+# datetime columns beside day and second counts; --help states the epoch.
+expect(0 "04JUL2023\n01JAN1960\n" "^$" put DATE9. 2023-07-04 0)
+expect(0 "2023-07-04T12:34:56\n" "^$" put E8601DT19. 2023-07-04T12:34:56)
+expect(0 "04JUL2023:00:00:00\n04JUL2023:12:34:57\n" "^$" put DATETIME18. 2023-07-04 "2023-07-04 12:34:56.5")
+expect(0 "12:34:56\n" "^$" put TIME8. 12:34:56)
+expect(0 "4. Juli 2023\n" "^$" --locale de_DE put NLDATE20. 2023-07-04)
+expect(1 "" "^xfmt: '2023-02-29' is not a date of the calendar \\(1582-01-01 to 20000-12-31\\)\n$" put DATE9. 2023-02-29)
+expect(1 "" "^xfmt: '2023-7-4' is not a day count from 1960-01-01 \\(0 is 1960-01-01\\) or a date as 2023-07-04[^\n]*\n$"
+       put DATE9. 2023-7-4)
+expect(1 "" "^xfmt: '12:61' is not a time \\(minutes and seconds 00-59, at most 24:00:00\\)\n$" put TOD8. 12:61)
+file(WRITE ${WORK_DIR}/dates.csv "when:DATE9.,at:TIME8.,stamp:E8601DT19.\n2023-07-04,12:34:56,2023-07-04T01:02:03\n23195,45296,2004093296\n")
+expect(0 "     when        at                stamp\n---------  --------  -------------------\n04JUL2023  12:34:56  2023-07-04T01:02:03\n04JUL2023  12:34:56  2023-07-04T12:34:56\n"
+       "^$" csv ${WORK_DIR}/dates.csv)
+# An informat whose width cuts the text says so; without a width the whole
+# text is read.
+expect(0 "22100\n" "^xfmt: note: DATE9. reads only the first 9 of 11 characters of '04-JUL-2023', that is '04-JUL-20'; without a width \\(DATE.\\) the whole text is read\n$"
+       input DATE9. 04-JUL-2023)
+expect(0 "23195\n" "^$" input DATE. 04-JUL-2023)
+foreach(cmd "" put csv input)
+  execute_process(COMMAND ${XFMT} ${cmd} --help OUTPUT_VARIABLE help RESULT_VARIABLE rc)
+  if(NOT rc EQUAL 0 OR NOT help MATCHES "1960-01-01" OR NOT help MATCHES "seconds")
+    message(SEND_ERROR "xfmt ${cmd} --help does not state the 1960 epoch and the units: [${help}]")
+  endif()
+endforeach()

@@ -71,14 +71,16 @@ int cmd_input(const std::vector<std::string> &given, const run_options &opt) {
   std::optional<conversion> c = conversion::make(args[0], true, opt, error);
   if (!c) return fail(error);
   if (!c->is_built()) return fail("informat " + c->name() + " is not built in this library yet");
-  std::vector<std::string> lines;
+  std::vector<std::string> lines, notes;
   for (size_t i = 1; i < args.size(); ++i) {
-    std::string result;
+    std::string result, note;
     xf_status st = 0;
-    if (!c->input(args[i], result, st, error)) return fail(error);
+    if (!c->input(args[i], result, st, error, note)) return fail(error);
+    if (!note.empty()) notes.push_back(note);
     if (st != XF_OK) result += "  (" + std::string(status_name(st)) + ")";
     lines.push_back(result);
   }
+  for (const std::string &n : notes) std::fprintf(stderr, "xfmt: note: %s\n", n.c_str());
   for (const std::string &l : lines) write_line(l, false);
   return 0;
 }

@@ -7,162 +7,75 @@
 
 #include "catalog/chain.hpp"
 #include "catalog/missing.hpp"
+#include "helpful_errors.hpp"
+#include "iso_dates.hpp"
 
 namespace xfmt::cli {
 namespace {
 
-constexpr char missing_letters[] = "_ABCDEFGHIJKLMNOPQRSTUVWXYZ";
-
 char upper(char c) { return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c; }
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
-
-// Splits "NAMEw.d" into its parts: the width is the run of digits just
-// before the ".", the decimals the digits after it. No catalogued name ends
-// in a digit, so "E8601DA10." is E8601DA with width 10.
-struct written_format {
-  std::string name;
-  std::optional<int32_t> width, decimals;
-};
-
-bool parse_number(std::string_view digits, int32_t &out) {
-  if (digits.empty() || digits.size() > 6) return false;
-  int32_t v = 0;
-  for (char c : digits) {
-    if (!is_digit(c)) return false;
-    v = v * 10 + (c - '0');
-  }
-  out = v;
-  return true;
-}
-
-std::optional<written_format> split_format(std::string_view text, std::string &error) {
-  written_format f;
-  size_t dot = text.find('.');
-  std::string_view head = text.substr(0, dot);
-  std::string_view tail = dot == std::string_view::npos ? std::string_view{} : text.substr(dot + 1);
-  size_t end = head.size();
-  while (end > 0 && is_digit(head[end - 1])) --end;
-  for (char c : head.substr(0, end)) f.name += upper(c);
-  if (f.name.empty() || f.name.size() > 32) {
-    error = "'" + std::string(text) + "' is not a format (NAME, optional width, '.', optional decimals)";
-    return std::nullopt;
-  }
-  int32_t v = 0;
-  if (end < head.size()) {
-    if (!parse_number(head.substr(end), v)) {
-      error = "width of '" + std::string(text) + "' is too large";
-      return std::nullopt;
-    }
-    f.width = v;
-  }
-  if (!tail.empty()) {
-    if (!parse_number(tail, v)) {
-      error = "decimals of '" + std::string(text) + "' must be digits";
-      return std::nullopt;
-    }
-    f.decimals = v;
-  }
-  return f;
-}
-
-std::string limits(uint16_t lo, uint16_t hi) { return std::to_string(lo) + " to " + std::to_string(hi); }
 
 }  // namespace
 
 std::optional<double> parse_value(std::string_view text) {
-  if (text.empty() || text == ".") return missing_ordinary();
-  if (text.size() == 2 && text[0] == '.') {
-    const char *p = std::strchr(missing_letters, upper(text[1]));
-    if (p == nullptr || *p == '\0') return std::nullopt;
-    // Row 0 of the missing table is "._", row 1 ".", rows 2.. the letters.
-    int i = static_cast<int>(p - missing_letters);
-    return missing_value(i == 0 ? 0 : i + 1);
+  double v = 0;
+  if (text.empty()) text = ".";
+  if (text[0] == '.' && text.size() <= 2) {
+    if (xfx_missing_value(text.size() == 1 ? '.' : text[1], &v) != XFX_OK) return std::nullopt;
+    return v;
   }
   const char *first = text.data();
   const char *last = first + text.size();
   if (*first == '+') ++first;  // from_chars takes no leading plus
-  double v = 0;
   auto [ptr, ec] = std::from_chars(first, last, v);
   if (ec != std::errc() || ptr != last || first == last) return std::nullopt;
   return v;
 }
 
 std::string value_text(double v) {
-  uint64_t b = double_bits(v);
-  if (is_missing_bits(b)) {
-    char sym = missing_symbol(b);
-    if (sym == '.') return ".";
-    return std::string(".") + sym;
-  }
+  if (int sym = xfx_missing_symbol(v)) return sym == '.' ? "." : std::string(".") + static_cast<char>(sym);
   char buf[64];
   auto [ptr, ec] = std::to_chars(buf, buf + sizeof buf, v);
   if (ec != std::errc()) return "?";
   return std::string(buf, ptr);
 }
 
-namespace {
-
-// The binary layouts: their fields are bytes for a file or another program,
-// not text, and go out as the routine wrote them.
-bool binary_layout(std::string_view module, std::string_view name) {
-  auto starts = [&name](std::string_view p) { return name.substr(0, p.size()) == p; };
-  if (module == "JAZWFBIN")
-    return !(name == "HEX" || name == "OCTAL" || name == "BINARY" || name == "$HEX" || name == "$OCTAL" ||
-             name == "$BINARY");
-  if (module == "JAZWFUWF")
-    return starts("S370F") || starts("IEEE") || name == "FLOAT" || name == "MRB" || name == "PCPIB" ||
-           starts("XPORT") || name == "$EBCDIC";
-  if (module == "JAZWFDTE") return name == "PDJULG" || name == "PDJULI";
-  return false;
-}
-
-}  // namespace
-
 std::optional<conversion> conversion::make(std::string_view text, bool informat, const run_options &opt,
                                            std::string &error) {
-  std::optional<written_format> f = split_format(text, error);
-  if (!f) return std::nullopt;
-  std::string name = f->name;
-  if (informat && name[0] == '@') name.erase(0, 1);  // "@F" and "F" ask for the same informat
-  conversion c;
-  c.opt_ = opt;
-  for (char ch : text) c.text_ += upper(ch);
-  c.name_ = name;
   // Names outside the catalog are looked up in the control file, if any.
   xf_ufmt_context ctx{};
   ctx.control_path = opt.control_file.c_str();
   xf_ufmt_context *user = opt.control_file.empty() ? nullptr : &ctx;
+  xfx_spec spec{};
+  xfx_error e = xfx_parse_spec(text.data(), text.size(), informat ? XFX_PARSE_INFORMAT : 0u, user, &spec);
+  if (e != XFX_OK) {
+    error = spec_error_message(e, text, spec, informat, opt);
+    return std::nullopt;
+  }
+  conversion c;
+  c.opt_ = opt;
+  for (char ch : text) c.text_ += upper(ch);
+  c.name_.assign(spec.name, spec.name_length);
+  c.spec_ = spec;
   c.storage_ = std::make_unique<xf_user_handle>();
   c.handle_ = c.storage_.get();
-  xf_status st = xfname3(name.data(), static_cast<int32_t>(name.size()), informat ? 73 : 0, c.block_, &c.handle_,
-                         user);
+  xf_status st = xfname3(c.name_.data(), static_cast<int32_t>(c.name_.size()), informat ? 73 : 0, c.block_,
+                         &c.handle_, user);
   if (st != XF_OK) {
     c.handle_ = nullptr;
-    error = std::string(informat ? "informat '" : "format '") + name + "' is not known";
+    error = std::string(informat ? "informat '" : "format '") + c.name_ + "' cannot be resolved (status " +
+            std::to_string(st) + ")";
     return std::nullopt;
   }
-  const uint16_t *b = c.block_;
-  c.explicit_width_ = f->width.has_value();
-  c.width_ = f->width.value_or(b[2]);
-  c.decimals_ = f->decimals.value_or(b[6]);
-  if (!informat && !c.is_user_defined()) {
-    const auto *row = static_cast<const fmtposs_row *>(c.handle_);
-    c.writes_bytes_ = binary_layout(std::string_view(row->module_name, row->module_name_length), name);
-  }
-  if (c.width_ < b[0] || c.width_ > b[1]) {
-    error = "width " + std::to_string(c.width_) + " is outside the limits of " + name + " (" + limits(b[0], b[1]) + ")";
-    return std::nullopt;
-  }
-  if (c.decimals_ < b[4] || c.decimals_ > b[5]) {
-    error = "decimals " + std::to_string(c.decimals_) + " are outside the limits of " + name + " (" +
-            limits(b[4], b[5]) + ")";
-    return std::nullopt;
-  }
+  c.explicit_width_ = (spec.flags & XFX_WIDTH_GIVEN) != 0;
+  c.width_ = spec.width;
+  c.decimals_ = spec.decimals;
+  c.writes_bytes_ = !informat && (spec.flags & XFX_BYTES) != 0;
   return c;
 }
 
 conversion::conversion(conversion &&o) noexcept
-    : text_(std::move(o.text_)), name_(std::move(o.name_)), width_(o.width_), decimals_(o.decimals_),
+    : text_(std::move(o.text_)), name_(std::move(o.name_)), spec_(o.spec_), width_(o.width_), decimals_(o.decimals_),
       explicit_width_(o.explicit_width_), writes_bytes_(o.writes_bytes_), handle_(o.handle_),
       storage_(std::move(o.storage_)), opt_(o.opt_) {
   std::memcpy(block_, o.block_, sizeof block_);
@@ -235,8 +148,16 @@ bool conversion::put(std::string_view value, shown_field &field, xf_status &stat
     if (is_user_defined()) f.input_encoding = XF_ENC_UTF16LE;
   } else {
     std::optional<double> v = parse_value(value);
+    // Date, time and datetime conversions also take ISO 8601 text.
     if (!v) {
+      error.clear();
+      v = read_iso_8601(value, spec_.family, error);
+      if (!v && !error.empty()) return false;
+    }
+    if (!v) {
+      std::string hint = family_value_hint(spec_.family);
       error = quoted(value) + " is not a number or a missing value (., ._, .A-.Z)";
+      if (!hint.empty()) error = quoted(value) + " is not " + hint + ", nor a missing value (., ._, .A-.Z)";
       return false;
     }
     number = *v;
@@ -277,7 +198,8 @@ bool conversion::put(std::string_view value, shown_field &field, xf_status &stat
   return false;
 }
 
-bool conversion::input(std::string_view value, std::string &result, xf_status &status, std::string &error) const {
+bool conversion::input(std::string_view value, std::string &result, xf_status &status, std::string &error,
+                       std::string &note) const {
   std::string text;
   if (!routine_text(value, text, error)) return false;
   xf_frame f{};
@@ -285,10 +207,23 @@ bool conversion::input(std::string_view value, std::string &result, xf_status &s
   f.input_length = static_cast<uint32_t>(text.size());
   int32_t w = width_;
   if (!explicit_width_) {
-    // Without a width the whole text is read, within the informat's limits.
+    // Without a width the whole text is read, up to the informat's widest.
     w = static_cast<int32_t>(text.size());
     if (w < block_[0]) w = block_[0];
     if (w > block_[1]) w = block_[1];
+  }
+  note.clear();
+  if (text.size() > static_cast<size_t>(w)) {
+    // The informat reads w characters (Windows-1252: one byte each).
+    std::u32string head;
+    windows_1252_decode(std::string_view(text).substr(0, static_cast<size_t>(w)), head);
+    std::string shown;
+    std::string ignored;
+    opt_.terminal->encode(head, shown, ignored);
+    note = text_ + " reads only the first " + std::to_string(w) + " of " + std::to_string(text.size()) +
+           " characters of " + quoted(value) + ", that is " + quoted(shown);
+    if (explicit_width_) note += "; without a width (" + name_ + ".) the whole text is read";
+    else note += ", the widest " + name_ + " allows";
   }
   bool text_result = is_character();
   std::vector<char> out(text_result ? static_cast<size_t>(w) + 1 : 8);

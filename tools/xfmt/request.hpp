@@ -10,6 +10,7 @@
 
 #include "terminal_text.hpp"
 #include "xfmt/xfmt.h"
+#include "xfmt/xfx.h"
 
 namespace xfmt::cli {
 
@@ -47,6 +48,8 @@ class conversion {
 
   const std::string &text() const { return text_; }  // as written, upper-cased
   const std::string &name() const { return name_; }
+  // The conversion as a record: family, flags, limits.
+  const xfx_spec &spec() const { return spec_; }
   int32_t width() const { return width_; }
   int32_t decimals() const { return decimals_; }
   bool explicit_width() const { return explicit_width_; }
@@ -57,9 +60,6 @@ class conversion {
   // The conversion writes the bytes of a binary layout (PIB, RB, PD, ...),
   // which go out untouched, rather than text.
   bool writes_bytes() const { return writes_bytes_; }
-  // Limits of the width block, for messages.
-  uint16_t min_width() const { return block_[0]; }
-  uint16_t max_width() const { return block_[1]; }
 
   // Formats one value (text for a character format, else a number or a
   // missing notation), given in the terminal's encoding. Returns false with
@@ -69,7 +69,9 @@ class conversion {
   // Reads text with an informat; the result is the stored value as text
   // (shortest round-trip digits or the missing notation), or the text a
   // character informat stored, in the terminal's encoding.
-  bool input(std::string_view value, std::string &result, xf_status &status, std::string &error) const;
+  // A width that leaves part of the text unread sets note to say so.
+  bool input(std::string_view value, std::string &result, xf_status &status, std::string &error,
+             std::string &note) const;
 
  private:
   conversion() = default;
@@ -80,6 +82,7 @@ class conversion {
   void output_text(const xf_frame &f, std::string_view out, std::u32string &text) const;
 
   std::string text_, name_;
+  xfx_spec spec_{};
   int32_t width_ = 0, decimals_ = 0;
   bool explicit_width_ = false;
   bool writes_bytes_ = false;
