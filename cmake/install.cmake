@@ -10,6 +10,9 @@ install(FILES ${PROJECT_SOURCE_DIR}/include/xfmt/xfmt.h ${PROJECT_SOURCE_DIR}/in
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/xfmt)
 if(TARGET xfmt_cli)
   install(TARGETS xfmt_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(FILES ${PROJECT_SOURCE_DIR}/tools/xfmt/xfmt.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  install(FILES ${PROJECT_SOURCE_DIR}/tools/xfmt/xfmt.bash
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME xfmt)
 endif()
 
 set(XFMT_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/xfmt)

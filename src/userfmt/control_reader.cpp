@@ -133,8 +133,11 @@ control_problem diagnose_control_buffer(const char *data, std::size_t size, int3
   xfmt::catalog::free_chain(head);
   p.reason = reason_of(p.code);
   if (p.code < 0 && p.code != read_no_memory) {
+    // A reading that ran to the end stopped on the last line, not after it.
+    std::size_t end = stop < size ? stop : size;
+    if (end == size && end > 0 && data[end - 1] == '\n') --end;
     p.line = 1;
-    for (std::size_t i = 0; i < stop && i < size; ++i)
+    for (std::size_t i = 0; i < end; ++i)
       if (data[i] == '\n') ++p.line;
   }
   return p;

@@ -45,7 +45,7 @@ if(NOT help MATCHES " csv ")
   message(SEND_ERROR "xfmt --help does not name the csv command")
 endif()
 execute_process(COMMAND ${XFMT} list PIBR OUTPUT_VARIABLE listing)
-if(NOT listing MATCHES "PIBR +JAZWFBIN +1 +8 +1 +0 +10 +0")
+if(NOT listing MATCHES "\nPIBR +binary +1-8/1 d0-10/0 +PIBR2. 1234 -> \\\\xD2\\\\x04 +positive integer binary, little-endian\n")
   message(SEND_ERROR "xfmt list PIBR: [${listing}]")
 endif()
 # The bundled sample prints as a report with one line per data row.
@@ -141,7 +141,7 @@ expect(1 "  n\n---\n  1\n" "^xfmt: [^\n]*stars.csv:3: column 1 \\(n\\): '12345' 
 # A 10 MB field is quoted with at most 60 characters.
 string(REPEAT "x" 100000 long)
 file(WRITE ${WORK_DIR}/long.csv "F8.\n${long}\n")
-execute_process(COMMAND ${XFMT} csv ${WORK_DIR}/long.csv RESULT_VARIABLE rc ERROR_VARIABLE err OUTPUT_QUIET)
+execute_process(COMMAND ${XFMT} csv long.csv WORKING_DIRECTORY ${WORK_DIR} RESULT_VARIABLE rc ERROR_VARIABLE err OUTPUT_QUIET)
 string(LENGTH "${err}" n)
 string(REPEAT "x" 60 x60)
 if(NOT rc EQUAL 1 OR n GREATER 200 OR NOT err MATCHES "'${x60}'\\.\\.\\. \\(100000 bytes\\) is not a number")
@@ -188,3 +188,104 @@ foreach(cmd "" put csv input)
     message(SEND_ERROR "xfmt ${cmd} --help does not state the 1960 epoch and the units: [${help}]")
   endif()
 endforeach()
+
+# Formats a user can discover: list sorted by name with family, limits,
+# example and description; a prefix, a format as written, informats.
+execute_process(COMMAND ${XFMT} list DATE RESULT_VARIABLE rc OUTPUT_VARIABLE listing)
+string(REGEX MATCHALL "\n[^ \n]+" names "${listing}")
+string(REPLACE "\n" "" names "${names}")
+set(sorted ${names})
+list(SORT sorted)
+list(GET names 0 first)
+if(NOT rc EQUAL 0 OR NOT names STREQUAL sorted OR NOT first STREQUAL "DATE"
+   OR NOT listing MATCHES "^NAME +FAMILY +WIDTH +EXAMPLE +DESCRIPTION\n"
+   OR NOT listing MATCHES "\nDATE +date +5-11/7 +DATE7. 23195 -> 04JUL23 +date as day, month abbreviation and year\n")
+  message(SEND_ERROR "xfmt list DATE: exit ${rc}, names ${names}: [${listing}]")
+endif()
+execute_process(COMMAND ${XFMT} list DATE9. OUTPUT_VARIABLE listing)
+string(REGEX MATCHALL "\n" lines "${listing}")
+list(LENGTH lines n)
+if(NOT n EQUAL 2 OR NOT listing MATCHES "\nDATE +date ")
+  message(SEND_ERROR "xfmt list DATE9. lists ${n} lines: [${listing}]")
+endif()
+execute_process(COMMAND ${XFMT} list @COMMA OUTPUT_VARIABLE listing)
+if(NOT listing MATCHES "\n@COMMA +number +1-32/1 d0-31/0 +@COMMA5\\. +1,235 -> 1235 +reads number with commas")
+  message(SEND_ERROR "xfmt list @COMMA: [${listing}]")
+endif()
+execute_process(COMMAND ${XFMT} list --names OUTPUT_VARIABLE names)
+string(REGEX MATCHALL "\n" lines "${names}")
+list(LENGTH lines n)
+if(n LESS 548 OR NOT names MATCHES "\n\\$CHAR\n" OR NOT names MATCHES "\n@DATE\n")
+  message(SEND_ERROR "xfmt list --names: ${n} names")
+endif()
+# describe: limits, family, description, three examples.
+execute_process(COMMAND ${XFMT} describe DOLLAR12.2 RESULT_VARIABLE rc OUTPUT_VARIABLE d)
+if(NOT rc EQUAL 0 OR NOT d MATCHES "^DOLLAR12.2  format, family currency\n  amount with a dollar sign"
+   OR NOT d MATCHES "\n  width 2 to 32 \\(default 6\\); decimals 0 to 31 \\(default 0\\)\n"
+   OR NOT d MATCHES "\n    1234.567 +-> \\[   \\$1,234.57\\]\n    -42.5 +-> \\[     -\\$42.50\\]\n    \\. +-> \\[         \\.  \\]\n$")
+  message(SEND_ERROR "xfmt describe DOLLAR12.2: exit ${rc} [${d}]")
+endif()
+execute_process(COMMAND ${XFMT} describe DATE9. OUTPUT_VARIABLE d)
+if(NOT d MATCHES "strftime pattern: %d%b%Y\n" OR NOT d MATCHES "2024-02-29 +-> \\[29FEB2024\\]")
+  message(SEND_ERROR "xfmt describe DATE9.: [${d}]")
+endif()
+execute_process(COMMAND ${XFMT} describe @DATE9. OUTPUT_VARIABLE d)
+if(NOT d MATCHES "'04JUL2023' +-> 23195\n")
+  message(SEND_ERROR "xfmt describe @DATE9.: [${d}]")
+endif()
+# Helpful errors.
+expect(1 "" "^xfmt: format 'REGION' is not known; did you mean \\$REGION.\\? \\(a \\$ format takes text\\)\n$"
+       --control ${CONTROL} put REGION. E)
+expect(1 "" "^xfmt: 'DOLLAR12,2' is not a format: the syntax is NAME w.d[^\n]*; did you mean DOLLAR12.2\\?\n$"
+       put DOLLAR12,2 1)
+expect(1 "" "^xfmt: format 'DOLAR' is not known; did you mean DOLLAR12.2 or DOLLARX12.2\\?\n$" put DOLAR12.2 1)
+file(READ ${CONTROL} control)
+string(REPLACE "<FMTNAME>AGEGRP</FMTNAME><START>LOW" "<FMTNAME>AGEGRP</FMTNAME><STRT>LOW" broken "${control}")
+file(WRITE ${WORK_DIR}/broken.xml "${broken}")
+string(FIND "${broken}" "<STRT>" at)
+string(SUBSTRING "${broken}" 0 ${at} before)
+string(REGEX MATCHALL "\n" lines "${before}")
+list(LENGTH lines line)
+math(EXPR line "${line} + 1")
+expect(1 "" "^xfmt: [^\n]*broken.xml:${line}: malformed XML[^\n]* \\(reading format 'AGEGRP'\\)\n$"
+       --control ${WORK_DIR}/broken.xml put AGEGRP. 15)
+# --version, help on every command, the man page and bash completion.
+expect(0 "xfmt ${VERSION}\n" "^$" --version)
+foreach(cmd put input list describe csv help)
+  foreach(flag -h --help)
+    execute_process(COMMAND ${XFMT} ${cmd} ${flag} RESULT_VARIABLE rc OUTPUT_VARIABLE help ERROR_VARIABLE err)
+    if(NOT rc EQUAL 0 OR NOT help MATCHES "^usage: xfmt " OR NOT err STREQUAL "")
+      message(SEND_ERROR "xfmt ${cmd} ${flag}: exit ${rc} [${help}] [${err}]")
+    endif()
+  endforeach()
+endforeach()
+# Every command and option the help names is in the man page.
+file(READ ${MANPAGE} man)
+string(REPLACE "\\-" "-" man "${man}")
+execute_process(COMMAND ${XFMT} --help OUTPUT_VARIABLE help)
+execute_process(COMMAND ${XFMT} csv --help OUTPUT_VARIABLE csv_help)
+execute_process(COMMAND ${XFMT} list --help OUTPUT_VARIABLE list_help)
+string(REGEX MATCHALL "--[a-z0-9-]+" options "${help}${csv_help}${list_help}")
+foreach(word put input list describe csv help ${options})
+  string(FIND "${man}" "${word}" at)
+  if(at EQUAL -1)
+    message(SEND_ERROR "the man page does not mention ${word}")
+  endif()
+endforeach()
+find_program(BASH bash)
+if(BASH)
+  file(WRITE ${WORK_DIR}/complete.sh "source '${COMPLETION}'
+xfmt() { '${XFMT}' \"\$@\"; }
+t() { COMP_WORDS=(\"\$@\"); COMP_CWORD=\$((\${#COMP_WORDS[@]}-1)); COMPREPLY=(); _xfmt; echo \"\${COMPREPLY[*]}\"; }
+t xfmt pu
+t xfmt put DOLL
+t xfmt put '\$UP'
+t xfmt input COMM
+t xfmt csv --ou
+t xfmt describe date9
+")
+  execute_process(COMMAND ${BASH} ${WORK_DIR}/complete.sh OUTPUT_VARIABLE completions RESULT_VARIABLE rc)
+  if(NOT rc EQUAL 0 OR NOT completions STREQUAL "put\nDOLLAR DOLLARX\n\\$UPCASE\nCOMMA COMMAX\n--output\n\n")
+    message(SEND_ERROR "bash completion: exit ${rc} [${completions}]")
+  endif()
+endif()

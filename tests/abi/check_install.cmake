@@ -4,7 +4,8 @@
 # through pkg-config. The archive's consumers must run without the shared
 # library on the loader's path.
 #   cmake -DBUILD_DIR=... -DWORK_DIR=... -DCONSUMER_DIR=... -DLIBDIR=lib
-#         -DCC=cc -DGENERATOR=Ninja [-DEXTRA_FLAGS=-fsanitize=...] -P check_install.cmake
+#         -DCC=cc -DGENERATOR=Ninja [-DEXTRA_FLAGS=-fsanitize=...]
+#         [-DEXTRA_INSTALLED=bin/xfmt;...] -P check_install.cmake
 # EXTRA_FLAGS carries the sanitizer flags of a sanitized build: an
 # instrumented library needs an instrumented program to load it.
 
@@ -51,6 +52,14 @@ foreach(t ${texts})
     message(FATAL_ERROR "${t} names the staging prefix ${staged}")
   endif()
 endforeach()
+
+# The command runs from the moved tree.
+if(EXISTS ${prefix}/bin/xfmt)
+  run(${prefix}/bin/xfmt put DOLLAR10.2 1234.5)
+  if(NOT last_output STREQUAL " $1,234.50\n")
+    message(FATAL_ERROR "installed xfmt printed [${last_output}]")
+  endif()
+endif()
 
 # find_package, C only.
 run(${CMAKE_COMMAND} -S ${CONSUMER_DIR} -B ${WORK_DIR}/cmake-consumer -G ${GENERATOR}
