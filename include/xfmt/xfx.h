@@ -246,7 +246,12 @@ XF_API size_t xfx_max_field_bytes(const xfx_conversion *conversion);
  * XF_E_CAPACITY. Texts out are UTF-8 whatever the routine writes
  * (Windows-1252 marks such as the euro sign, national text in the process
  * codeset, UTF-16 labels); XFX_BYTES layouts are written as raw bytes.
- * None of them allocates; they keep no state; thread safe. */
+ * An informat without a width in its specification reads each text whole
+ * (its length within the informat's limits), as the routine would with that
+ * width. Nothing is allocated per value: a column of a date format takes
+ * one table of the days it spans per call (freed before the call returns),
+ * so that each distinct day is converted once. They keep no state between
+ * calls; thread safe. */
 
 /* n fields of stride bytes at fields: field i starts at fields + i*stride,
  * holds the converted text as the routine laid it out (padding blanks
@@ -256,6 +261,15 @@ XF_API size_t xfx_max_field_bytes(const xfx_conversion *conversion);
 XF_API xfx_error xfx_convert_fixed(const xfx_conversion *conversion, size_t n, const double *values,
                                    const char *texts, const int64_t *text_offsets, uint32_t flags,
                                    char *fields, size_t stride, char pad, xf_status *statuses);
+
+/* As xfx_convert_fixed, but each field is stride code points (UTF-32 in
+ * the machine's byte order, the layout of NumPy's "U" arrays): field i
+ * starts at fields + i*stride and is filled up to stride with pad. A text
+ * of more than stride characters is the value's XFX_S_FIELD_SMALL.
+ * Allocates one work buffer per call. */
+XF_API xfx_error xfx_convert_fixed_utf32(const xfx_conversion *conversion, size_t n, const double *values,
+                                         const char *texts, const int64_t *text_offsets, uint32_t flags,
+                                         uint32_t *fields, size_t stride, uint32_t pad, xf_status *statuses);
 
 /* n texts without their leading and trailing blanks, one after the other in
  * data (capacity bytes), delimited by n + 1 offsets (offsets[0] = 0; text i

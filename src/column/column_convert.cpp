@@ -1,10 +1,13 @@
 // Whole-column conversion: n values per call into fixed-width fields, into
 // trimmed UTF-8 texts with offsets, or (numeric informats) into doubles.
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 
 #include "catalog/missing.hpp"
 #include "column/conversion.hpp"
+#include "column/fast_paths.hpp"
+#include "column/utf8_text.hpp"
 
 namespace xfmt::column {
 namespace {
@@ -26,27 +29,147 @@ bool numeric_informat(const xfx_conversion &c) {
   return (c.spec.flags & XFX_INFORMAT) && !(c.spec.flags & XFX_CHARACTER);
 }
 
-// Where value i comes from.
-struct column_input {
-  const xfx_conversion &c;
-  const double *values;
-  const char *texts;
-  const int64_t *offsets;
-  bool nan_missing;
-  unsigned char *scratch;  // text_scratch_bytes
+// n bytes (at most 64): two overlapping 8-byte moves for 8 to 16 bytes, the
+// usual date widths, instead of a call to memcpy.
+inline void copy_short(unsigned char *dst, const unsigned char *src, size_t n) {
+  if (n >= 8 && n <= 16) {
+    uint64_t a, b;
+    std::memcpy(&a, src, 8);
+    std::memcpy(&b, src + n - 8, 8);
+    std::memcpy(dst, &a, 8);
+    std::memcpy(dst + n - 8, &b, 8);
+  } else {
+    std::memcpy(dst, src, n);
+  }
+}
 
-  xf_status get(size_t i, double &number, value_input &in) const {
-    if (c.text_input) {
-      int64_t a = offsets[i], b = offsets[i + 1];
-      if (a < 0 || b < a) return XFX_S_BAD_UTF8;
-      return prepare_text(c, reinterpret_cast<const unsigned char *>(texts) + a, static_cast<size_t>(b - a),
-                          scratch, in);
+// A whole number of days within +-1e9 (a NaN fails the range test), tested
+// without a call to floor.
+inline bool whole_day(double v) {
+  if (!(v >= -1e9 && v <= 1e9)) return false;
+  return static_cast<double>(static_cast<int64_t>(v)) == v;
+}
+
+// Each distinct day of a date column converted once: a column of a million
+// dates rarely spans more than a few thousand days, and the text of a day is
+// the same every time (the date formats keep no state and read no clock).
+// One table per call, of the days between the column's first and last
+// whole-day values; values that are not whole days, or missing, go to the
+// routine as usual.
+class day_memo {
+ public:
+  day_memo() = default;
+  day_memo(const day_memo &) = delete;
+  day_memo &operator=(const day_memo &) = delete;
+  ~day_memo() { std::free(block_); }
+
+  void prepare(const xfx_conversion &c, const double *values, size_t n) {
+    constexpr size_t min_values = 64, max_days = size_t{1} << 18;
+    if (c.spec.family != XFX_FAMILY_DATE || c.route != route::windows_1252 || !c.ascii_only || c.text_input ||
+        c.spec.width < 1 || c.spec.width > 64 || n < min_values)
+      return;
+    double lo = 0, hi = -1;
+    for (size_t i = 0; i < n; ++i) {
+      double v = values[i];
+      if (!whole_day(v)) continue;
+      if (hi < lo) lo = hi = v;
+      else if (v < lo) lo = v;
+      else if (v > hi) hi = v;
     }
-    number = values[i];
-    if (nan_missing && std::isnan(number) && !is_missing(number)) number = missing_ordinary();
-    in = value_input{&number, sizeof number, XF_ENC_SINGLE_BYTE, c.spec.width};
+    if (hi < lo) return;
+    size_t days = static_cast<size_t>(hi - lo) + 1;
+    if (days > max_days || days > n) return;
+    width_ = static_cast<size_t>(c.spec.width);
+    // Per day: the text, its length, its status, and whether it is filled.
+    size_t per_day = width_ + sizeof(uint32_t) + sizeof(xf_status) + 1;
+    block_ = static_cast<unsigned char *>(std::calloc(days, per_day));
+    if (block_ == nullptr) return;
+    lengths_ = reinterpret_cast<uint32_t *>(block_);
+    statuses_ = reinterpret_cast<xf_status *>(block_ + days * sizeof(uint32_t));
+    filled_ = block_ + days * (sizeof(uint32_t) + sizeof(xf_status));
+    texts_ = filled_ + days;
+    lo_ = lo;
+    hi_ = hi;
+  }
+
+  // The text of value v when it is a whole day of the table (converted on
+  // first use through frame); false otherwise.
+  bool get(const xfx_conversion &c, xf_frame &frame, double v, unsigned char *out, size_t capacity, size_t &length,
+           xf_status &st) {
+    if (block_ == nullptr || !(v >= lo_ && v <= hi_) || capacity < width_ || !whole_day(v)) return false;
+    size_t k = static_cast<size_t>(v - lo_);
+    unsigned char *text = texts_ + k * width_;
+    if (!filled_[k]) {
+      value_input in{&v, sizeof v, XF_ENC_SINGLE_BYTE, c.spec.width};
+      size_t len = 0;
+      statuses_[k] = convert_one(c, frame, in, text, width_, len);
+      lengths_[k] = static_cast<uint32_t>(len);
+      filled_[k] = 1;
+    }
+    length = lengths_[k];
+    st = statuses_[k];
+    copy_short(out, text, length);
+    return true;
+  }
+
+ private:
+  unsigned char *block_ = nullptr;
+  uint32_t *lengths_ = nullptr;
+  xf_status *statuses_ = nullptr;
+  unsigned char *filled_ = nullptr;
+  unsigned char *texts_ = nullptr;
+  size_t width_ = 0;
+  double lo_ = 0, hi_ = -1;
+};
+
+// The values of one call and their conversion, one at a time.
+class column_runner {
+ public:
+  column_runner(const xfx_conversion &c, size_t n, const double *values, const char *texts, const int64_t *offsets,
+                uint32_t flags)
+      : c_(c), values_(values), texts_(texts), offsets_(offsets),
+        nan_missing_((flags & XFX_COL_NAN_MISSING) != 0), frame_(base_frame(c)) {
+    if (!c.text_input && !nan_missing_) memo_.prepare(c, values, n);
+  }
+
+  // The input of value i; XF_OK or an XFX_S_* status.
+  xf_status input(size_t i, value_input &in) {
+    if (c_.text_input) {
+      int64_t a = offsets_[i], b = offsets_[i + 1];
+      if (a < 0 || b < a) return XFX_S_BAD_UTF8;
+      return prepare_text(c_, reinterpret_cast<const unsigned char *>(texts_) + a, static_cast<size_t>(b - a),
+                          scratch_, in);
+    }
+    number_ = values_[i];
+    if (nan_missing_ && std::isnan(number_) && !is_missing(number_)) number_ = missing_ordinary();
+    in = value_input{&number_, sizeof number_, XF_ENC_SINGLE_BYTE, c_.spec.width};
     return XF_OK;
   }
+
+  // Converts value i (input already taken) into out.
+  xf_status convert(const value_input &in, unsigned char *out, size_t capacity, size_t &length) {
+    xf_status st;
+    if (c_.fast == kernel::fixed_number && capacity >= static_cast<size_t>(c_.spec.width) &&
+        fixed_fast(number_, c_.spec.width, c_.spec.decimals, reinterpret_cast<char *>(out))) {
+      length = static_cast<size_t>(c_.spec.width);
+      return XF_OK;
+    }
+    if (!c_.text_input && memo_.get(c_, frame_, number_, out, capacity, length, st)) return st;
+    return convert_one(c_, frame_, in, out, capacity, length);
+  }
+
+  xf_status read(const value_input &in, double &value) { return read_one(c_, frame_, in, value); }
+
+ private:
+  const xfx_conversion &c_;
+  const double *values_;
+  const char *texts_;
+  const int64_t *offsets_;
+  bool nan_missing_;
+  double number_ = 0;
+  xf_frame frame_;
+  day_memo memo_;
+  unsigned char scratch_[text_scratch_bytes];
 };
 
 // Leading and trailing blanks out of text[0..n): moves the rest to the front.
@@ -71,19 +194,60 @@ xfx_error xfx_convert_fixed(const xfx_conversion *conversion, size_t n, const do
   if (!inputs_ok(conversion, n, values, texts, text_offsets) || (n > 0 && fields == nullptr) ||
       numeric_informat(*conversion))
     return XFX_E_ARGUMENT;
-  unsigned char scratch[text_scratch_bytes];
-  column_input src{*conversion, values, texts, text_offsets, (flags & XFX_COL_NAN_MISSING) != 0, scratch};
+  column_runner run(*conversion, n, values, texts, text_offsets, flags);
   for (size_t i = 0; i < n; ++i) {
     auto *field = reinterpret_cast<unsigned char *>(fields) + i * stride;
-    double number;
     value_input in;
     size_t len = 0;
-    xf_status st = src.get(i, number, in);
-    if (st == XF_OK) st = convert_one(*conversion, in, field, stride, len);
+    xf_status st = run.input(i, in);
+    if (st == XF_OK) st = run.convert(in, field, stride, len);
     if (delivers_nothing(st)) len = 0;
     if (len < stride) std::memset(field + len, static_cast<unsigned char>(pad), stride - len);
     if (statuses != nullptr) statuses[i] = st;
   }
+  return XFX_OK;
+}
+
+xfx_error xfx_convert_fixed_utf32(const xfx_conversion *conversion, size_t n, const double *values,
+                                  const char *texts, const int64_t *text_offsets, uint32_t flags, uint32_t *fields,
+                                  size_t stride, uint32_t pad, xf_status *statuses) {
+  if (!inputs_ok(conversion, n, values, texts, text_offsets) || (n > 0 && fields == nullptr) ||
+      numeric_informat(*conversion))
+    return XFX_E_ARGUMENT;
+  size_t room = xfx_max_field_bytes(conversion);
+  auto *text = static_cast<unsigned char *>(std::malloc(room > 0 ? room : 1));
+  if (text == nullptr) return XFX_E_ARGUMENT;
+  column_runner run(*conversion, n, values, texts, text_offsets, flags);
+  for (size_t i = 0; i < n; ++i) {
+    uint32_t *field = fields + i * stride;
+    value_input in;
+    size_t len = 0, chars = 0;
+    xf_status st = run.input(i, in);
+    if (st == XF_OK) st = run.convert(in, text, room, len);
+    if (delivers_nothing(st)) len = 0;
+    if (conversion->route == route::bytes) {
+      // Raw bytes keep their values, one a position.
+      if (len > stride) st = XFX_S_FIELD_SMALL, len = 0;
+      for (; chars < len; ++chars) field[chars] = text[chars];
+    } else {
+      for (size_t k = 0; k < len;) {
+        if (text[k] < 0x80 && chars < stride) {  // ASCII: one byte, one position
+          field[chars++] = text[k++];
+          continue;
+        }
+        int32_t cp = next_code_point(text, len, k);
+        if (chars == stride || cp < 0) {
+          st = XFX_S_FIELD_SMALL;
+          chars = 0;
+          break;
+        }
+        field[chars++] = static_cast<uint32_t>(cp);
+      }
+    }
+    for (size_t k = chars; k < stride; ++k) field[k] = pad;
+    if (statuses != nullptr) statuses[i] = st;
+  }
+  std::free(text);
   return XFX_OK;
 }
 
@@ -94,18 +258,16 @@ xfx_error xfx_convert_strings(const xfx_conversion *conversion, size_t n, const 
   if (!inputs_ok(conversion, n, values, texts, text_offsets) || offsets == nullptr ||
       (capacity > 0 && data == nullptr) || numeric_informat(*conversion))
     return XFX_E_ARGUMENT;
-  unsigned char scratch[text_scratch_bytes];
-  column_input src{*conversion, values, texts, text_offsets, (flags & XFX_COL_NAN_MISSING) != 0, scratch};
+  column_runner run(*conversion, n, values, texts, text_offsets, flags);
   const bool terminate = (flags & XFX_COL_NUL_AFTER) != 0;
   const bool raw = conversion->route == route::bytes;
   auto *out = reinterpret_cast<unsigned char *>(data);
   size_t pos = 0;
   offsets[0] = 0;
   for (size_t i = 0; i < n; ++i) {
-    double number;
     value_input in;
     size_t len = 0, room = capacity - pos;
-    xf_status st = src.get(i, number, in);
+    xf_status st = run.input(i, in);
     if (st == XF_OK) {
       // The routine needs its whole width even when the trimmed text is
       // shorter; with less room the value waits for the next call.
@@ -113,7 +275,7 @@ xfx_error xfx_convert_strings(const xfx_conversion *conversion, size_t n, const 
         if (done != nullptr) *done = i;
         return XFX_E_CAPACITY;
       }
-      st = convert_one(*conversion, in, out + pos, room - (terminate ? 1 : 0), len);
+      st = run.convert(in, out + pos, room - (terminate ? 1 : 0), len);
       if (st == XFX_S_FIELD_SMALL) {
         if (done != nullptr) *done = i;
         return XFX_E_CAPACITY;
@@ -138,13 +300,29 @@ xfx_error xfx_convert_numbers(const xfx_conversion *conversion, size_t n, const 
   if (conversion == nullptr || !numeric_informat(*conversion) ||
       (n > 0 && (texts == nullptr || text_offsets == nullptr || values == nullptr)))
     return XFX_E_ARGUMENT;
-  unsigned char scratch[text_scratch_bytes];
-  column_input src{*conversion, nullptr, texts, text_offsets, false, scratch};
+  column_runner run(*conversion, n, nullptr, texts, text_offsets, 0);
+  const xfx_spec &s = conversion->spec;
+  const bool width_given = (s.flags & XFX_WIDTH_GIVEN) != 0;
   for (size_t i = 0; i < n; ++i) {
-    double number;
+    if (conversion->fast == kernel::plain_number) {
+      // The plain texts straight from the caller's bytes: the field is the
+      // text within the width (without one, the text itself within the
+      // informat's limits), as the routine reads it.
+      int64_t a = text_offsets[i], b = text_offsets[i + 1];
+      if (a >= 0 && b >= a) {
+        size_t len = static_cast<size_t>(b - a);
+        size_t w = width_given ? static_cast<size_t>(s.width)
+                               : (len < s.min_width ? s.min_width : len > s.max_width ? s.max_width : len);
+        if (w >= 1 && plain_number_fast(reinterpret_cast<const unsigned char *>(texts) + a, len < w ? len : w,
+                                        s.decimals, values[i])) {
+          if (statuses != nullptr) statuses[i] = XF_OK;
+          continue;
+        }
+      }
+    }
     value_input in;
-    xf_status st = src.get(i, number, in);
-    if (st == XF_OK) st = read_one(*conversion, in, values[i]);
+    xf_status st = run.input(i, in);
+    if (st == XF_OK) st = run.read(in, values[i]);
     else values[i] = xfmt::missing_ordinary();
     if (statuses != nullptr) statuses[i] = st;
   }

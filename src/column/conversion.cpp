@@ -74,6 +74,30 @@ xf_status expand_field(unsigned char *out, size_t n, size_t capacity, size_t &le
   return st;
 }
 
+// Eight bytes at a time: no byte has its high bit set.
+bool is_ascii(const unsigned char *p, size_t n) {
+  size_t i = 0;
+  for (; i + 8 <= n; i += 8) {
+    uint64_t w;
+    std::memcpy(&w, p + i, 8);
+    if (w & 0x8080808080808080ull) return false;
+  }
+  for (; i < n; ++i)
+    if (p[i] & 0x80) return false;
+  return true;
+}
+
+// The width of a text value: the conversion's, or for an informat without a
+// width the text's own length within the informat's limits (it reads the
+// whole text).
+void set_width(const xfx_conversion &c, value_input &in, size_t chars) {
+  in.width = c.spec.width;
+  if ((c.spec.flags & XFX_INFORMAT) && !(c.spec.flags & XFX_WIDTH_GIVEN)) {
+    size_t w = chars < c.spec.min_width ? c.spec.min_width : chars > c.spec.max_width ? c.spec.max_width : chars;
+    in.width = static_cast<int32_t>(w);
+  }
+}
+
 bool wrote_nothing(xf_status st) { return st == XF_E_CAPACITY || st == XF_E_NOT_BUILT || st == XF_E_NULL_ARGUMENT; }
 
 }  // namespace
@@ -91,6 +115,10 @@ xfx_error open_conversion(const xfx_spec &spec, void *context, uint32_t locale_i
     return e;
   }
   c->ascii_only = writes_ascii_only(spec, c->route);
+  if (c->routine == zfmt && spec.width >= 2 && spec.width <= 32 && spec.decimals >= 1 && spec.decimals <= 9)
+    c->fast = kernel::fixed_number;
+  else if (c->routine == wzifmn && spec.decimals >= 0 && spec.decimals <= 22)
+    c->fast = kernel::plain_number;
   out = c;
   return XFX_OK;
 }
@@ -101,15 +129,21 @@ void close_conversion(xfx_conversion *c) {
   delete c;
 }
 
-xf_status convert_one(const xfx_conversion &c, const value_input &in, unsigned char *out, size_t capacity,
-                      size_t &length) {
+xf_frame base_frame(const xfx_conversion &c) {
   xf_frame f{};
+  f.width = c.spec.width;
+  f.decimals = c.spec.decimals;
+  f.option_word = c.option_word;
+  return f;
+}
+
+xf_status convert_one(const xfx_conversion &c, xf_frame &f, const value_input &in, unsigned char *out,
+                      size_t capacity, size_t &length) {
   f.width = in.width;
   f.decimals = c.spec.decimals;
   f.input = in.data;
   f.input_length = in.length;
   f.input_encoding = in.encoding;
-  f.option_word = c.option_word;
   uint32_t cap32 = capacity > UINT32_MAX ? UINT32_MAX : static_cast<uint32_t>(capacity);
   length = 0;
   switch (c.route) {
@@ -131,6 +165,7 @@ xf_status convert_one(const xfx_conversion &c, const value_input &in, unsigned c
       f.output = wide;
       f.output_capacity = sizeof wide;
       f.requested_output_encoding = XF_ENC_UTF16LE;
+      f.output_encoding = 0;
       xf_status st = c.routine(&f);
       if (wrote_nothing(st)) return st;
       size_t n = f.output_length < sizeof wide ? f.output_length : sizeof wide;
@@ -150,6 +185,8 @@ xf_status convert_one(const xfx_conversion &c, const value_input &in, unsigned c
       unsigned char labels[label_scratch_bytes];
       f.output = labels;
       f.output_capacity = sizeof labels;
+      f.requested_output_encoding = 0;
+      f.output_encoding = 0;
       xf_status st = xffmt(&f, c.user_handle);
       if (wrote_nothing(st)) return st;
       size_t n = f.output_length < sizeof labels ? f.output_length : sizeof labels;
@@ -166,14 +203,18 @@ xf_status convert_one(const xfx_conversion &c, const value_input &in, unsigned c
   return XF_E_NOT_BUILT;
 }
 
-xf_status read_one(const xfx_conversion &c, const value_input &in, double &value) {
-  xf_frame f{};
+xf_status convert_one(const xfx_conversion &c, const value_input &in, unsigned char *out, size_t capacity,
+                      size_t &length) {
+  xf_frame f = base_frame(c);
+  return convert_one(c, f, in, out, capacity, length);
+}
+
+xf_status read_one(const xfx_conversion &c, xf_frame &f, const value_input &in, double &value) {
   f.width = in.width;
   f.decimals = c.spec.decimals;
   f.input = in.data;
   f.input_length = in.length;
   f.input_encoding = in.encoding;
-  f.option_word = c.option_word;
   f.output = &value;
   f.output_capacity = sizeof value;
   value = missing_ordinary();
@@ -181,20 +222,29 @@ xf_status read_one(const xfx_conversion &c, const value_input &in, double &value
   return c.routine(&f);
 }
 
+xf_status read_one(const xfx_conversion &c, const value_input &in, double &value) {
+  xf_frame f = base_frame(c);
+  return read_one(c, f, in, value);
+}
+
 xf_status prepare_text(const xfx_conversion &c, const unsigned char *text, size_t n, unsigned char *scratch,
                        value_input &in) {
   size_t written = 0;
   text_result r;
+  if (c.route == route::bytes || (c.route != route::user && is_ascii(text, n))) {
+    // Bytes as they are, and ASCII, which is the same in Windows-1252: the
+    // routine reads the caller's text in place.
+    in.data = text;
+    in.length = static_cast<uint32_t>(n > UINT32_MAX ? UINT32_MAX : n);
+    in.encoding = XF_ENC_SINGLE_BYTE;
+    set_width(c, in, in.length);
+    return XF_OK;
+  }
   if (c.route == route::user && (c.spec.flags & XFX_CHARACTER)) {
     size_t units = 0;
     r = utf8_to_utf16(text, n, reinterpret_cast<uint16_t *>(scratch), text_scratch_bytes / 2, units);
     written = units * 2;
     in.encoding = XF_ENC_UTF16LE;
-  } else if (c.route == route::bytes) {
-    r = n <= text_scratch_bytes ? text_result::ok : text_result::too_long;
-    written = r == text_result::ok ? n : 0;
-    if (written != 0) std::memcpy(scratch, text, n);
-    in.encoding = XF_ENC_SINGLE_BYTE;
   } else {
     r = utf8_to_1252(text, n, scratch, text_scratch_bytes, written);
     in.encoding = XF_ENC_SINGLE_BYTE;
@@ -205,13 +255,7 @@ xf_status prepare_text(const xfx_conversion &c, const unsigned char *text, size_
   if (r == text_result::bad_utf8) return XFX_S_BAD_UTF8;
   in.data = scratch;
   in.length = static_cast<uint32_t>(written);
-  in.width = c.spec.width;
-  if ((c.spec.flags & XFX_INFORMAT) && !(c.spec.flags & XFX_WIDTH_GIVEN)) {
-    // Without a width an informat reads the whole text, within its limits.
-    size_t chars = in.encoding == XF_ENC_UTF16LE ? written / 2 : written;
-    size_t w = chars < c.spec.min_width ? c.spec.min_width : chars > c.spec.max_width ? c.spec.max_width : chars;
-    in.width = static_cast<int32_t>(w);
-  }
+  set_width(c, in, in.encoding == XF_ENC_UTF16LE ? written / 2 : written);
   return XF_OK;
 }
 
