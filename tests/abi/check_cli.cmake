@@ -2,6 +2,7 @@
 # with a non-zero exit status, and nothing half printed.
 #   cmake -DXFMT=path/to/xfmt -DSAMPLE=examples/sample.csv -DWORK_DIR=scratch -P check_cli.cmake
 
+get_filename_component(XFMT "${XFMT}" ABSOLUTE)
 # A UTF-8 terminal unless a case names another encoding.
 set(ENV{LC_ALL} C.UTF-8)
 unset(ENV{LANG})
@@ -287,5 +288,13 @@ t xfmt describe date9
   execute_process(COMMAND ${BASH} ${WORK_DIR}/complete.sh OUTPUT_VARIABLE completions RESULT_VARIABLE rc)
   if(NOT rc EQUAL 0 OR NOT completions STREQUAL "put\nDOLLAR DOLLARX\n\\$UPCASE\nCOMMA COMMAX\n--output\n\n")
     message(SEND_ERROR "bash completion: exit ${rc} [${completions}]")
+  endif()
+endif()
+# The man page renders without a warning.
+find_program(GROFF groff)
+if(GROFF)
+  execute_process(COMMAND ${GROFF} -man -Tutf8 -ww ${MANPAGE} RESULT_VARIABLE rc OUTPUT_QUIET ERROR_VARIABLE err)
+  if(NOT rc EQUAL 0 OR NOT err STREQUAL "")
+    message(SEND_ERROR "groff warns about ${MANPAGE}: ${err}")
   endif()
 endif()

@@ -253,11 +253,12 @@ int cmd_csv(const std::vector<std::string> &args, const run_options &given) {
   while ((r = reader.next(cells)) == csv_reader::result::record) {
     ++rows;
     meter.tick(rows, reader.bytes_read());
-    const std::string at = where + ":" + std::to_string(reader.line()) + ": ";
+    // Where a message points: "FILE:LINE: ", made only when one is written.
+    auto at = [&] { return where + ":" + std::to_string(reader.line()) + ": "; };
     // A blank line is a row of blank cells: missing numbers, empty texts.
     const bool blank_row = reader.blank_line();
     if (!blank_row && cells.size() != cols.size()) {
-      std::string msg = at + std::to_string(cells.size()) + " fields where the header names " +
+      std::string msg = at() + std::to_string(cells.size()) + " fields where the header names " +
                         std::to_string(cols.size());
       if (cells.size() > cols.size()) msg += "; the first extra field is " + quoted(cells[cols.size()]);
       if (!o.keep_going) {
@@ -296,7 +297,7 @@ int cmd_csv(const std::vector<std::string> &args, const run_options &given) {
         }
       }
       if (!good) {
-        std::string msg = at + "column " + std::to_string(i + 1) + " (" + col.heading + "): " + error;
+        std::string msg = at() + "column " + std::to_string(i + 1) + " (" + col.heading + "): " + error;
         meter.clear();
         if (!o.keep_going) return fail(msg);
         fail(msg);

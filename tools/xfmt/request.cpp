@@ -71,12 +71,14 @@ std::optional<conversion> conversion::make(std::string_view text, bool informat,
   c.width_ = spec.width;
   c.decimals_ = spec.decimals;
   c.writes_bytes_ = !informat && (spec.flags & XFX_BYTES) != 0;
+  c.wide_output_ = !c.writes_bytes_ && (c.is_user_defined() || std::strcmp(spec.module, "JAZWFNLS") == 0);
   return c;
 }
 
 conversion::conversion(conversion &&o) noexcept
     : text_(std::move(o.text_)), name_(std::move(o.name_)), spec_(o.spec_), width_(o.width_), decimals_(o.decimals_),
-      explicit_width_(o.explicit_width_), writes_bytes_(o.writes_bytes_), handle_(o.handle_),
+      explicit_width_(o.explicit_width_), writes_bytes_(o.writes_bytes_), wide_output_(o.wide_output_),
+      handle_(o.handle_),
       storage_(std::move(o.storage_)), opt_(o.opt_) {
   std::memcpy(block_, o.block_, sizeof block_);
   o.handle_ = nullptr;
@@ -103,7 +105,7 @@ bool conversion::is_built() const {
 }
 
 bool conversion::routine_text(std::string_view value, std::string &bytes, std::string &error) const {
-  std::u32string chars;
+  std::u32string &chars = chars_;
   const terminal_encoding &from = opt_.input ? *opt_.input : *opt_.terminal;
   if (!from.decode(value, chars, error)) return false;
   bytes.clear();
@@ -139,7 +141,7 @@ void conversion::output_text(const xf_frame &f, std::string_view out, std::u32st
 
 bool conversion::put(std::string_view value, shown_field &field, xf_status &status, std::string &error) const {
   double number = 0;
-  std::string input;
+  std::string &input = input_buffer_;
   xf_frame f{};
   if (is_character()) {
     if (!routine_text(value, input, error)) return false;
@@ -166,13 +168,14 @@ bool conversion::put(std::string_view value, shown_field &field, xf_status &stat
   }
   // Room for UTF-16 and for the routines that write past w (never more than
   // a few positions).
-  std::vector<char> out(static_cast<size_t>(width_) * 4 + 64);
+  std::string &out = output_buffer_;
+  out.resize(static_cast<size_t>(width_) * 4 + 64);
   f.output = out.data();
   f.output_capacity = static_cast<uint32_t>(out.size());
   f.width = width_;
   f.decimals = decimals_;
   f.option_word = opt_.locale_id & XF_OPT_LOCALE_MASK;
-  f.requested_output_encoding = writes_bytes_ ? 0 : XF_ENC_UTF16LE;
+  f.requested_output_encoding = wide_output_ ? XF_ENC_UTF16LE : 0;
   status = xffmt(&f, handle_);
   if (status == XF_E_NOT_BUILT) {
     error = name_ + " is not built in this library yet";
@@ -186,7 +189,17 @@ bool conversion::put(std::string_view value, shown_field &field, xf_status &stat
     field.positions = n;
     return true;
   }
-  std::u32string text;
+  if (!opt_.utf16 && opt_.terminal->is_utf8() && f.output_encoding != XF_ENC_UTF16LE) {
+    // Plain ASCII, the common case, is the same bytes in UTF-8.
+    bool ascii = true;
+    for (char ch : written) ascii = ascii && static_cast<unsigned char>(ch) < 0x80;
+    if (ascii) {
+      field.bytes.assign(written);
+      field.positions = n;
+      return true;
+    }
+  }
+  std::u32string &text = chars_;
   output_text(f, written, text);
   field.positions = text.size();
   if (opt_.utf16) {

@@ -86,6 +86,9 @@ class conversion {
   int32_t width_ = 0, decimals_ = 0;
   bool explicit_width_ = false;
   bool writes_bytes_ = false;
+  // The output is asked for as UTF-16 (national formats and user-defined
+  // labels, whose text is not Windows-1252); the others write Windows-1252.
+  bool wide_output_ = false;
   uint16_t block_[8] = {};
   void *handle_ = nullptr;
   // Every conversion resolves into storage the command owns (a refreshed
@@ -93,6 +96,10 @@ class conversion {
   // user-defined character format can read UTF-16 input.
   std::unique_ptr<xf_user_handle> storage_;
   run_options opt_;
+  // Work buffers of put, kept between values so that a long CSV file does
+  // not allocate per cell; a conversion is used by one thread.
+  mutable std::string input_buffer_, output_buffer_;
+  mutable std::u32string chars_;
 };
 
 // Reads a numeric value: a decimal number (locale-independent) or ".",

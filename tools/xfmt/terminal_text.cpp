@@ -74,7 +74,7 @@ bool terminal_encoding::decode(std::string_view bytes, std::u32string &out, std:
     size_t rc = iconv(from_, &in, &in_left, &o, &o_left);
     for (char *p = buf; p + 4 <= o; p += 4) {
       auto b = reinterpret_cast<const unsigned char *>(p);
-      out += static_cast<char32_t>(b[0] | b[1] << 8 | b[2] << 16 | static_cast<uint32_t>(b[3]) << 24);
+      out += static_cast<char32_t>(uint32_t{b[0]} | uint32_t{b[1]} << 8 | uint32_t{b[2]} << 16 | uint32_t{b[3]} << 24);
     }
     if (rc == static_cast<size_t>(-1) && errno != E2BIG) {
       size_t at = bytes.size() - in_left;
@@ -197,9 +197,9 @@ void utf16le_decode(std::string_view bytes, std::u32string &out) {
   const auto *s = reinterpret_cast<const unsigned char *>(bytes.data());
   size_t units = bytes.size() / 2;
   for (size_t i = 0; i < units; ++i) {
-    char32_t u = s[2 * i] | s[2 * i + 1] << 8;
+    char32_t u = char32_t{s[2 * i]} | char32_t{s[2 * i + 1]} << 8;
     if (u >= 0xD800 && u < 0xDC00 && i + 1 < units) {
-      char32_t v = s[2 * i + 2] | s[2 * i + 3] << 8;
+      char32_t v = char32_t{s[2 * i + 2]} | char32_t{s[2 * i + 3]} << 8;
       if (v >= 0xDC00 && v < 0xE000) {
         out += 0x10000 + ((u - 0xD800) << 10) + (v - 0xDC00);
         ++i;
