@@ -298,3 +298,19 @@ if(GROFF)
     message(SEND_ERROR "groff warns about ${MANPAGE}: ${err}")
   endif()
 endif()
+# The progress line: on a terminal only (script gives stderr one), shown
+# after XFMT_PROGRESS_AFTER seconds (0 here, so no timing is involved) and
+# cleared at the end; the rows themselves go to the file.
+find_program(SCRIPT script)
+if(SCRIPT)
+  file(WRITE ${WORK_DIR}/rows.csv "F4.\n")
+  string(REPEAT "1\n" 3000 rows)
+  file(APPEND ${WORK_DIR}/rows.csv "${rows}")
+  execute_process(COMMAND ${SCRIPT} -qec "XFMT_PROGRESS_AFTER=0 '${XFMT}' csv '${WORK_DIR}/rows.csv' > '${WORK_DIR}/rows.out'" /dev/null
+                  RESULT_VARIABLE rc OUTPUT_VARIABLE tty)
+  file(STRINGS ${WORK_DIR}/rows.out written)
+  list(LENGTH written n)
+  if(NOT rc EQUAL 0 OR NOT n EQUAL 3002 OR NOT tty MATCHES "\rxfmt: 1024 rows,  [0-9][0-9]%" OR NOT tty MATCHES "\r +\r$")
+    message(SEND_ERROR "progress line: exit ${rc}, ${n} lines written, terminal [${tty}]")
+  endif()
+endif()

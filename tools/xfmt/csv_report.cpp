@@ -8,6 +8,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>  // getenv, atol: the progress line's delay
 #include <cstring>
 
 #include "commands.hpp"
@@ -97,14 +98,16 @@ std::string cell_text(const std::string &field, bool character) {
 // A progress line on stderr for long runs, only when stderr is a terminal.
 class progress {
  public:
+  // XFMT_PROGRESS_AFTER: seconds of work before the line shows (default 2).
   explicit progress(std::FILE *in) : on_(isatty(2) != 0), start_(clock::now()), last_(start_) {
     struct stat st {};
     if (in != nullptr && fstat(fileno(in), &st) == 0 && S_ISREG(st.st_mode)) size_ = static_cast<uint64_t>(st.st_size);
+    if (const char *e = std::getenv("XFMT_PROGRESS_AFTER")) after_ = std::chrono::milliseconds(std::atol(e) * 1000);
   }
   void tick(uint64_t rows, uint64_t bytes) {
     if (!on_ || (rows & 1023) != 0) return;
     auto now = clock::now();
-    if (now - start_ < std::chrono::seconds(2) || now - last_ < std::chrono::milliseconds(250)) return;
+    if (now - start_ < after_ || (shown_ && now - last_ < std::chrono::milliseconds(250))) return;
     last_ = now;
     shown_ = true;
     if (size_ > 0)
@@ -123,6 +126,7 @@ class progress {
   using clock = std::chrono::steady_clock;
   bool on_, shown_ = false;
   clock::time_point start_, last_;
+  std::chrono::milliseconds after_{2000};
   uint64_t size_ = 0;
 };
 
