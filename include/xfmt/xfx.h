@@ -3,7 +3,7 @@
  *
  * A second public header beside xfmt.h, for hosts that take conversions from
  * data (a format name such as "DATETIME22.3" in a file's metadata) and convert
- * whole columns: specifications as records, the catalog as data with a
+ * whole columns: written formats as records, the catalog as data with a
  * description and a computed example per name, missing-value helpers, the
  * strftime pattern of a layout, and conversion of n values per call with UTF-8
  * text in and out. C99 and C++ clean; every XF_API name is exported from
@@ -24,7 +24,7 @@ extern "C" {
 #endif
 
 /* ======================================================================
- * Format specifications as data
+ * Written formats as data
  * ====================================================================== */
 
 /* Value family: what the stored value means, so that a host can build the
@@ -42,7 +42,7 @@ extern "C" {
 #define XFX_FAMILY_NATIONAL   10u  /* a month, quarter or weekday number shown as a
                                     * word of the locale's language (NLSTRMON, ...) */
 
-/* Flags of a specification. */
+/* Flags of a written format. */
 #define XFX_INFORMAT        0x001u  /* text to value (the catalog's "@" names) */
 #define XFX_CHARACTER       0x002u  /* the value is text (a "$" name) */
 #define XFX_NATIONAL        0x004u  /* the text depends on the locale */
@@ -55,7 +55,7 @@ extern "C" {
 #define XFX_BYTES           0x200u  /* the format writes (the informat reads) raw bytes,
                                      * not text: IB, PD, RB, $EBCDIC, ... */
 
-/* A specification as a record. */
+/* A written format ("DATE9.", "@COMMA12.2") as a record. */
 typedef struct xfx_spec {
     char     name[40];          /*   0  upper case, NUL-terminated, without the "@" of an
                                  *      informat; "$" and "$F" give "$CHAR" */
@@ -90,7 +90,7 @@ typedef int32_t xfx_error;
 /* Options of xfx_parse_spec. */
 #define XFX_PARSE_INFORMAT   1u  /* read the name as an informat even without "@" */
 
-/* Parses a specification as people write it: optional blanks, an optional
+/* Parses a format as people write it: optional blanks, an optional
  * "@" (informat), the name (letters, digits, "_", a leading "$"; any case),
  * an optional width, then optionally "." and optional decimals:
  * "DATETIME22.3", "$CHAR10.", "BEST.", "BEST", "@COMMA12.", "date9.", "$10."
@@ -111,7 +111,7 @@ XF_API xfx_error xfx_parse_spec(const char *text, size_t length, uint32_t option
  * string, never NULL ("unknown error" for other values). */
 XF_API const char *xfx_error_text(xfx_error error);
 
-/* A one-line message about error for the specification text (length bytes)
+/* A one-line message about error for the written format (length bytes)
  * and the record xfx_parse_spec filled (may be NULL), such as
  * "width 40 is outside the limits of F (1 to 32)". Writes at most
  * capacity - 1 bytes and a terminating NUL (capacity 0: nothing); returns
@@ -119,7 +119,7 @@ XF_API const char *xfx_error_text(xfx_error error);
 XF_API size_t xfx_error_message(xfx_error error, const char *text, size_t length,
                                 const xfx_spec *spec, char *out, size_t capacity);
 
-/* The specification written back: "@" for an informat, the name, the width,
+/* The record written back: "@" for an informat, the name, the width,
  * "." and the decimals when they are not zero ("DATETIME22.3", "DATE9.",
  * "@COMMA12.2"). Same output rules and return value as xfx_error_message. */
 XF_API size_t xfx_spec_text(const xfx_spec *spec, char *out, size_t capacity);
@@ -131,7 +131,7 @@ XF_API size_t xfx_spec_text(const xfx_spec *spec, char *out, size_t capacity);
 typedef struct xfx_catalog_entry {
     xfx_spec  spec;                /*   0  width and decimals: the example's */
     char      description[120];    /* 116  one line, English, NUL-terminated */
-    char      example_spec[48];    /* 236  the specification the example used */
+    char      example_spec[48];    /* 236  the written format the example used */
     char      example_value[64];   /* 284  a format: the value (a number as text, ".A",
                                     *      or the text of a "$" format); an informat:
                                     *      the text it read */
@@ -148,15 +148,17 @@ typedef struct xfx_catalog_entry {
 XF_API uint32_t xfx_catalog_count(void);
 
 /* Fills *entry for entry index (0 <= index < xfx_catalog_count()), in the
- * order of the possible-format table. The example converts a value chosen by
- * the family at the default width (a "$" format: wide enough for its text;
- * an informat: the text of the matching format, read at its own length) in
- * the C locale of the library (locale id 0 with ZAV_LOCALE as it is).
- * Returns XFX_OK or XFX_E_ARGUMENT. Allocates nothing that outlives the
- * call; thread safe. */
+ * order of the possible-format table, then the intrinsic names. The example
+ * converts a value chosen by the family (2023-07-04, 12:34:56, 1234.5678,
+ * "Hello", ...) at the default width, doubled while the field shows only
+ * stars; a "$" format gets a width its text fits; an informat reads the
+ * text its format writes (or a usual text of its family) at the text's
+ * length. National names convert in the locale ZAV_LOCALE names, and every
+ * example output is UTF-8. Returns XFX_OK or XFX_E_ARGUMENT. Allocates
+ * nothing that outlives the call; thread safe. */
 XF_API xfx_error xfx_catalog_entry_at(uint32_t index, xfx_catalog_entry *entry);
 
-/* The one-line description of a specification (what xfx_catalog_entry_at
+/* The one-line description of a record (what xfx_catalog_entry_at
  * gives for its name); same output rules and return value as
  * xfx_error_message. */
 XF_API size_t xfx_describe(const xfx_spec *spec, char *out, size_t capacity);
@@ -178,14 +180,16 @@ XF_API int xfx_is_missing(double value);
 
 /* --- strftime patterns ------------------------------------------------- */
 
-/* The strftime pattern that writes the same text as the specification, up
+/* The strftime pattern that writes the same text as the format, up
  * to letter case and the field's padding blanks ("DATE9." gives "%d%b%Y",
- * "E8601DT19." "%Y-%m-%dT%H:%M:%S", "TIME8." "%k:%M:%S"), for a built date,
- * time or datetime format that is not national. The pattern is found by
- * formatting probe values and proved on others. Returns the length (output
- * rules of xfx_error_message), or 0 when no pattern writes the same text
- * (unpadded numbers other than hours, fractions of a second, quarters, week
- * numbers, eras, ...) or spec is NULL. */
+ * "E8601DT19." "%Y-%m-%dT%H:%M:%S", "TIME8." "%k:%M:%S", "TIMEAMPM11."
+ * "%l:%M:%S %p"), for a built date, time or datetime format that is not
+ * national. The pattern is read off the format's text for a probe moment
+ * and kept only when it writes the format's text for moments through every
+ * month and weekday. Returns the length (output rules of
+ * xfx_error_message), or 0 when no pattern writes the same text (unpadded
+ * days and months, fractions of a second, quarters, week numbers, eras,
+ * names shortened to fit, ...) or spec is NULL. */
 XF_API size_t xfx_strftime_pattern(const xfx_spec *spec, char *out, size_t capacity);
 
 /* ======================================================================
@@ -196,7 +200,7 @@ XF_API size_t xfx_strftime_pattern(const xfx_spec *spec, char *out, size_t capac
  * any number of threads may convert through one conversion at once. */
 typedef struct xfx_conversion xfx_conversion;
 
-/* Opens the conversion of a written specification (the text and options of
+/* Opens the conversion of a written format (the text and options of
  * xfx_parse_spec; context as there) for locale_id (the national-language
  * conversions: 1-136, 0 the process locale chosen through ZAV_LOCALE).
  * Returns XFX_OK and *conversion, or an error of xfx_parse_spec,
@@ -210,7 +214,7 @@ XF_API xfx_error xfx_open(const char *text, size_t length, uint32_t options, uin
 /* Releases a conversion (NULL: nothing). */
 XF_API void xfx_close(xfx_conversion *conversion);
 
-/* The specification of an open conversion (valid until xfx_close). */
+/* The record of an open conversion (valid until xfx_close). */
 XF_API const xfx_spec *xfx_conversion_spec(const xfx_conversion *conversion);
 
 /* The most bytes one converted value can take as UTF-8 (text layouts), or
@@ -230,11 +234,17 @@ XF_API size_t xfx_max_field_bytes(const xfx_conversion *conversion);
 #define XFX_S_BAD_UTF8        0x8001DA02u /* the input text is not valid UTF-8 */
 #define XFX_S_FIELD_SMALL     0x8001DA03u /* the UTF-8 text is longer than the stride */
 
+/* A short English text of any status a conversion or a column function
+ * returns ("number does not fit the width", "the text is not valid UTF-8");
+ * an unknown value gives "status 0x...." from a buffer of the calling
+ * thread. Never NULL. */
+XF_API const char *xfx_status_text(xf_status status);
+
 /* The inputs of the column functions: n values, either doubles (values) or
  * UTF-8 texts (texts, with n + 1 offsets: text i is bytes text_offsets[i]
- * up to text_offsets[i + 1], Arrow's layout). A conversion whose value is
- * text (XFX_CHARACTER, or an informat) takes texts, any other doubles; the
- * other pointer is ignored and may be NULL. Texts are converted from UTF-8
+ * up to text_offsets[i + 1]: the layout of Arrow's large strings). A
+ * conversion whose value is text (XFX_CHARACTER, or an informat) takes
+ * texts, any other doubles; the other pointer is ignored and may be NULL. Texts are converted from UTF-8
  * to what the routine reads (Windows-1252 for catalogued conversions, the
  * library's UTF-16 for user-defined character formats, bytes as they are for
  * XFX_BYTES informats); a character that has no place there is the value's
@@ -246,7 +256,7 @@ XF_API size_t xfx_max_field_bytes(const xfx_conversion *conversion);
  * XF_E_CAPACITY. Texts out are UTF-8 whatever the routine writes
  * (Windows-1252 marks such as the euro sign, national text in the process
  * codeset, UTF-16 labels); XFX_BYTES layouts are written as raw bytes.
- * An informat without a width in its specification reads each text whole
+ * An informat written without a width reads each text whole
  * (its length within the informat's limits), as the routine would with that
  * width. Nothing is allocated per value: a column of a date format takes
  * one table of the days it spans per call (freed before the call returns),

@@ -1,4 +1,4 @@
-"""Specifications as records and the catalog as data."""
+"""Written formats as records and the catalog as data."""
 
 import pytest
 
@@ -86,3 +86,15 @@ def test_catalog_examples_are_what_the_conversions_write():
     assert checked > 150
     names = {(e.spec.name, e.spec.informat) for e in entries}
     assert ("DATE", False) in names and ("COMMA", True) in names
+
+
+def test_docstring_examples():
+    import doctest
+
+    import xfmt.convert
+    import xfmt.formats
+    import xfmt.spec
+
+    for module in (xfmt, xfmt.spec, xfmt.convert, xfmt.formats):
+        failed, attempted = doctest.testmod(module)
+        assert failed == 0, module.__name__

@@ -99,6 +99,7 @@ _PROTOTYPES = {
     "xfx_convert_fixed_utf32": (_I32, [_P, _SZ, _P, _P, _P, _U32, _P, _SZ, _U32, _P]),
     "xfx_convert_strings": (_I32, [_P, _SZ, _P, _P, _P, _U32, _P, _SZ, _P, _P, ctypes.POINTER(_SZ)]),
     "xfx_convert_numbers": (_I32, [_P, _SZ, _P, _P, _P, _P]),
+    "xfx_status_text": (ctypes.c_char_p, [_U32]),
     "LocnameToID": (_U32, [ctypes.c_char_p, _U32, ctypes.POINTER(_U32)]),
 }
 

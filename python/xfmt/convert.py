@@ -213,7 +213,10 @@ class Formatter:
 
     def __del__(self):
         if getattr(self, "_handle", None):
-            self.close()
+            try:
+                self.close()
+            except Exception:  # interpreter shutdown: the library may be gone already
+                pass
 
     def __repr__(self):
         return "Formatter(%r)" % (self.spec.text,)
@@ -274,8 +277,8 @@ class Formatter:
                 return
             i = bad[0]
         s = statuses[i]
-        raise ConversionError("value %d: %s (%s)" % (i, _COLUMN_STATUSES.get(s, "status 0x%X" % s),
-                                                     self.spec.text), i, s)
+        text = self._lib.xfx_status_text(s).decode("utf-8", "replace")
+        raise ConversionError("value %d: %s (%s)" % (i, text, self.spec.text), i, s)
 
     def _fixed(self, n, args, dtype, errors):
         if _np is None:
@@ -314,9 +317,7 @@ class Formatter:
         done = ctypes.c_size_t(0)
         result = []
         start = 0
-        while start < n or (n == 0 and not result):
-            if n == 0:
-                break
+        while start < n:
             v = values + start * 8 if values is not None else None
             o = offsets + start * 8 if offsets is not None else None
             code = self._lib.xfx_convert_strings(self._handle, n - start, v, data, o,

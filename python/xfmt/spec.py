@@ -1,4 +1,4 @@
-"""Format specifications as records: :func:`parse_spec` and :func:`catalog`."""
+"""Written formats as records: :func:`parse_spec` and :func:`catalog`."""
 
 import ctypes
 import functools
@@ -17,7 +17,7 @@ ERRORS = {1: "syntax", 2: "unknown_name", 3: "width", 4: "decimals", 5: "argumen
 
 
 class SpecError(ValueError):
-    """A specification that cannot be used. ``code`` names the error:
+    """A written format that cannot be used. ``code`` names the error:
     "syntax", "unknown_name", "width", "decimals" or "not_built"."""
 
     def __init__(self, message, code):
@@ -59,7 +59,7 @@ class FormatSpec:
 
     @property
     def text(self):
-        """The specification written back: "DATETIME22.3", "@COMMA12.2"."""
+        """The record written back: "DATETIME22.3", "@COMMA12.2"."""
         d = str(self.decimals) if self.decimals else ""
         return "%s%s%d.%s" % ("@" if self.informat else "", self.name, self.width, d)
 
@@ -130,7 +130,7 @@ def error_message(code, text, c_spec):
 def parse_c(text, informat=False, formats=None):
     """Parses text into a C record; raises SpecError."""
     if not isinstance(text, str):
-        raise TypeError("a specification is a str such as 'DATE9.'")
+        raise TypeError("a format is written as a str such as 'DATE9.'")
     lib = _lib.library()
     raw = text.encode("utf-8", "replace")
     s = _lib.Spec()
@@ -143,7 +143,7 @@ def parse_c(text, informat=False, formats=None):
 
 
 def parse_spec(text, informat=False, formats=None):
-    """Parses a specification as people write it into a :class:`FormatSpec`.
+    """Parses a format as people write it into a :class:`FormatSpec`.
 
     >>> s = parse_spec("DATETIME22.3")
     >>> (s.name, s.width, s.decimals, s.family)

@@ -90,7 +90,7 @@ std::string_view trim(const unsigned char *p, size_t n) {
   return s;
 }
 
-// Converts the example value (or text) with a format spec; text receives
+// Converts the example value (or text) with the format of record s; text receives
 // the output (UTF-8, or raw bytes), length its size.
 xf_status run_format(const xfx_spec &s, const example_value &v, unsigned char *text, size_t capacity,
                      size_t &length) {

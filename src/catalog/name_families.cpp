@@ -51,7 +51,7 @@ constexpr name_rule rules[] = {
     {"$OCTAL", both, BIN, 0, "each byte of a text as three octal digits"},
     {"$PHEX", both, BIN, RAW, "packed hexadecimal text"},
     {"$CB", both, BIN, RAW, "column-binary text"},
-    {"$*", both, CHR, 0, "text conversion"},
+    {"$*", both, CHR, 0, "text, in a layout this library does not describe"},
     // Plain and punctuated numbers.
     {"F", both, NUM, 0, "number with w positions and d decimals"},
     {"BEST", both, NUM, 0, "number with as many significant digits as fit"},
@@ -192,7 +192,7 @@ constexpr name_rule rules[] = {
     {"NLBEST", both, NUM, NL, "number with as many digits as fit, locale's decimal mark"},
     {"NLD", both, NUM, NL, "number with d significant digits, locale's decimal mark"},
     // Anything else (a user-defined numeric format).
-    {"*", both, NUM, 0, "numeric conversion"},
+    {"*", both, NUM, 0, "number, in a layout this library does not describe"},
 };
 
 // Glob match; on success star holds what '*' matched.

@@ -123,7 +123,7 @@ struct token {
 constexpr token tokens[] = {
     {"November", "%B"}, {"Saturday", "%A"}, {"2023", "%Y"}, {"Nov", "%b"}, {"Sat", "%a"}, {"329", "%j"},
     {"25", "%d"},       {"11", "%m"},       {"23", "%y"},   {"13", "%H"},  {"01", "%I"},  {"47", "%M"},
-    {"58", "%S"},       {"PM", "%p"},
+    {"58", "%S"},       {"PM", "%p"},   {"1", "%l"},  // a lone 1: the hour of a 12-hour clock
 };
 
 // The pattern of the first probe's text; false when a digit is left over

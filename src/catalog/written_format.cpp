@@ -15,7 +15,6 @@ namespace xfmt::catalog {
 namespace {
 
 constexpr uint32_t name_capacity = sizeof(xfx_spec{}.name) - 1;  // 39; longest name read
-constexpr int32_t number_limit = 99999;                         // larger widths are syntax errors
 
 bool is_digit(char c) { return c >= '0' && c <= '9'; }
 bool is_letter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }

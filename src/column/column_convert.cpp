@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "catalog/missing.hpp"
+#include "catalog/status.hpp"
 #include "column/conversion.hpp"
 #include "column/fast_paths.hpp"
 #include "column/utf8_text.hpp"
@@ -129,7 +130,7 @@ class column_runner {
                 uint32_t flags)
       : c_(c), values_(values), texts_(texts), offsets_(offsets),
         nan_missing_((flags & XFX_COL_NAN_MISSING) != 0), frame_(base_frame(c)) {
-    if (!c.text_input && !nan_missing_) memo_.prepare(c, values, n);
+    if (!c.text_input) memo_.prepare(c, values, n);
   }
 
   // The input of value i; XF_OK or an XFX_S_* status.
@@ -188,6 +189,15 @@ using namespace xfmt::column;
 
 extern "C" {
 
+const char *xfx_status_text(xf_status status) {
+  switch (status) {
+    case XFX_S_UNREPRESENTABLE: return "a character has no place in the encoding the conversion reads";
+    case XFX_S_BAD_UTF8: return "the text is not valid UTF-8";
+    case XFX_S_FIELD_SMALL: return "the text is longer than the field";
+    default: return xfmt::status_name(status);
+  }
+}
+
 xfx_error xfx_convert_fixed(const xfx_conversion *conversion, size_t n, const double *values, const char *texts,
                             const int64_t *text_offsets, uint32_t flags, char *fields, size_t stride, char pad,
                             xf_status *statuses) {
@@ -225,7 +235,10 @@ xfx_error xfx_convert_fixed_utf32(const xfx_conversion *conversion, size_t n, co
     xf_status st = run.input(i, in);
     if (st == XF_OK) st = run.convert(in, text, room, len);
     if (delivers_nothing(st)) len = 0;
-    if (conversion->route == route::bytes) {
+    if (conversion->ascii_only && len <= stride) {
+      // The usual case: one byte, one position, no decoding.
+      for (; chars < len; ++chars) field[chars] = text[chars];
+    } else if (conversion->route == route::bytes) {
       // Raw bytes keep their values, one a position.
       if (len > stride) st = XFX_S_FIELD_SMALL, len = 0;
       for (; chars < len; ++chars) field[chars] = text[chars];

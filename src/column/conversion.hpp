@@ -39,7 +39,7 @@ struct xfx_conversion {
 
 namespace xfmt::column {
 
-// Opens a conversion from a parsed specification (as xfx_open does after
+// Opens a conversion from a parsed record (as xfx_open does after
 // parsing). Returns XFX_OK, XFX_E_NOT_BUILT or XFX_E_ARGUMENT.
 xfx_error open_conversion(const xfx_spec &spec, void *context, uint32_t locale_id, xfx_conversion *&out);
 void close_conversion(xfx_conversion *c);

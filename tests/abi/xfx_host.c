@@ -425,6 +425,78 @@ static void check_patterns(void) {
   printf("xfx_host: %u patterns proved against strftime\n", proven);
 }
 
+/* --- whole columns ------------------------------------------------------ */
+
+/* A column of random values through xfx_convert_fixed equals one xffmt call
+ * per value, for a few conversions; texts and informats through the other
+ * column functions. */
+static void check_columns(void) {
+  const char *specs[] = {"F8.2", "DATE9.", "COMMA12.2", "TIME8.", "BEST12."};
+  enum { n = 500 };
+  static double values[n];
+  static char fields[n * 16];
+  static xf_status statuses[n];
+  size_t i, k;
+  for (k = 0; k < sizeof specs / sizeof specs[0]; ++k) {
+    xfx_conversion *c = NULL;
+    const xfx_spec *s;
+    void *handle = NULL;
+    CHECK(xfx_open(specs[k], strlen(specs[k]), 0, 0, NULL, &c) == XFX_OK, specs[k]);
+    if (c == NULL) continue;
+    s = xfx_conversion_spec(c);
+    for (i = 0; i < n; ++i) {
+      unsigned long long r = next_random();
+      values[i] = r % 10 == 0 ? NAN : (double)(long long)(r % 4000000) / 100.0 - 5000.0;
+    }
+    CHECK(xfx_convert_fixed(c, n, values, NULL, NULL, XFX_COL_NAN_MISSING, fields, 16, ' ', statuses) == XFX_OK,
+          specs[k]);
+    xfname(s->name, (int32_t)s->name_length, 0, NULL, &handle);
+    for (i = 0; i < n; ++i) {
+      char out[16];
+      xf_frame f;
+      double v = values[i];
+      if (v != v) xfx_missing_value('.', &v);
+      memset(&f, 0, sizeof f);
+      memset(out, ' ', sizeof out);
+      f.width = s->width;
+      f.decimals = s->decimals;
+      f.input = &v;
+      f.input_length = 8;
+      f.output = out;
+      f.output_capacity = sizeof out;
+      CHECK(xffmt(&f, handle) == statuses[i], specs[k]);
+      CHECK(memcmp(out, fields + i * 16, 16) == 0, specs[k]);
+    }
+    xfdel(handle);
+    xfx_close(c);
+  }
+  {
+    xfx_conversion *c = NULL;
+    const char *texts = "1,234.50(7).Cjunk";
+    int64_t offsets[5] = {0, 8, 11, 13, 17};
+    double out[4];
+    CHECK(xfx_open("@COMMA12.", 9, 0, 0, NULL, &c) == XFX_OK, "@COMMA12.");
+    CHECK(xfx_convert_numbers(c, 4, texts, offsets, out, statuses) == XFX_OK, "numbers");
+    CHECK(out[0] == 1234.5 && out[1] == -7 && xfx_missing_symbol(out[2]) == 'C', "numbers read");
+    CHECK(statuses[3] == XF_IN_INVALID && xfx_missing_symbol(out[3]) == '.', "invalid text");
+    xfx_close(c);
+  }
+  {
+    xfx_conversion *c = NULL;
+    const char *texts = "caf\xC3\xA9\xC5\x82";
+    int64_t offsets[3] = {0, 5, 7};
+    char data[32];
+    int64_t out[3];
+    size_t done = 0;
+    CHECK(xfx_open("$UPCASE8.", 9, 0, 0, NULL, &c) == XFX_OK, "$UPCASE8.");
+    CHECK(xfx_convert_strings(c, 2, NULL, texts, offsets, 0, data, sizeof data, out, statuses, &done) == XFX_OK,
+          "strings");
+    CHECK(done == 2 && out[1] == 5 && memcmp(data, "CAF\xC3\xA9", 5) == 0, "upper case, UTF-8 kept");
+    CHECK(statuses[1] == XFX_S_UNREPRESENTABLE && out[2] == out[1], "no place in Windows-1252");
+    xfx_close(c);
+  }
+}
+
 int main(int argc, char **argv) {
   const char *env = getenv("XFMT_SEED");
   if (argc < 2) {
@@ -443,6 +515,7 @@ int main(int argc, char **argv) {
   check_catalog();
   check_missing();
   check_patterns();
+  check_columns();
   if (failures != 0) {
     fprintf(stderr, "xfx_host: %d failures\n", failures);
     return 1;

@@ -147,6 +147,21 @@ TEST(columns, nan_is_missing_only_when_asked) {
   EXPECT_EQ(std::string(fields, 6), per_value(*xfx_conversion_spec(o.c), &v[0], 8).second);
 }
 
+TEST(columns, date_columns_with_nan_as_missing) {
+  // Enough values for the table of days, NaNs among them.
+  opened o("DATE9.");
+  std::vector<double> v = random_values("DATE9.", 400);
+  for (size_t i = 0; i < v.size(); i += 7) v[i] = NAN;
+  std::vector<char> fields(v.size() * 9);
+  ASSERT_EQ(xfx_convert_fixed(o.c, v.size(), v.data(), nullptr, nullptr, XFX_COL_NAN_MISSING, fields.data(), 9, ' ',
+                              nullptr),
+            XFX_OK);
+  for (size_t i = 0; i < v.size(); ++i) {
+    double x = std::isnan(v[i]) && !xfmt::is_missing(v[i]) ? xfmt::missing_ordinary() : v[i];
+    ASSERT_EQ(std::string(fields.data() + i * 9, 9), per_value(*xfx_conversion_spec(o.c), &x, 8).second) << v[i];
+  }
+}
+
 TEST(columns, texts_in_are_utf8_converted_or_refused) {
   opened o("$CHAR6.");
   const std::string data = std::string("caf\xC3\xA9") + "\xE2\x82\xAC" "5" + "\xC5\x82" + "\xC3" + "plain";
@@ -235,6 +250,12 @@ TEST(columns, user_formats_through_a_context) {
   int64_t off[4];
   ASSERT_EQ(xfx_convert_strings(o.c, 3, v, nullptr, nullptr, 0, data, sizeof data, off, nullptr, nullptr), XFX_OK);
   EXPECT_EQ(std::string(data, static_cast<size_t>(off[3])), "teen & yrefusedadult");
+}
+
+TEST(columns, statuses_have_texts) {
+  EXPECT_STREQ(xfx_status_text(XFX_S_BAD_UTF8), "the text is not valid UTF-8");
+  EXPECT_STREQ(xfx_status_text(XF_E_OVERFLOW), "number does not fit the width");
+  EXPECT_STREQ(xfx_status_text(0x12345u), "status 0x00012345");
 }
 
 TEST(columns, bad_arguments_are_refused) {
