@@ -66,6 +66,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     int32_t rc = xfmt::userfmt::read_control_buffer(text, size, character ? 11 : 1, name, &ctx, &chain);
     if (rc == 0) apply(static_cast<xf_user_format *>(ctx.control), ctx.word2, character);
     xfmt::catalog::free_chain(first);
+    // The diagnosis agrees with the reading and names a line of the text.
+    xfmt::userfmt::control_problem p = xfmt::userfmt::diagnose_control_buffer(text, size, character ? 11 : 1, name);
+    if (p.code != rc || p.reason == nullptr || p.line > size + 1) std::abort();
   }
   xfmt::userfmt::list_control_formats(text, size, [](void *, const char *, size_t, char) {}, nullptr);
   return 0;

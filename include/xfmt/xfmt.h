@@ -1729,7 +1729,8 @@ XF_API xf_status eurtosit(xf_frame *frame);
  *   $QUOTE   the text without trailing blanks in double quotes, inner '"'
  *            doubled; a long text is cut before the closing quote; w 1: '*'
  *            and 0x8001D827
- *   $UPCASE  a-z in upper case, left-aligned
+ *   $UPCASE  the Windows-1252 letters in upper case (a-z, 0xE0-0xFE but
+ *            0xF7, 0x9A 0x9C 0x9E 0xFF), left-aligned
  *   $REVERS  the first w bytes reversed and left-aligned: "abc  " -> "cba  "
  *   $REVERJ  the first w bytes (blank padded to w) reversed: "abc  " -> "  cba"
  *   $ASCII   the bytes as they stand (text here is already ASCII), 0x20 padded

@@ -52,8 +52,17 @@ xf_status mapped_copy(xf_frame *f, const uint8_t *table, unsigned char blank) {
   return close_field(f, c);
 }
 
+// Upper case of a Windows-1252 letter, as users of $UPCASE expect: a-z, the
+// accented letters 0xE0-0xFE (not the division sign 0xF7) to 0xC0-0xDE, and
+// the four letters the code page keeps outside that block (s with caron, the
+// oe ligature, z with caron, y with diaeresis: 0x9A 0x9C 0x9E 0xFF to 0x8A
+// 0x8C 0x8E 0x9F).
+// Sharp s and the micro sign have no capital in the code page and stay.
 constexpr uint8_t upper_byte(uint8_t b) {
-  return b >= 'a' && b <= 'z' ? static_cast<uint8_t>(b - ('a' - 'A')) : b;
+  if ((b >= 'a' && b <= 'z') || (b >= 0xE0 && b <= 0xFE && b != 0xF7)) return static_cast<uint8_t>(b - 0x20);
+  if (b == 0x9A || b == 0x9C || b == 0x9E) return static_cast<uint8_t>(b - 0x10);
+  if (b == 0xFF) return 0x9F;
+  return b;
 }
 
 struct byte_table {
@@ -107,8 +116,8 @@ XF_ROUTINE(zfmquote, f) {
   return close_field(f, c);
 }
 
-// $UPCASE w: the value with a-z in upper case, other bytes as they are,
-// left-aligned and cut at w like $CHAR.
+// $UPCASE w: the value with its Windows-1252 letters in upper case, other
+// bytes as they are, left-aligned and cut at w like $CHAR.
 XF_ROUTINE(zfmupcase, f) { return mapped_copy(f, upper_table.v, ' '); }
 
 // $REVERS w: the first w bytes of the value (blank padded to w) in reverse

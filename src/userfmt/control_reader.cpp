@@ -7,6 +7,7 @@
 #include <new>
 #include <string>
 
+#include "catalog/chain.hpp"
 #include "userfmt/control_reader.hpp"
 #include "userfmt/format_builder.hpp"
 #include "userfmt/xml_scanner.hpp"
@@ -84,6 +85,62 @@ int32_t read_control_buffer(const char *data, std::size_t size, int32_t request_
   } catch (...) {
     return read_malformed;
   }
+}
+
+namespace {
+
+const char *reason_of(int code) {
+  switch (code) {
+    case read_found: return "found";
+    case read_not_found: return "no row of the file defines the format";
+    case read_malformed: return "malformed XML, a bad character reference, or a cell twice in a row";
+    case read_bad_row: return "a row whose START, END, LABEL or limits cannot be used";
+    case read_no_memory: return "out of memory";
+    case read_bad_datatype: return "an unknown DATATYPE";
+    case read_missing_column: return "a column every row needs is missing";
+    case read_nested_format: return "F in HLO (a label naming a format) is not read from a control file";
+    case read_unsupported: return "an unsupported catalog source";
+    case read_bad_type: return "an unknown TYPE";
+    default: return "unknown reader error";
+  }
+}
+
+}  // namespace
+
+control_problem diagnose_control_buffer(const char *data, std::size_t size, int32_t request_kind,
+                                        const char *name) {
+  control_problem p;
+  // The records are built on a chain of our own and freed again.
+  void *chain = nullptr;
+  if (xfmalloc(&chain, 8) == nullptr) {
+    p.code = read_no_memory;
+    p.reason = reason_of(p.code);
+    return p;
+  }
+  void *head = chain;
+  std::size_t stop = size;
+  try {
+    format_builder builder(request_kind, name, &chain);
+    table_reader reader(&builder);
+    xf_ufmt_context context{};
+    p.code = scan_control_xml(data, size, reader, &stop);
+    if (p.code == xml_ok) p.code = builder.finish(&context);
+  } catch (const std::bad_alloc &) {
+    p.code = read_no_memory;
+  } catch (...) {
+    p.code = read_malformed;
+  }
+  xfmt::catalog::free_chain(head);
+  p.reason = reason_of(p.code);
+  if (p.code < 0 && p.code != read_no_memory) {
+    // A reading that ran to the end stopped on the last line, not after it.
+    std::size_t end = stop < size ? stop : size;
+    if (end == size && end > 0 && data[end - 1] == '\n') --end;
+    p.line = 1;
+    for (std::size_t i = 0; i < end; ++i)
+      if (data[i] == '\n') ++p.line;
+  }
+  return p;
 }
 
 int32_t list_control_formats(const char *data, std::size_t size,

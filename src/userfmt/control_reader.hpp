@@ -21,4 +21,16 @@ int32_t list_control_formats(const char *data, std::size_t size,
                              void (*visit)(void *user, const char *name, std::size_t length, char type),
                              void *user);
 
+// Why a control file's bytes do not give the requested format, for a
+// person: the reader's code (0 found, 1 not found, negative as xfrdexp's),
+// the line the reading stopped on (1-based; 0 when it did not stop early)
+// and the reason in words.
+struct control_problem {
+  int32_t code = 0;
+  std::size_t line = 0;
+  const char *reason = "";
+};
+control_problem diagnose_control_buffer(const char *data, std::size_t size, int32_t request_kind,
+                                        const char *name);
+
 }  // namespace xfmt::userfmt

@@ -71,6 +71,7 @@ bool decode_reference(std::string_view ref, std::string &out) {
 class scanner {
  public:
   scanner(const char *data, std::size_t size, xml_handler &h) : p_(data), end_(data + size), h_(h) {}
+  std::size_t offset(const char *data) const { return static_cast<std::size_t>(p_ - data); }
 
   int document() {
     if (end_ - p_ >= 3 && std::memcmp(p_, "\xEF\xBB\xBF", 3) == 0) p_ += 3;
@@ -301,9 +302,11 @@ bool append_decoded(std::string_view raw, std::string &out) {
   return true;
 }
 
-int scan_control_xml(const char *data, std::size_t size, xml_handler &handler) {
+int scan_control_xml(const char *data, std::size_t size, xml_handler &handler, std::size_t *stop) {
   scanner s(data, size, handler);
-  return s.document();
+  int rc = s.document();
+  if (stop != nullptr) *stop = s.offset(data);
+  return rc;
 }
 
 }  // namespace xfmt::userfmt

@@ -28,8 +28,9 @@ class xml_handler {
 };
 
 // Reads the whole document; returns xml_ok or the first negative code (its
-// own xml_malformed or a handler's).
-int scan_control_xml(const char *data, std::size_t size, xml_handler &handler);
+// own xml_malformed or a handler's). stop (when not null) receives the
+// offset of the byte the reading stopped at, for messages.
+int scan_control_xml(const char *data, std::size_t size, xml_handler &handler, std::size_t *stop = nullptr);
 
 // Decodes character references in raw text and appends it to out; false
 // when a reference is malformed or unknown.

@@ -491,7 +491,7 @@ static void check_columns(void) {
     CHECK(xfx_open("$UPCASE8.", 9, 0, 0, NULL, &c) == XFX_OK, "$UPCASE8.");
     CHECK(xfx_convert_strings(c, 2, NULL, texts, offsets, 0, data, sizeof data, out, statuses, &done) == XFX_OK,
           "strings");
-    CHECK(done == 2 && out[1] == 5 && memcmp(data, "CAF\xC3\xA9", 5) == 0, "upper case, UTF-8 kept");
+    CHECK(done == 2 && out[1] == 5 && memcmp(data, "CAF\xC3\x89", 5) == 0, "upper case, UTF-8 kept");
     CHECK(statuses[1] == XFX_S_UNREPRESENTABLE && out[2] == out[1], "no place in Windows-1252");
     xfx_close(c);
   }

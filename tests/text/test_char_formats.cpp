@@ -63,10 +63,28 @@ TEST(Upcase, Table) {
   const row rows[] = {
       {"abc xyz", 8, "ABC XYZ ", XF_OK},
       {"Mixed-1_z", 4, "MIXE", XF_OK},
-      {"\xe9t\xe9", 3, "\xe9T\xe9", XF_OK},  // bytes above 0x7F stay as they are
+      {"m\xfcller", 6, "M\xdcLLER", XF_OK},  // Windows-1252 letters: ü -> Ü
+      {"\xe9t\xe9 \xf7 \xdf\xb5", 7, "\xc9T\xc9 \xf7 \xdf", XF_OK},  // the division sign stays
+      {"\xdf\xb5\xff\x9a\x9c\x9e\x83", 7, "\xdf\xb5\x9f\x8a\x8c\x8e\x83", XF_OK},
       {"", 3, "   ", XF_OK},
   };
   for (const row &r : rows) check(zfmupcase, r);
+}
+
+// Every byte against the Unicode upper case of its character: the byte of
+// the capital when the code page has it, else the byte itself.
+TEST(Upcase, EveryByteFollowsUnicode) {
+  for (int b = 0; b < 256; ++b) {
+    uint16_t u = wlt1unic[b];
+    ASSERT_EQ(UPCASE(&u, 1), XF_OK);
+    int want = b;
+    for (int c = 0; c < 256; ++c)
+      if (wlt1unic[c] == u && u != wlt1unic[b]) want = c;
+    const char in[1] = {static_cast<char>(b)};
+    frame_box f = frame_box::chars(std::string(in, 1), 1);
+    ASSERT_EQ(zfmupcase(&f.f), XF_OK);
+    EXPECT_EQ(static_cast<unsigned char>(f.str()[0]), want) << "byte " << b;
+  }
 }
 
 TEST(Revers, Table) {

@@ -2,6 +2,7 @@
 // way XML allows, and every error code.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <random>
@@ -296,6 +297,53 @@ TEST(control_reader, endless_file_and_reversed_ranges) {
     xfmt::test::read_request q(path, r.name);
     EXPECT_EQ(q.rc, r.rc) << r.type << " " << r.start << ".." << r.end;
   }
+}
+
+xfmt::userfmt::control_problem diagnose(const std::string &text, const char *name) {
+  char padded[33];
+  std::snprintf(padded, sizeof padded, "%-32s", name);
+  return xfmt::userfmt::diagnose_control_buffer(text.data(), text.size(), 1, padded);
+}
+
+std::size_t line_of(const std::string &text, std::size_t offset) {
+  return 1 + static_cast<std::size_t>(std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(offset), '\n'));
+}
+
+// The line and reason a person gets for a control file that cannot be read:
+// the line is where the reading stopped, whatever broke it.
+TEST(control_reader, diagnosis_names_line_and_reason) {
+  std::ifstream in(data_dir() / "cntlout.xml", std::ios::binary);
+  std::stringstream ss;
+  ss << in.rdbuf();
+  const std::string good = ss.str();
+  xfmt::userfmt::control_problem p = diagnose(good, "AGEGRP");
+  EXPECT_EQ(p.code, 0);
+  EXPECT_EQ(p.line, 0u);
+  EXPECT_EQ(diagnose(good, "NOPE").code, 1);  // no row defines it: not an error of the file
+
+  // An element closed with the wrong name, on the line of the first row.
+  std::string broken = good;
+  std::size_t at = broken.find("</ROW>");
+  broken.replace(at, 6, "</RO>");
+  p = diagnose(broken, "AGEGRP");
+  EXPECT_EQ(p.code, -2);
+  EXPECT_EQ(p.line, line_of(broken, at));
+  EXPECT_NE(std::string(p.reason).find("malformed XML"), std::string::npos);
+
+  // A TYPE the reader does not know, in a row of the format asked for.
+  std::string bad_type = good;
+  at = bad_type.find("<TYPE>N</TYPE>");
+  bad_type.replace(at, 14, "<TYPE>Q</TYPE>");
+  p = diagnose(bad_type, "AGEGRP");
+  EXPECT_EQ(p.code, -20);
+  EXPECT_EQ(p.line, line_of(bad_type, at));
+  EXPECT_STREQ(p.reason, "an unknown TYPE");
+
+  // A header without the columns every row needs ends at its last line.
+  const std::string no_columns = "<TABLE>\n<HEADER><COLUMN name=\"FMTNAME\"/>\n</HEADER>\n</TABLE>\n";
+  p = diagnose(no_columns, "AGEGRP");
+  EXPECT_EQ(p.code, -14);
+  EXPECT_EQ(p.line, 4u);
 }
 
 }  // namespace

@@ -1,8 +1,5 @@
 // xfmt: format values, read them back, list the catalog, and print CSV
 // files as fixed-width reports, through the library's C interface.
-#include <langinfo.h>  // nl_langinfo: the codeset of the terminal
-
-#include <cctype>
 #include <clocale>  // setlocale: the process locale national formats consult
 #include <cstdio>
 #include <cstdlib>  // getenv
@@ -13,30 +10,6 @@
 #include "commands.hpp"
 
 namespace {
-
-const char usage_text[] =
-    "usage: xfmt [--locale NAME] [--utf16] COMMAND ...\n"
-    "\n"
-    "commands:\n"
-    "  put FORMAT VALUE...     format each value, one field per line\n"
-    "  input INFORMAT TEXT...  read each text and print the value stored\n"
-    "  list [PREFIX]           conversions with their module, limits and state\n"
-    "  csv FILE                print a CSV file as a fixed-width report; its first\n"
-    "                          line names a format per column (F8.2,DATE9.,...)\n"
-    "\n"
-    "FORMAT is written NAMEw.d: a name, an optional width, '.', optional\n"
-    "decimals (F8.2, DATE9., $CHAR10., BEST.); a missing width or decimals\n"
-    "takes the conversion's default. VALUE is a number or a missing value\n"
-    "(., ._, .A to .Z); a format whose name begins with $ takes text.\n"
-    "INFORMAT is written the same way (F8.2, COMMA10.); without a width the\n"
-    "whole text is read.\n"
-    "\n"
-    "options:\n"
-    "  --locale NAME   locale of the national-language formats (e.g. de_DE)\n"
-    "  --utf16         put writes UTF-16LE instead of single-byte text\n"
-    "  --control FILE  read user-defined formats from FILE (default: cntlout.xml\n"
-    "                  when the current folder has one)\n"
-    "  --help          this text\n";
 
 // The process locale comes from the environment; when the environment names
 // none, C.UTF-8, so that national text reaches a terminal as UTF-8.
@@ -66,73 +39,91 @@ bool readable(const std::string &path) {
   return f != nullptr;
 }
 
-// The codeset the C library reports for the process locale is UTF-8.
-bool codeset_is_utf8() {
-  const char *cs = nl_langinfo(CODESET);
-  if (cs == nullptr) return false;
-  std::string c(cs);
-  for (char &ch : c) ch = static_cast<char>(std::tolower(static_cast<unsigned char>(ch)));
-  return c == "utf-8" || c == "utf8";
+// A global option with a value: "--name VALUE" or "--name=VALUE". Returns
+// false when a is not the option; sets missing when no value follows.
+bool option_value(const std::string &a, const char *name, int argc, char **argv, int &i, std::string &value,
+                  bool &missing) {
+  const std::string n(name);
+  if (a == n) {
+    missing = i + 1 >= argc;
+    if (!missing) value = argv[++i];
+    return true;
+  }
+  if (a.compare(0, n.size() + 1, n + "=") == 0) {
+    value = a.substr(n.size() + 1);
+    return true;
+  }
+  return false;
 }
 
 }  // namespace
 
+// Global options may stand before or after the command; any other option is
+// the command's own (csv --keep-going). "--" ends the options.
 int main(int argc, char **argv) {
   using namespace xfmt::cli;
   set_process_locale();
   run_options opt;
-  opt.utf8_terminal = codeset_is_utf8();
+  std::string encoding, locale_name, value;
+  std::string command;
   std::vector<std::string> args;
-  bool options_done = false;
+  bool options_done = false, help = false;
   for (int i = 1; i < argc; ++i) {
     std::string a = argv[i];
-    if (options_done || a.size() < 2 || a.compare(0, 2, "--") != 0) {
-      args.push_back(a);
+    bool missing = false;
+    if (options_done || a.size() < 2 || a[0] != '-') {
+      if (command.empty()) command = a;
+      else args.push_back(a);
       continue;
     }
     if (a == "--") {
       options_done = true;
-    } else if (a == "--help") {
-      std::fputs(usage_text, stdout);
+      if (!command.empty()) args.push_back(a);
+    } else if (a == "--help" || a == "-h") {
+      help = true;
+    } else if (a == "--version") {
+      std::printf("xfmt %s\n", XFMT_VERSION);
       return 0;
+    } else if (option_value(a, "--encoding", argc, argv, i, encoding, missing)) {
+      if (missing) return fail("--encoding needs a name, e.g. --encoding ISO-8859-1");
     } else if (a == "--utf16") {
       opt.utf16 = true;
-    } else if (a == "--control" || a.compare(0, 10, "--control=") == 0) {
-      if (a == "--control") {
-        if (i + 1 >= argc) return fail("--control needs a file name");
-        opt.control_file = argv[++i];
-      } else {
-        opt.control_file = a.substr(10);
-      }
+    } else if (option_value(a, "--control", argc, argv, i, opt.control_file, missing)) {
+      if (missing) return fail("--control needs a file name");
       if (!readable(opt.control_file)) return fail("cannot open control file '" + opt.control_file + "'");
-    } else if (a == "--locale" || a.compare(0, 9, "--locale=") == 0) {
-      std::string name;
-      if (a == "--locale") {
-        if (i + 1 >= argc) return fail("--locale needs a name, e.g. --locale de_DE");
-        name = argv[++i];
-      } else {
-        name = a.substr(9);
-      }
-      if (!locale_id(name, opt.locale_id)) return fail("unknown locale '" + name + "' (expected ll_CC, e.g. de_DE)");
+    } else if (option_value(a, "--locale", argc, argv, i, locale_name, missing)) {
+      if (missing) return fail("--locale needs a name, e.g. --locale de_DE");
+      if (!locale_id(locale_name, opt.locale_id))
+        return fail("unknown locale '" + locale_name + "' (expected ll_CC, e.g. de_DE)");
+    } else if (!command.empty()) {
+      args.push_back(a);  // the command's own option, or a negative number
     } else {
       return fail("unknown option '" + a + "' (see xfmt --help)");
     }
   }
-  if (args.empty()) {
-    std::fputs(usage_text, stderr);
-    return 2;
+  if (command == "help") {
+    command = args.empty() ? "" : args[0];
+    help = true;
   }
-  if (opt.control_file.empty() && readable("cntlout.xml")) opt.control_file = "cntlout.xml";
-  std::string cmd = args[0];
-  std::vector<std::string> rest(args.begin() + 1, args.end());
-  xfinit();
-  if (cmd == "put") return cmd_put(rest, opt);
-  if (cmd == "input") return cmd_input(rest, opt);
-  if (cmd == "list") return cmd_list(rest, opt);
-  if (cmd == "csv") return cmd_csv(rest, opt);
-  if (cmd == "help") {
-    std::fputs(usage_text, stdout);
+  if (help) {
+    const char *text = help_text(command);
+    if (text == nullptr) return fail("unknown command '" + command + "' (see xfmt --help)");
+    std::fputs(text, stdout);
     return 0;
   }
-  return fail("unknown command '" + cmd + "' (see xfmt --help)");
+  if (command.empty()) {
+    std::fputs(help_text(""), stderr);
+    return 2;
+  }
+  if (help_text(command) == nullptr) return fail("unknown command '" + command + "' (see xfmt --help)");
+  std::string error;
+  opt.terminal = terminal_encoding::open(encoding, error);
+  if (!opt.terminal) return fail(error);
+  if (opt.control_file.empty() && readable("cntlout.xml")) opt.control_file = "cntlout.xml";
+  xfinit();
+  if (command == "put") return cmd_put(args, opt);
+  if (command == "input") return cmd_input(args, opt);
+  if (command == "list") return cmd_list(args, opt);
+  if (command == "describe") return cmd_describe(args, opt);
+  return cmd_csv(args, opt);
 }
