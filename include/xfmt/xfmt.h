@@ -523,15 +523,21 @@ XF_API xf_status pctn(xf_frame *frame);
  * to w. w outside the format's range: XF_E_OVERFLOW, nothing written
  * (output length 0); w above output_capacity: XF_E_CAPACITY, nothing
  * written. A value past the field stores the field's extreme of the same
- * sign and returns XF_E_OVERFLOW; a missing value stores 0 (RB: its bits).
- *   IB w.d    (1-8)  two's complement, most significant byte first
- *   IBR w.d   (1-8)  the same, least significant byte first
- *   PIB w.d   (1-8)  unsigned, big-endian; negative values store 0
- *   PIBR w.d  (1-8)  unsigned, little-endian
+ * sign (all nines for packed and zoned) and returns XF_E_OVERFLOW; a
+ * missing value stores 0 (PD: minus zero; RB: its bits). IB, PIB and RB
+ * follow the host's byte order (least significant byte first on a
+ * little-endian host).
+ *   IB w.d    (1-8)  two's complement, host order
+ *   IBR w.d   (1-8)  two's complement, least significant byte first
+ *   PIB w.d   (1-8)  unsigned, host order; negative values store FF..
+ *   PIBR w.d  (1-8)  the same, least significant byte first
  *   PD w.d    (1-16) packed decimal, 2w-1 digits, last nibble C (+) or D (-)
  *   PK w.d    (1-16) packed decimal, 2w digits, no sign; negatives store 0
- *   ZD w.d    (1-32) zoned: digits F0-F9, the last C0-C9 (+) or D0-D9 (-)
- *   RB w.d    (1-8)  the first w bytes of the IEEE double, big-endian
+ *   ZD w.d    (1-32) ASCII zoned: digits 30-39, the sign overpunched on the
+ *                    last: "{" "A".."I" plus, "}" "J".."R" minus
+ *   RB w.d    (1-8)  the host's double; w below 8 keeps its w most
+ *                    significant bytes; a product past the double range
+ *                    stores the NaN 0xFFFFD10000000000 (XF_E_OVERFLOW)
  *   VAXRB w.d (1-8)  VAX D-floating (16-bit words little-endian, the most
  *                    significant first), cut to w; missing and NaN store 0 */
 XF_API xf_status zfmib(xf_frame *frame);
@@ -543,6 +549,42 @@ XF_API xf_status zfmpk(xf_frame *frame);
 XF_API xf_status zfmzd(xf_frame *frame);
 XF_API xf_status zfmrb(xf_frame *frame);
 XF_API xf_status zfmvaxrb(xf_frame *frame);
+
+/* Mainframe formats: the bytes an IBM mainframe program writes, on every
+ * host. Field rules as the binary number formats above.
+ *   S370FIB w.d   (1-8)  two's complement, big-endian
+ *   S370FIBU w.d  (1-8)  unsigned big-endian of |value|
+ *   S370FPIB w.d  (1-8)  unsigned big-endian; a negative value stores the w
+ *                        low bytes of its two's complement (80 00.. below
+ *                        -2^(8w-1))
+ *   S370FPD w.d   (1-16) as PD
+ *   S370FPDU w.d  (1-16) 2w-1 digits of |value|, sign nibble F
+ *   S370FZD w.d   (1-32) digits F0-F9, the last zone C (plus or zero) or D
+ *   S370FZDL w.d  (1-32) the same with the sign zone on the first digit
+ *   S370FZDS w.d  (2-32) 4E (+) or 60 (-), then w-1 digits
+ *   S370FZDT w.d  (2-32) w-1 digits, then 4E or 60
+ *   S370FZDU w.d  (1-32) digits of |value|, every zone F
+ *   S370FRB w.d   (2-8)  IBM hexadecimal floating point, long form, the first
+ *                        w bytes (cut, not rounded); zero, missing values and
+ *                        NaN store zero bytes; past 7.2e75 the largest
+ *                        magnitude with its sign and XF_E_OVERFLOW
+ *   S370FF w.d    (1-32) zfmt's text of the value, each byte through as2eb
+ *                        (blank 40, "-" 60, "." 4B); statuses as zfmt
+ *   S370FHEX w.   (1-16) HEX's text through as2eb; at w 16 the hex digits of
+ *                        the IBM long form (past its range: 16 stars, 5C) */
+XF_API xf_status zfms370ib(xf_frame *frame);
+XF_API xf_status zfms370ibu(xf_frame *frame);
+XF_API xf_status zfms370pib(xf_frame *frame);
+XF_API xf_status zfms370pd(xf_frame *frame);
+XF_API xf_status zfms370pdu(xf_frame *frame);
+XF_API xf_status zfms370zd(xf_frame *frame);
+XF_API xf_status zfms370zdl(xf_frame *frame);
+XF_API xf_status zfms370zds(xf_frame *frame);
+XF_API xf_status zfms370zdt(xf_frame *frame);
+XF_API xf_status zfms370zdu(xf_frame *frame);
+XF_API xf_status zfms370rb(xf_frame *frame);
+XF_API xf_status zfms370f(xf_frame *frame);
+XF_API xf_status zfms370hex(xf_frame *frame);
 
 /* HEX w. (1-16), OCTAL w. (1-24), BINARY w. (1-64): the value rounded to an
  * integer (d plays no part) in w digits of base 16, 8, 2, zero padded,

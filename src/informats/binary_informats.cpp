@@ -1,5 +1,6 @@
-// The binary informats, mirrors of the binary formats: @IB, @IBR, @PIB,
-// @PIBR, @PD, @PK, @ZD, @RB read w raw bytes; @HEX, @OCTAL, @BINARY read
+// The binary informats, mirrors of the native binary formats: @IB, @IBR,
+// @PIB, @PIBR, @PD, @PK, @ZD, @RB read w raw bytes (@IB, @PIB and @RB in
+// the host's byte order); @HEX, @OCTAL, @BINARY read
 // digits of base 16, 8, 2; @$HEX, @$OCTAL, @$BINARY turn digits into bytes.
 #include "xfmt/xfmt.h"
 
@@ -84,8 +85,11 @@ xf_status read_packed(xf_frame *f, bool has_sign) {
   return store_double(f, scaled_down(negative, m, d), XF_OK);
 }
 
-// Zoned decimal: zones F (EBCDIC) or 3 (ASCII digits) before the last
-// byte; the last byte's zone C, F, A, E or 3 is plus, D, B or 7 minus.
+// Zoned decimal as this host writes it: ASCII digits, the sign overpunched
+// on the last ("{" "A".."I" plus, "}" "J".."R" minus, a plain digit
+// unsigned). Zoned data that arrives in EBCDIC or with the ASCII zone 7
+// for minus reads too: zones F or 3 before the last byte, the last byte's
+// zone C, F, A, E or 3 plus, D, B or 7 minus.
 xf_status read_zoned(xf_frame *f) {
   int d = 0;
   xf_status status = XF_OK;
@@ -93,16 +97,21 @@ xf_status read_zoned(xf_frame *f) {
   const unsigned char *p = field_bytes(f);
   int w = f->width;
   u128 m = 0;
-  for (int i = 0; i < w; ++i) {
+  for (int i = 0; i < w - 1; ++i) {
     unsigned zone = p[i] >> 4, digit = p[i] & 0x0Fu;
-    if (digit > 9) return store_double(f, missing_ordinary(), XF_IN_INVALID);
-    if (i < w - 1 && zone != 0xF && zone != 0x3) return store_double(f, missing_ordinary(), XF_IN_INVALID);
+    if (digit > 9 || (zone != 0xF && zone != 0x3)) return store_double(f, missing_ordinary(), XF_IN_INVALID);
     m = m * 10 + digit;
   }
-  unsigned zone = p[w - 1] >> 4;
-  bool negative = zone == 0xD || zone == 0xB || zone == 0x7;
-  bool positive = zone == 0xC || zone == 0xF || zone == 0xA || zone == 0xE || zone == 0x3;
-  if (!negative && !positive) return store_double(f, missing_ordinary(), XF_IN_INVALID);
+  bool negative = false;
+  int last = numeric::ascii_overpunch_digit(p[w - 1], negative);
+  if (last < 0) {
+    unsigned zone = p[w - 1] >> 4, digit = p[w - 1] & 0x0Fu;
+    negative = zone == 0xD || zone == 0xB || zone == 0x7;
+    bool positive = zone == 0xC || zone == 0xF || zone == 0xA || zone == 0xE;
+    if ((!negative && !positive) || digit > 9) return store_double(f, missing_ordinary(), XF_IN_INVALID);
+    last = static_cast<int>(digit);
+  }
+  m = m * 10 + static_cast<unsigned>(last);
   return store_double(f, scaled_down(negative && m != 0, m, d), XF_OK);
 }
 
@@ -181,20 +190,21 @@ xf_status radix_char_informat(xf_frame *f, int bits, int per) {
 
 using namespace xfmt::informats;
 
-extern "C" xf_status zifmib(xf_frame *f) { return read_integer(f, true, true); }
+extern "C" xf_status zifmib(xf_frame *f) { return read_integer(f, xfmt::numeric::host_big, true); }
 extern "C" xf_status zifmibr(xf_frame *f) { return read_integer(f, false, true); }
-extern "C" xf_status zifmpib(xf_frame *f) { return read_integer(f, true, false); }
+extern "C" xf_status zifmpib(xf_frame *f) { return read_integer(f, xfmt::numeric::host_big, false); }
 extern "C" xf_status zifmpibr(xf_frame *f) { return read_integer(f, false, false); }
 extern "C" xf_status zifmpd(xf_frame *f) { return read_packed(f, true); }
 extern "C" xf_status zifmpk(xf_frame *f) { return read_packed(f, false); }
 extern "C" xf_status zifmzd(xf_frame *f) { return read_zoned(f); }
 
-// The first w bytes of a double, most significant first; the rest zero.
+// The w most significant bytes of the host's double, in the host's order
+// (on a little-endian host the last w bytes of it); the rest zero.
 extern "C" xf_status zifmrb(xf_frame *f) {
   int d = 0;
   xf_status status = XF_OK;
   if (!raw_ready(f, 8, d, status)) return status;
-  uint64_t top = xfmt::numeric::get_unsigned(field_bytes(f), f->width, true);
+  uint64_t top = xfmt::numeric::get_unsigned(field_bytes(f), f->width, xfmt::numeric::host_big);
   double v = xfmt::bits_double(top << (64 - 8 * f->width));
   if (d > 0 && !xfmt::is_missing(v)) v /= xfmt::numeric::pow10_double(d);
   return store_double(f, v, XF_OK);
