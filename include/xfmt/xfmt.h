@@ -941,13 +941,17 @@ XF_API xf_status zifmpct(xf_frame *frame);
 XF_API xf_status zifmcmx(xf_frame *frame);
 
 /* Binary informats read exactly w raw bytes (fewer at input: XF_IN_INVALID)
- * and store value / 10^d; layouts as the formats of the same names.
+ * and store value / 10^d; layouts as the formats of the same names (@IB,
+ * @PIB and @RB in the host's byte order).
  *   @IB, @IBR (1-8) two's complement; @PIB, @PIBR (1-8) unsigned;
  *   @PD (1-16): sign nibble B or D minus, A C E F plus, a digit there or a
  *     nibble above 9 among the digits XF_IN_INVALID; @PK (1-16) 2w digits;
- *   @ZD (1-32): zones F or 3 before the last byte, whose zone C F A E 3 is
- *     plus and D B 7 minus (both EBCDIC and ASCII zoned digits read);
- *   @RB (1-8): the first w bytes of a big-endian double, the rest zero.
+ *   @ZD (1-32): ASCII digits, the last overpunched ("{" "A".."I" plus, "}"
+ *     "J".."R" minus, a plain digit plus); EBCDIC-shaped fields read too:
+ *     zones F or 3 before the last byte, whose zone C F A E is plus and
+ *     D B 7 minus;
+ *   @RB (1-8): the w most significant bytes of the host's double, the rest
+ *     zero.
  * w outside the range or d outside 0..31: XF_IN_BAD_WIDTH. */
 XF_API xf_status zifmib(xf_frame *frame);
 XF_API xf_status zifmibr(xf_frame *frame);
@@ -957,6 +961,33 @@ XF_API xf_status zifmpd(xf_frame *frame);
 XF_API xf_status zifmpk(xf_frame *frame);
 XF_API xf_status zifmzd(xf_frame *frame);
 XF_API xf_status zifmrb(xf_frame *frame);
+/* Mainframe informats: the inverses of the S370F formats, on every host.
+ *   @S370FIB (1-8) signed big-endian; @S370FIBU, @S370FPIB (1-8) unsigned
+ *   @S370FPD (1-16): sign nibble C or F plus, D minus; @S370FPDU: F only
+ *   @S370FZD (1-32): digits F0-F9, the last zone C or F plus, D minus; one
+ *     EBCDIC point (4B) may stand among the digits, and then fixes the
+ *     decimals instead of d
+ *   @S370FZDB (1-32): as @S370FZD without the point, every 40 read as 0
+ *   @S370FZDL (1-32) sign zone first; @S370FZDS, @S370FZDT (2-32) a separate
+ *     4E or 60 first or last; @S370FZDU (1-32) every zone F
+ *   @S370FRB (2-8): the first w bytes of an IBM long form, the rest zero
+ *   @S370FF (1-32): EBCDIC text read as @F reads ASCII text
+ *   @S370FHEX (1-16): EBCDIC hex digits as @HEX; at w 16 an IBM long form
+ * Any other byte: XF_IN_INVALID with the ordinary missing value. */
+XF_API xf_status zifms370ib(xf_frame *frame);
+XF_API xf_status zifms370ibu(xf_frame *frame);
+XF_API xf_status zifms370pib(xf_frame *frame);
+XF_API xf_status zifms370pd(xf_frame *frame);
+XF_API xf_status zifms370pdu(xf_frame *frame);
+XF_API xf_status zifms370zd(xf_frame *frame);
+XF_API xf_status zifms370zdb(xf_frame *frame);
+XF_API xf_status zifms370zdl(xf_frame *frame);
+XF_API xf_status zifms370zds(xf_frame *frame);
+XF_API xf_status zifms370zdt(xf_frame *frame);
+XF_API xf_status zifms370zdu(xf_frame *frame);
+XF_API xf_status zifms370rb(xf_frame *frame);
+XF_API xf_status zifms370f(xf_frame *frame);
+XF_API xf_status zifms370hex(xf_frame *frame);
 /* @HEX (1-16), @OCTAL (1-24), @BINARY (1-64): digits of the base (hex in
  * either case), blanks around them skipped, read as an unsigned integer (d
  * plays no part); @HEX16 reads the bits of a double. A blank field is the

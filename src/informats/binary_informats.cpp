@@ -7,19 +7,17 @@
 #include <cstring>
 
 #include "catalog/missing.hpp"
+#include "informats/binary_input.hpp"
 #include "informats/decimal_to_double.hpp"
 #include "informats/informat_frame.hpp"
 #include "numeric/binary_codec.hpp"
 
 namespace xfmt::informats {
-namespace {
 
 using numeric::u128;
 
-const unsigned char *field_bytes(const xf_frame *f) { return static_cast<const unsigned char *>(f->input); }
-
-// sign x m / 10^d. Up to 2^53 with d <= 22 this is one correctly rounded
-// division; larger magnitudes round twice (to a double, then the quotient).
+// Up to 2^53 with d <= 22 this is one correctly rounded division; larger
+// magnitudes round twice (to a double, then the quotient).
 double scaled_down(bool negative, u128 m, int d) {
   double x;
   if (m <= (u128{1} << 53) && d <= 22) x = static_cast<double>(m) / exact_pow10[d];
@@ -27,21 +25,20 @@ double scaled_down(bool negative, u128 m, int d) {
   return negative ? -x : x;
 }
 
-// Shared entry checks of the raw-byte informats: the room for the double,
-// w in 1..max_w, d in 0..31 and w bytes of input. Returns false with the
-// status set (missing stored where there is room).
-bool raw_ready(xf_frame *f, int max_w, int &d, xf_status &status) {
+xf_status refuse_invalid(xf_frame *f) { return store_double(f, missing_ordinary(), XF_IN_INVALID); }
+
+bool raw_ready(xf_frame *f, int min_w, int max_w, int &d, xf_status &status) {
   if (!can_store_double(f)) {
     status = refuse_small_output(f);
     return false;
   }
   d = implied_decimals(f->decimals);
-  if (f->width < 1 || f->width > max_w || d < 0) {
+  if (f->width < min_w || f->width > max_w || d < 0) {
     status = store_double(f, missing_ordinary(), XF_IN_BAD_WIDTH);
     return false;
   }
   if (f->input == nullptr || f->input_length < static_cast<uint32_t>(f->width)) {
-    status = store_double(f, missing_ordinary(), XF_IN_INVALID);
+    status = refuse_invalid(f);
     return false;
   }
   return true;
@@ -50,40 +47,55 @@ bool raw_ready(xf_frame *f, int max_w, int &d, xf_status &status) {
 xf_status read_integer(xf_frame *f, bool big, bool is_signed) {
   int d = 0;
   xf_status status = XF_OK;
-  if (!raw_ready(f, 8, d, status)) return status;
+  if (!raw_ready(f, 1, 8, d, status)) return status;
   int w = f->width;
-  uint64_t x = numeric::get_unsigned(field_bytes(f), w, big);
+  uint64_t x = numeric::get_unsigned(input_bytes(f), w, big);
   bool negative = is_signed && (x >> (8 * w - 1)) != 0;
   u128 m = x;
   if (negative) m = (u128{1} << (8 * w)) - x;
   return store_double(f, scaled_down(negative, m, d), XF_OK);
 }
 
+namespace {
+
 int nibble(const unsigned char *p, int i) { return (i & 1) ? p[i / 2] & 0x0F : p[i / 2] >> 4; }
 
-// Packed decimal: digit nibbles 0-9; the sign nibble B or D is minus, A, C,
-// E, F plus; a digit in the sign place or a nibble above 9 among the
-// digits makes the field invalid.
-xf_status read_packed(xf_frame *f, bool has_sign) {
+// -1 for a nibble the rule refuses, 1 minus, 0 plus.
+int packed_sign(int s, packed_signs signs) {
+  switch (signs) {
+    case packed_signs::lenient: return s < 0xA ? -1 : (s == 0xB || s == 0xD);
+    case packed_signs::cdf: return s == 0xD ? 1 : (s == 0xC || s == 0xF) ? 0 : -1;
+    case packed_signs::f_only: return s == 0xF ? 0 : -1;
+    case packed_signs::none: return 0;
+  }
+  return -1;
+}
+
+}  // namespace
+
+// Packed decimal: digit nibbles 0-9 and the sign nibble the rule accepts;
+// anything else makes the field invalid.
+xf_status read_packed(xf_frame *f, packed_signs signs) {
   int d = 0;
   xf_status status = XF_OK;
-  if (!raw_ready(f, 16, d, status)) return status;
-  const unsigned char *p = field_bytes(f);
+  if (!raw_ready(f, 1, 16, d, status)) return status;
+  const unsigned char *p = input_bytes(f);
+  bool has_sign = signs != packed_signs::none;
   int digits = 2 * f->width - (has_sign ? 1 : 0);
   u128 m = 0;
   for (int i = 0; i < digits; ++i) {
     int n = nibble(p, i);
-    if (n > 9) return store_double(f, missing_ordinary(), XF_IN_INVALID);
+    if (n > 9) return refuse_invalid(f);
     m = m * 10 + static_cast<unsigned>(n);
   }
-  bool negative = false;
-  if (has_sign) {
-    int s = nibble(p, digits);
-    if (s < 0xA) return store_double(f, missing_ordinary(), XF_IN_INVALID);
-    negative = s == 0xB || s == 0xD;
-  }
-  return store_double(f, scaled_down(negative, m, d), XF_OK);
+  int negative = has_sign ? packed_sign(nibble(p, digits), signs) : 0;
+  if (negative < 0) return refuse_invalid(f);
+  return store_double(f, scaled_down(negative == 1, m, d), XF_OK);
 }
+
+namespace {
+
+const unsigned char *field_bytes(const xf_frame *f) { return input_bytes(f); }
 
 // Zoned decimal as this host writes it: ASCII digits, the sign overpunched
 // on the last ("{" "A".."I" plus, "}" "J".."R" minus, a plain digit
@@ -93,7 +105,7 @@ xf_status read_packed(xf_frame *f, bool has_sign) {
 xf_status read_zoned(xf_frame *f) {
   int d = 0;
   xf_status status = XF_OK;
-  if (!raw_ready(f, 32, d, status)) return status;
+  if (!raw_ready(f, 1, 32, d, status)) return status;
   const unsigned char *p = field_bytes(f);
   int w = f->width;
   u128 m = 0;
@@ -194,8 +206,8 @@ extern "C" xf_status zifmib(xf_frame *f) { return read_integer(f, xfmt::numeric:
 extern "C" xf_status zifmibr(xf_frame *f) { return read_integer(f, false, true); }
 extern "C" xf_status zifmpib(xf_frame *f) { return read_integer(f, xfmt::numeric::host_big, false); }
 extern "C" xf_status zifmpibr(xf_frame *f) { return read_integer(f, false, false); }
-extern "C" xf_status zifmpd(xf_frame *f) { return read_packed(f, true); }
-extern "C" xf_status zifmpk(xf_frame *f) { return read_packed(f, false); }
+extern "C" xf_status zifmpd(xf_frame *f) { return read_packed(f, packed_signs::lenient); }
+extern "C" xf_status zifmpk(xf_frame *f) { return read_packed(f, packed_signs::none); }
 extern "C" xf_status zifmzd(xf_frame *f) { return read_zoned(f); }
 
 // The w most significant bytes of the host's double, in the host's order
@@ -203,7 +215,7 @@ extern "C" xf_status zifmzd(xf_frame *f) { return read_zoned(f); }
 extern "C" xf_status zifmrb(xf_frame *f) {
   int d = 0;
   xf_status status = XF_OK;
-  if (!raw_ready(f, 8, d, status)) return status;
+  if (!raw_ready(f, 1, 8, d, status)) return status;
   uint64_t top = xfmt::numeric::get_unsigned(field_bytes(f), f->width, xfmt::numeric::host_big);
   double v = xfmt::bits_double(top << (64 - 8 * f->width));
   if (d > 0 && !xfmt::is_missing(v)) v /= xfmt::numeric::pow10_double(d);
