@@ -586,6 +586,23 @@ XF_API xf_status zfms370rb(xf_frame *frame);
 XF_API xf_status zfms370f(xf_frame *frame);
 XF_API xf_status zfms370hex(xf_frame *frame);
 
+/* Floating-point layouts of other programs; field rules as the binary
+ * number formats. Missing values and NaN store zero bytes (XF_OK); a value
+ * past the layout's range: XF_E_OVERFLOW with the bytes said.
+ *   IEEE w.d  (2-8) IEEE 754, high-order byte first on every host: w 5-8 the
+ *                   top w bytes of the double, w 2-4 of the single (rounded
+ *                   to nearest); past the range zero bytes
+ *   IEEER w.d (2-8) the same w bytes, least significant first
+ *   FLOAT 4.d       the host's single; past its range zero bytes
+ *   MRB w.d   (2-8) Microsoft Binary Format, fraction bytes low to high then
+ *                   the exponent; w 2-4 single (rounded to nearest), 5-8
+ *                   double, the w most significant bytes; past 1.7e38 the
+ *                   largest magnitude with its sign */
+XF_API xf_status zfmieee(xf_frame *frame);
+XF_API xf_status zfmieeer(xf_frame *frame);
+XF_API xf_status zfmfloat(xf_frame *frame);
+XF_API xf_status zfmmrb(xf_frame *frame);
+
 /* HEX w. (1-16), OCTAL w. (1-24), BINARY w. (1-64): the value rounded to an
  * integer (d plays no part) in w digits of base 16, 8, 2, zero padded,
  * upper-case hex. 0 .. base^w - 1 as is; negative values down to
@@ -988,6 +1005,14 @@ XF_API xf_status zifms370zdu(xf_frame *frame);
 XF_API xf_status zifms370rb(xf_frame *frame);
 XF_API xf_status zifms370f(xf_frame *frame);
 XF_API xf_status zifms370hex(xf_frame *frame);
+/* @IEEE, @IEEER (2-8), @FLOAT (4), @MRB (2-8), @VAXRB (2-8): the inverses of
+ * the formats; absent low-order bytes are zero, then the value is divided
+ * by 10^d. @VAXRB refuses the reserved operand (sign set, exponent 0). */
+XF_API xf_status zifmieee(xf_frame *frame);
+XF_API xf_status zifmieeer(xf_frame *frame);
+XF_API xf_status zifmfloat(xf_frame *frame);
+XF_API xf_status zifmmrb(xf_frame *frame);
+XF_API xf_status zifmvaxrb(xf_frame *frame);
 /* @HEX (1-16), @OCTAL (1-24), @BINARY (1-64): digits of the base (hex in
  * either case), blanks around them skipped, read as an unsigned integer (d
  * plays no part); @HEX16 reads the bits of a double. A blank field is the

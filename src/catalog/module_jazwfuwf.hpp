@@ -15,7 +15,7 @@ inline constexpr fmtinfo_eachfmt jazwfuwf_rows[] = {
     row("DTMONYY", 5, 7, 5, 0, 0, 0, nullptr),
     row("DTYEAR", 2, 4, 4, 0, 0, 0, nullptr),
     row("DTYYQC", 4, 6, 4, 0, 0, 0, nullptr),
-    row("IEEER", 2, 8, 8, 0, 31, 0, nullptr),
+    row("IEEER", 2, 8, 8, 0, 31, 0, zfmieeer),
     row("LOGPROB", 4, 32, 5, 0, 0, 0, zfmlogp),  // zfmlogp
     row("PCPIB", 1, 8, 4, 0, 10, 0, nullptr),
     row("PIBR", 1, 8, 8, 0, 31, 0, nullptr),
@@ -35,7 +35,7 @@ inline constexpr fmtinfo_eachfmt jazwfuwf_rows[] = {
     row("S370FZDT", 2, 32, 8, 0, 10, 0, zfms370zdt),
     row("S370FHEX", 1, 16, 8, 0, 0, 0, zfms370hex),
     row("S370FF", 1, 32, 12, 0, 31, 0, zfms370f),
-    row("IEEE", 2, 8, 8, 0, 31, 0, nullptr),
+    row("IEEE", 2, 8, 8, 0, 31, 0, zfmieee),
     row("NUMX", 1, 32, 12, 0, 31, 0, zfmnumx),  // zfmnumx
     row("$REVERS", 1, 32767, 1, 0, 0, 0, zfmrevers),  // zfmrevers
     row("$REVERJ", 1, 32767, 1, 0, 0, 0, zfmreverj),  // zfmreverj
@@ -43,9 +43,9 @@ inline constexpr fmtinfo_eachfmt jazwfuwf_rows[] = {
     row("$XPORTCH", 1, 200, 1, 0, 0, 0, nullptr),
     row("XPORTFLT", 2, 8, 8, 0, 10, 0, nullptr),
     row("$ASCII", 1, 32767, 1, 0, 0, 0, zfmascii),  // zfmascii
-    row("FLOAT", 4, 4, 4, 0, 31, 0, nullptr),
+    row("FLOAT", 4, 4, 4, 0, 31, 0, zfmfloat),
     row("MINGUO", 1, 10, 8, 0, 0, 0, nullptr),
-    row("MRB", 2, 8, 4, 0, 10, 0, nullptr),
+    row("MRB", 2, 8, 4, 0, 10, 0, zfmmrb),
     row("$UPCASE", 1, 32767, 8, 0, 0, 0, zfmupcase),  // zfmupcase
     row("YEN", 1, 32, 1, 0, 31, 0, zfmyen),  // zfmyen
 };

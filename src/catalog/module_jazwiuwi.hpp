@@ -48,7 +48,7 @@ inline constexpr fmtinfo_eachfmt jazwiuwi_rows[] = {
     row("@FINDFDE", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national date informat
     row("@FINDFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@FINDFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
-    row("@FLOAT", 4, 4, 4, 0, 31, 0, nullptr),
+    row("@FLOAT", 4, 4, 4, 0, 31, 0, zifmfloat),
     row("@FRADFDE", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national date informat
     row("@FRADFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@FRADFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
@@ -65,7 +65,7 @@ inline constexpr fmtinfo_eachfmt jazwiuwi_rows[] = {
     row("@MACDFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@MACDFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
     row("@MINGUO", 6, 10, 6, 0, 0, 0, nullptr),
-    row("@MRB", 2, 8, 4, 0, 10, 0, nullptr),
+    row("@MRB", 2, 8, 4, 0, 10, 0, zifmmrb),
     row("@NLDDFDE", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national date informat
     row("@NLDDFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@NLDDFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
@@ -106,7 +106,7 @@ inline constexpr fmtinfo_eachfmt jazwiuwi_rows[] = {
     row("@SVEDFDE", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national date informat
     row("@SVEDFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@SVEDFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
-    row("@VAXRB", 2, 8, 8, 0, 31, 0, nullptr),
+    row("@VAXRB", 2, 8, 8, 0, 31, 0, zifmvaxrb),
     row("@XYYMMDD", 6, 12, 8, 0, 0, 0, nullptr),
     row("@YEN", 1, 32, 1, 0, 31, 0, nullptr),
     row("@YMDDTTM", 13, 40, 19, 0, 39, 0, nullptr),
