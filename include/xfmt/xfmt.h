@@ -603,6 +603,26 @@ XF_API xf_status zfmieeer(xf_frame *frame);
 XF_API xf_status zfmfloat(xf_frame *frame);
 XF_API xf_status zfmmrb(xf_frame *frame);
 
+/* PC and transport-file fields; field rules as the binary number formats.
+ *   PCPIB w.d    (1-8) unsigned, least significant byte first on every host;
+ *                      a negative value stores the w low bytes of its two's
+ *                      complement (00 .. 80 below -2^(8w-1))
+ *   XPORTINT w.  (1-8) two's complement, big-endian
+ *   XPORTFLT w.d (2-8) IBM hexadecimal floating point as S370FRB; a missing
+ *                      value stores its code, "." 2E, "_" 5F, "A".."Z"
+ *                      41..5A, then zero bytes
+ * Character fields (w outside the range: XF_E_OVERFLOW, nothing written;
+ * cut to the capacity: XF_E_CAPACITY):
+ *   $XPORTCH w. (1-200)   the value's bytes, blank padded, cut to w
+ *   $CSTR w.    (1-32767) the value less its trailing blanks, NUL padded
+ *   $BYVAL w.   (2-8)     the value's first w bytes, NUL padded */
+XF_API xf_status zfmpcpib(xf_frame *frame);
+XF_API xf_status zfmxportint(xf_frame *frame);
+XF_API xf_status zfmxportflt(xf_frame *frame);
+XF_API xf_status zfmxportch(xf_frame *frame);
+XF_API xf_status zfmcstr(xf_frame *frame);
+XF_API xf_status zfmbyval(xf_frame *frame);
+
 /* HEX w. (1-16), OCTAL w. (1-24), BINARY w. (1-64): the value rounded to an
  * integer (d plays no part) in w digits of base 16, 8, 2, zero padded,
  * upper-case hex. 0 .. base^w - 1 as is; negative values down to
@@ -1013,6 +1033,13 @@ XF_API xf_status zifmieeer(xf_frame *frame);
 XF_API xf_status zifmfloat(xf_frame *frame);
 XF_API xf_status zifmmrb(xf_frame *frame);
 XF_API xf_status zifmvaxrb(xf_frame *frame);
+/* @PCPIB (1-8): unsigned, least significant byte first, divided by 10^d. */
+XF_API xf_status zifmpcpib(xf_frame *frame);
+/* @$CSTR (1-32767), @$BYVAL (2-8): the bytes before the first NUL of the
+ * field (all w when there is none), padded with blanks to w, delivered as
+ * @$CHAR delivers; w outside the range: XF_IN_BAD_WIDTH, nothing written. */
+XF_API xf_status zifmcstr(xf_frame *frame);
+XF_API xf_status zifmbyval(xf_frame *frame);
 /* @HEX (1-16), @OCTAL (1-24), @BINARY (1-64): digits of the base (hex in
  * either case), blanks around them skipped, read as an unsigned integer (d
  * plays no part); @HEX16 reads the bits of a double. A blank field is the

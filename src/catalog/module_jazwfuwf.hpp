@@ -8,8 +8,8 @@
 namespace xfmt::catalog {
 
 inline constexpr fmtinfo_eachfmt jazwfuwf_rows[] = {
-    row("$BYVAL", 2, 8, 2, 0, 0, 0, nullptr),
-    row("$CSTR", 1, 32767, 1, 0, 0, 0, nullptr),
+    row("$BYVAL", 2, 8, 2, 0, 0, 0, zfmbyval),
+    row("$CSTR", 1, 32767, 1, 0, 0, 0, zfmcstr),
     row("PVALUE", 3, 32, 6, 1, 30, 4, zfmpval),  // zfmpval
     row("DTDATE", 5, 9, 7, 0, 0, 0, nullptr),
     row("DTMONYY", 5, 7, 5, 0, 0, 0, nullptr),
@@ -17,7 +17,7 @@ inline constexpr fmtinfo_eachfmt jazwfuwf_rows[] = {
     row("DTYYQC", 4, 6, 4, 0, 0, 0, nullptr),
     row("IEEER", 2, 8, 8, 0, 31, 0, zfmieeer),
     row("LOGPROB", 4, 32, 5, 0, 0, 0, zfmlogp),  // zfmlogp
-    row("PCPIB", 1, 8, 4, 0, 10, 0, nullptr),
+    row("PCPIB", 1, 8, 4, 0, 10, 0, zfmpcpib),
     row("PIBR", 1, 8, 8, 0, 31, 0, nullptr),
     row("XYYMMDD", 6, 12, 8, 0, 0, 0, nullptr),
     row("YYQZ", 4, 6, 4, 0, 0, 0, nullptr),
@@ -39,9 +39,9 @@ inline constexpr fmtinfo_eachfmt jazwfuwf_rows[] = {
     row("NUMX", 1, 32, 12, 0, 31, 0, zfmnumx),  // zfmnumx
     row("$REVERS", 1, 32767, 1, 0, 0, 0, zfmrevers),  // zfmrevers
     row("$REVERJ", 1, 32767, 1, 0, 0, 0, zfmreverj),  // zfmreverj
-    row("XPORTINT", 1, 8, 4, 0, 0, 0, nullptr),
-    row("$XPORTCH", 1, 200, 1, 0, 0, 0, nullptr),
-    row("XPORTFLT", 2, 8, 8, 0, 10, 0, nullptr),
+    row("XPORTINT", 1, 8, 4, 0, 0, 0, zfmxportint),
+    row("$XPORTCH", 1, 200, 1, 0, 0, 0, zfmxportch),
+    row("XPORTFLT", 2, 8, 8, 0, 10, 0, zfmxportflt),
     row("$ASCII", 1, 32767, 1, 0, 0, 0, zfmascii),  // zfmascii
     row("FLOAT", 4, 4, 4, 0, 31, 0, zfmfloat),
     row("MINGUO", 1, 10, 8, 0, 0, 0, nullptr),

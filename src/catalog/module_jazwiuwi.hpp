@@ -9,8 +9,8 @@ namespace xfmt::catalog {
 
 inline constexpr fmtinfo_eachfmt jazwiuwi_rows[] = {
     row("@$ASCII", 1, 32767, 1, 0, 0, 0, nullptr),
-    row("@$BYVAL", 2, 8, 2, 0, 0, 0, nullptr),
-    row("@$CSTR", 1, 32767, 1, 0, 0, 0, nullptr),
+    row("@$BYVAL", 2, 8, 2, 0, 0, 0, zifmbyval),
+    row("@$CSTR", 1, 32767, 1, 0, 0, 0, zifmcstr),
     row("@$EBCDIC", 1, 32767, 1, 0, 0, 0, nullptr),
     row("@$REVERJ", 1, 32767, 1, 0, 0, 0, nullptr),
     row("@$REVERS", 1, 32767, 1, 0, 0, 0, nullptr),
@@ -73,7 +73,7 @@ inline constexpr fmtinfo_eachfmt jazwiuwi_rows[] = {
     row("@NORDFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@NORDFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
     row("@NUMX", 1, 32, 12, 0, 31, 0, nullptr),
-    row("@PCPIB", 1, 8, 4, 0, 10, 0, nullptr),
+    row("@PCPIB", 1, 8, 4, 0, 10, 0, zifmpcpib),
     row("@PDJULG", 4, 4, 4, 0, 0, 0, nullptr),
     row("@PDJULI", 4, 4, 4, 0, 0, 0, nullptr),
     row("@POLDFDE", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national date informat

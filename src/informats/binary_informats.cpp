@@ -206,6 +206,7 @@ extern "C" xf_status zifmib(xf_frame *f) { return read_integer(f, xfmt::numeric:
 extern "C" xf_status zifmibr(xf_frame *f) { return read_integer(f, false, true); }
 extern "C" xf_status zifmpib(xf_frame *f) { return read_integer(f, xfmt::numeric::host_big, false); }
 extern "C" xf_status zifmpibr(xf_frame *f) { return read_integer(f, false, false); }
+extern "C" xf_status zifmpcpib(xf_frame *f) { return read_integer(f, false, false); }
 extern "C" xf_status zifmpd(xf_frame *f) { return read_packed(f, packed_signs::lenient); }
 extern "C" xf_status zifmpk(xf_frame *f) { return read_packed(f, packed_signs::none); }
 extern "C" xf_status zifmzd(xf_frame *f) { return read_zoned(f); }

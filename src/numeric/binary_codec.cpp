@@ -202,6 +202,23 @@ double ibm_hex_value(uint64_t bits) {
   return (bits >> 63) ? -v : v;
 }
 
+uint64_t xport_missing_bits(uint64_t missing) {
+  char symbol = missing_symbol(missing);
+  unsigned char code = symbol == '_' || (symbol >= 'A' && symbol <= 'Z') ? static_cast<unsigned char>(symbol) : '.';
+  return static_cast<uint64_t>(code) << 56;
+}
+
+double xport_float_value(const unsigned char *in, int w) {
+  uint64_t top = get_unsigned(in, w, true) << (64 - 8 * w);
+  unsigned char code = static_cast<unsigned char>(top >> 56);
+  if ((top << 8) == 0) {
+    if (code == '.') return missing_ordinary();
+    if (code == '_') return missing_value(0);
+    if (code >= 'A' && code <= 'Z') return missing_value(code - 'A' + 2);
+  }
+  return ibm_hex_value(top);
+}
+
 // MBF exponent e stands for 0.1f x 2^(e - 128); a double's (M / 2^53) x
 // 2^(E - 1022) has e = E - 894, as for VAX. Single precision keeps 24 bits
 // of M, rounded to nearest, ties to even; a carry out moves e up.

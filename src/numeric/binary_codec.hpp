@@ -78,6 +78,13 @@ bool ibm_hex_bits(double v, uint64_t &bits);
 // rest zero). Unnormalized fractions read as their value.
 double ibm_hex_value(uint64_t bits);
 
+// Transport files mark a missing value in their IBM long form by its code
+// in the first byte, the rest zero: "." 2E, "_" 5F, "A".."Z" 41..5A (any
+// other missing pattern is written as "."). The value of such a field reads
+// back as the missing value; any other field as its IBM value.
+uint64_t xport_missing_bits(uint64_t missing);
+double xport_float_value(const unsigned char *in, int w);
+
 // Microsoft Binary Format: n fraction bytes (3 single, 7 double) least
 // significant first, then the excess-128 exponent (0: zero); the top
 // fraction bit gives way to the sign. Single precision rounds to nearest.
