@@ -1040,6 +1040,49 @@ XF_API xf_status zifmpcpib(xf_frame *frame);
  * @$CHAR delivers; w outside the range: XF_IN_BAD_WIDTH, nothing written. */
 XF_API xf_status zifmcstr(xf_frame *frame);
 XF_API xf_status zifmbyval(xf_frame *frame);
+/* @ZDB (1-32): as @ZD, a blank (20, or EBCDIC 40) standing for 0.
+ * @ZDV (1-32): as @ZD but strict: EBCDIC shape (zone F before the last
+ * byte, the last zone A-F: B and D minus) or ASCII shape (digits 30-39, the
+ * last overpunched), anything else XF_IN_INVALID.
+ * @$PHEX (w bytes): 2w-1 hex digits, the final (sign) nibble left out.
+ * @BITS w.d (w 1-64, d 0-63): the w bits after the first d, from the high
+ * bit of the first byte, unsigned; fewer input bytes: XF_IN_INVALID. */
+XF_API xf_status zifmzdb(xf_frame *frame);
+XF_API xf_status zifmzdv(xf_frame *frame);
+XF_API xf_status zifmcphex(xf_frame *frame);
+XF_API xf_status zifmbits(xf_frame *frame);
+/* Punched-card column binary: two bytes a column, their low six bits rows
+ * 12, 11, 0, 1, 2, 3 and 4 .. 9.
+ *   @$CB (w bytes): a character a column by the EBCDIC card code, in the
+ *     host's set; a combination with no character: blank, XF_IN_INVALID
+ *   @CB (1-32, even): one digit punch a column, divided by 10^d
+ *   @PUNCH.d (w 0, d 1-12; 10 is row 0): 1 or 0 for row d of the column
+ *   @ROW w.d (w 0-12 first row, d 0-25 rows): the position from 1 of the
+ *     one punch among the d rows (carrying on into the next column); none
+ *     or d 0: missing; two or more: missing with XF_IN_INVALID */
+XF_API xf_status zifmccb(xf_frame *frame);
+XF_API xf_status zifmcb(xf_frame *frame);
+XF_API xf_status zifmpunch(xf_frame *frame);
+XF_API xf_status zifmrow(xf_frame *frame);
+/* Mainframe time stamps, read from packed fields (digit nibbles, F or C as
+ * the sign nibble; cc 00 1900s, 01 2000s, 02 2100s) and clocks:
+ *   @PDTIME (4) 0hhmmssF, time; all zero bytes: missing
+ *   @RMFDUR (4) mmsstttF, seconds with thousandths
+ *   @RMFSTAMP (8) 0hhmmssF ccyydddF; @SMFSTAMP (8) big-endian hundredths
+ *     since midnight, ccyydddF; @SHRSTAMP (8) ccyydddF hhmmssth: datetime
+ *   @TODSTAMP (1-8) the time-of-day clock (bit 51 a microsecond, from
+ *     1900-01-01; shorter fields are its high-order bytes): datetime; a zero
+ *     clock is missing; @MSEC (8) the clock as seconds, no epoch
+ *   @TU (4) unsigned timer units, 38400 a second
+ * Bytes outside the layout: XF_IN_INVALID with the ordinary missing value. */
+XF_API xf_status zifmpdtime(xf_frame *frame);
+XF_API xf_status zifmrmfdur(xf_frame *frame);
+XF_API xf_status zifmrmfstamp(xf_frame *frame);
+XF_API xf_status zifmsmfstamp(xf_frame *frame);
+XF_API xf_status zifmshrstamp(xf_frame *frame);
+XF_API xf_status zifmtodstamp(xf_frame *frame);
+XF_API xf_status zifmmsec(xf_frame *frame);
+XF_API xf_status zifmtu(xf_frame *frame);
 /* @HEX (1-16), @OCTAL (1-24), @BINARY (1-64): digits of the base (hex in
  * either case), blanks around them skipped, read as an unsigned integer (d
  * plays no part); @HEX16 reads the bits of a double. A blank field is the

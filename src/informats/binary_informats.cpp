@@ -101,30 +101,73 @@ const unsigned char *field_bytes(const xf_frame *f) { return input_bytes(f); }
 // on the last ("{" "A".."I" plus, "}" "J".."R" minus, a plain digit
 // unsigned). Zoned data that arrives in EBCDIC or with the ASCII zone 7
 // for minus reads too: zones F or 3 before the last byte, the last byte's
-// zone C, F, A, E or 3 plus, D, B or 7 minus.
-xf_status read_zoned(xf_frame *f) {
-  int d = 0;
-  xf_status status = XF_OK;
-  if (!raw_ready(f, 1, 32, d, status)) return status;
-  const unsigned char *p = field_bytes(f);
-  int w = f->width;
-  u128 m = 0;
+// zone C, F, A, E or 3 plus, D, B or 7 minus. False for any other byte.
+bool zoned_value(const unsigned char *p, int w, u128 &m, bool &negative) {
+  m = 0;
   for (int i = 0; i < w - 1; ++i) {
     unsigned zone = p[i] >> 4, digit = p[i] & 0x0Fu;
-    if (digit > 9 || (zone != 0xF && zone != 0x3)) return store_double(f, missing_ordinary(), XF_IN_INVALID);
+    if (digit > 9 || (zone != 0xF && zone != 0x3)) return false;
     m = m * 10 + digit;
   }
-  bool negative = false;
   int last = numeric::ascii_overpunch_digit(p[w - 1], negative);
   if (last < 0) {
     unsigned zone = p[w - 1] >> 4, digit = p[w - 1] & 0x0Fu;
     negative = zone == 0xD || zone == 0xB || zone == 0x7;
     bool positive = zone == 0xC || zone == 0xF || zone == 0xA || zone == 0xE;
-    if ((!negative && !positive) || digit > 9) return store_double(f, missing_ordinary(), XF_IN_INVALID);
+    if ((!negative && !positive) || digit > 9) return false;
     last = static_cast<int>(digit);
   }
   m = m * 10 + static_cast<unsigned>(last);
-  return store_double(f, scaled_down(negative && m != 0, m, d), XF_OK);
+  negative = negative && m != 0;
+  return true;
+}
+
+// The strict reading of @ZDV: either EBCDIC shape (zone F before the last
+// byte, whose zone A-F carries the sign: B and D minus) or ASCII shape
+// (digits 30-39, the last overpunched or a plain digit), never a mixture.
+bool zoned_value_strict(const unsigned char *p, int w, u128 &m, bool &negative) {
+  bool ebcdic = (p[0] >> 4) == 0xF || (w == 1 && (p[0] >> 4) >= 0xA);
+  m = 0;
+  for (int i = 0; i < w - 1; ++i) {
+    unsigned zone = p[i] >> 4, digit = p[i] & 0x0Fu;
+    if (digit > 9 || zone != (ebcdic ? 0xFu : 0x3u)) return false;
+    m = m * 10 + digit;
+  }
+  unsigned zone = p[w - 1] >> 4, digit = p[w - 1] & 0x0Fu;
+  int last;
+  if (ebcdic) {
+    if (zone < 0xA || digit > 9) return false;
+    negative = zone == 0xB || zone == 0xD;
+    last = static_cast<int>(digit);
+  } else {
+    last = numeric::ascii_overpunch_digit(p[w - 1], negative);
+    if (last < 0) return false;
+  }
+  m = m * 10 + static_cast<unsigned>(last);
+  negative = negative && m != 0;
+  return true;
+}
+
+enum class zoned_kind { plain, blanks_are_zero, strict };
+
+xf_status read_zoned(xf_frame *f, zoned_kind kind) {
+  int d = 0;
+  xf_status status = XF_OK;
+  if (!raw_ready(f, 1, 32, d, status)) return status;
+  const unsigned char *p = field_bytes(f);
+  int w = f->width;
+  unsigned char filled[32];
+  if (kind == zoned_kind::blanks_are_zero) {
+    // Card data punched zeros as blanks: the ASCII blank, and the EBCDIC
+    // one for fields that were never translated.
+    for (int i = 0; i < w; ++i) filled[i] = p[i] == 0x20 ? '0' : p[i] == 0x40 ? 0xF0 : p[i];
+    p = filled;
+  }
+  u128 m = 0;
+  bool negative = false;
+  bool ok = kind == zoned_kind::strict ? zoned_value_strict(p, w, m, negative) : zoned_value(p, w, m, negative);
+  if (!ok) return refuse_invalid(f);
+  return store_double(f, scaled_down(negative, m, d), XF_OK);
 }
 
 int digit_value(unsigned char c) {
@@ -154,7 +197,7 @@ bool read_digits(const xf_frame *f, int bits, u128 &x, bool &blank) {
 
 xf_status radix_informat(xf_frame *f, int bits, int max_w) {
   if (!can_store_double(f)) return refuse_small_output(f);
-  if (f->width < 1 || f->width > max_w) return store_double(f, missing_ordinary(), XF_IN_BAD_WIDTH);
+  if (f->width < 1 || f->width > max_w) return store_double(f, xfmt::missing_ordinary(), XF_IN_BAD_WIDTH);
   u128 x = 0;
   bool blank = false;
   if (!read_digits(f, bits, x, blank)) return store_double(f, missing_ordinary(), XF_IN_INVALID);
@@ -209,7 +252,42 @@ extern "C" xf_status zifmpibr(xf_frame *f) { return read_integer(f, false, false
 extern "C" xf_status zifmpcpib(xf_frame *f) { return read_integer(f, false, false); }
 extern "C" xf_status zifmpd(xf_frame *f) { return read_packed(f, packed_signs::lenient); }
 extern "C" xf_status zifmpk(xf_frame *f) { return read_packed(f, packed_signs::none); }
-extern "C" xf_status zifmzd(xf_frame *f) { return read_zoned(f); }
+extern "C" xf_status zifmzd(xf_frame *f) { return read_zoned(f, zoned_kind::plain); }
+extern "C" xf_status zifmzdb(xf_frame *f) { return read_zoned(f, zoned_kind::blanks_are_zero); }
+extern "C" xf_status zifmzdv(xf_frame *f) { return read_zoned(f, zoned_kind::strict); }
+
+// $PHEX: each byte as two hex digits, the last nibble (the sign's place)
+// left out: w bytes give 2w - 1 characters.
+extern "C" xf_status zifmcphex(xf_frame *f) {
+  if (f->width < 1) {
+    f->output_length = 0;
+    return XF_IN_BAD_WIDTH;
+  }
+  int64_t n = field_length(f);
+  uint32_t want = n > 0 ? static_cast<uint32_t>(2 * n - 1) : 0;
+  uint32_t room = f->output == nullptr ? 0 : f->output_capacity;
+  uint32_t k = want < room ? want : room;
+  const unsigned char *p = field_bytes(f);
+  char *out = static_cast<char *>(f->output);
+  for (uint32_t i = 0; i < k; ++i) out[i] = "0123456789ABCDEF"[(i & 1) ? p[i / 2] & 0x0F : p[i / 2] >> 4];
+  f->output_length = k;
+  f->output_encoding = XF_ENC_SINGLE_BYTE;
+  return k < want ? XF_E_CAPACITY : XF_OK;
+}
+
+// BITS w.d: the w bits (1-64) that follow the first d bits (0-63), counted
+// from the high bit of the first byte, as an unsigned number.
+extern "C" xf_status zifmbits(xf_frame *f) {
+  if (!can_store_double(f)) return refuse_small_output(f);
+  int w = f->width, d = f->decimals;
+  if (w < 1 || w > 64 || d < 0 || d > 63) return store_double(f, xfmt::missing_ordinary(), XF_IN_BAD_WIDTH);
+  int64_t bytes = (d + w + 7) / 8;
+  if (f->input == nullptr || f->input_length < bytes) return refuse_invalid(f);
+  const unsigned char *p = field_bytes(f);
+  uint64_t x = 0;
+  for (int i = d; i < d + w; ++i) x = (x << 1) | ((p[i / 8] >> (7 - i % 8)) & 1u);
+  return store_double(f, static_cast<double>(x), XF_OK);
+}
 
 // The w most significant bytes of the host's double, in the host's order
 // (on a little-endian host the last w bytes of it); the rest zero.
