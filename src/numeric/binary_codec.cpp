@@ -61,9 +61,16 @@ scaled_int scale_value(double v, int32_t d) {
   return {scaled_kind::ok, negative, static_cast<u128>(m)};
 }
 
+// Up to 8 bytes on a little-endian host: one store of the (byte-swapped
+// when big) word instead of a byte loop.
 void put_twos(unsigned char *out, int w, u128 x, bool big) {
   if (w <= 8) {
     uint64_t x64 = static_cast<uint64_t>(x);
+    if constexpr (!host_big) {
+      uint64_t y = big ? __builtin_bswap64(x64 << (64 - 8 * w)) : x64;
+      std::memcpy(out, &y, static_cast<size_t>(w));
+      return;
+    }
     for (int i = 0; i < w; ++i, x64 >>= 8) out[big ? w - 1 - i : i] = static_cast<unsigned char>(x64 & 0xFF);
     return;
   }
@@ -75,6 +82,11 @@ void put_twos(unsigned char *out, int w, u128 x, bool big) {
 }
 
 uint64_t get_unsigned(const unsigned char *in, int w, bool big) {
+  if constexpr (!host_big) {
+    uint64_t x = 0;
+    std::memcpy(&x, in, static_cast<size_t>(w));
+    return big ? __builtin_bswap64(x) >> (64 - 8 * w) : x;
+  }
   uint64_t x = 0;
   for (int i = 0; i < w; ++i) x = (x << 8) | in[big ? i : w - 1 - i];
   return x;
@@ -175,31 +187,13 @@ double pow2(int k) { return bits_double(static_cast<uint64_t>(1023 + k) << 52); 
 
 }  // namespace
 
-// A normal double is M x 2^(E - 1075) with M of 53 bits; as a fraction
-// below 1 that is (M / 2^53) x 2^e2 with e2 = E - 1022. IBM wants a power
-// of 16: e2 = 4h - s with s 0..3, and the 56-bit fraction is M << (3 - s),
-// exact. Subnormal doubles (below 2.2e-308) lie far below 16^-65.
-bool ibm_hex_bits(double v, uint64_t &bits) {
-  bits = 0;
-  uint64_t b = double_bits(v);
-  int e = static_cast<int>((b >> 52) & 0x7FF);
-  if (e == 0x7FF) return false;
-  if (e == 0) return true;
-  int e2 = e - 1022;
-  int h = e2 >= 0 ? (e2 + 3) / 4 : -((-e2) / 4);
-  int s = 4 * h - e2;
-  if (h > 63) return false;
-  if (h < -64) return true;
-  uint64_t m = (b & 0x000FFFFFFFFFFFFFull) | (uint64_t{1} << 52);
-  bits = (b & 0x8000000000000000ull) | (static_cast<uint64_t>(h + 64) << 56) | (m << (3 - s));
-  return true;
-}
-
 double ibm_hex_value(uint64_t bits) {
   uint64_t fraction = bits & 0x00FFFFFFFFFFFFFFull;
   int h = static_cast<int>((bits >> 56) & 0x7F) - 64;
-  double v = static_cast<double>(fraction) * pow2(4 * h - 56);
-  return (bits >> 63) ? -v : v;
+  // Below 2^56, so the signed conversion (one instruction) serves; the sign
+  // bit is copied over rather than branched on, as signs come in any order.
+  double v = static_cast<double>(static_cast<int64_t>(fraction)) * pow2(4 * h - 56);
+  return bits_double(double_bits(v) | (bits & 0x8000000000000000ull));
 }
 
 uint64_t xport_missing_bits(uint64_t missing) {

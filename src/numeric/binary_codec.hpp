@@ -7,6 +7,7 @@
 #include <bit>
 #include <cstdint>
 
+#include "catalog/missing.hpp"
 #include "numeric/digits.hpp"
 
 namespace xfmt::numeric {
@@ -72,8 +73,9 @@ bool vax_d_value(const unsigned char in[8], double &v);
 // IBM hexadecimal floating point, long form: sign, excess-64 power of 16,
 // 56-bit fraction whose first hex digit is not 0 (zero is all zero bits).
 // Every double fits the fraction exactly. Returns false (bits 0) when |v|
-// is 16^63 (7.2e75) or more or not finite; values below 16^-65 give 0.
-bool ibm_hex_bits(double v, uint64_t &bits);
+// is 16^63 (7.2e75) or more or infinite; NaN and values below 16^-65 give
+// 0.
+inline bool ibm_hex_bits(double v, uint64_t &bits);
 // The value of IBM long-form bits (the top w bytes of a shorter field, the
 // rest zero). Unnormalized fractions read as their value.
 double ibm_hex_value(uint64_t bits);
@@ -91,5 +93,24 @@ double xport_float_value(const unsigned char *in, int w);
 // Returns false (largest magnitude stored) past 2^127; below 2^-128: zero.
 bool mbf_bytes(double v, bool is_double, unsigned char out[8]);
 double mbf_value(const unsigned char *in, bool is_double);
+
+// A normal double is M x 2^(E - 1075) with M of 53 bits; as a fraction
+// below 1 that is (M / 2^53) x 2^e2 with e2 = E - 1022. IBM wants a power
+// of 16: e2 = 4h - s with s 0..3, so h = ceil(e2 / 4), which makes the
+// biased exponent h + 64 = floor((E + 1) / 4) - 191 and the 56-bit fraction
+// M << ((E + 1) mod 4), exact. One range test covers the usual case; zero,
+// subnormals (far below 16^-65), infinities and NaN fail it and are sorted
+// out after.
+inline bool ibm_hex_bits(double v, uint64_t &bits) {
+  uint64_t b = double_bits(v);
+  unsigned e = static_cast<unsigned>((b >> 52) & 0x7FF);
+  unsigned biased = ((e + 1) >> 2) - 191u;  // wraps around below the range
+  uint64_t m = (b & 0x000FFFFFFFFFFFFFull) | (uint64_t{1} << 52);
+  bits = (b & 0x8000000000000000ull) | (static_cast<uint64_t>(biased & 0x7F) << 56) | (m << ((e + 1) & 3));
+  if (biased <= 127u) return true;
+  bits = 0;
+  if (e == 0x7FF) return (b & 0x000FFFFFFFFFFFFFull) != 0;  // NaN: zero; infinity: out of range
+  return ((e + 1) >> 2) < 191u;                              // below the range: zero; above: out
+}
 
 }  // namespace xfmt::numeric

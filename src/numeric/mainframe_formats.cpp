@@ -26,8 +26,8 @@ xf_status to_ebcdic(xf_frame *f, xf_status status) {
 
 }  // namespace
 
+// A missing value is a NaN and stays one when scaled: it gives zero bits.
 uint64_t hex_float_of(double v, int32_t d, xf_status &status) {
-  if (is_missing(v) || std::isnan(v)) return 0;
   if (d > 0) v *= pow10_double(d);
   uint64_t bits = 0;
   if (!ibm_hex_bits(v, bits)) {
