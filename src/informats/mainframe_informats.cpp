@@ -142,8 +142,9 @@ extern "C" xf_status zifms370hex(xf_frame *f) {
     double v;
     std::memcpy(&v, f->output, sizeof v);
     const unsigned char *p = input_bytes(f);
+    int64_t n = field_length(f);
     bool blank = true;
-    for (int i = 0; i < 16; ++i) blank = blank && p[i] == 0x40;
+    for (int64_t i = 0; i < n; ++i) blank = blank && p[i] == 0x40;
     if (!blank) v = xfmt::numeric::ibm_hex_value(xfmt::double_bits(v));
     return store_double(f, v, XF_OK);
   }
