@@ -1,7 +1,9 @@
 // Binary and radix formats against the standard way of making the same
 // bytes: IB4.2 versus llround and a shift loop, PD8.2 versus snprintf
 // digits packed into nibbles, HEX8 versus snprintf("%08llX"), $HEX versus a
-// snprintf per byte. Report: ns per value and ratios.
+// snprintf per byte. The mainframe forms against the native ones in the
+// same run, both ways: S370FPD8.2 vs PD8.2, S370FZD8.2 vs ZD8.2, S370FRB8.
+// vs RB8. Report: ns per value and ratios.
 #include <benchmark/benchmark.h>
 
 #include <cmath>
@@ -107,8 +109,62 @@ void bm_chex_snprintf(benchmark::State &state) {
   }
 }
 
+// Informats: the fields of the 4096 values written once by the format,
+// then read back one per iteration.
+void run_informat(benchmark::State &state, xf_routine format, xf_routine informat, int w, int d) {
+  const std::vector<double> &v = values();
+  std::vector<unsigned char> fields(4096 * static_cast<size_t>(w));
+  for (size_t k = 0; k < 4096; ++k) {
+    double x = v[k];
+    xf_frame f{};
+    f.width = w;
+    f.decimals = d;
+    f.input = &x;
+    f.input_length = 8;
+    f.output = fields.data() + k * static_cast<size_t>(w);
+    f.output_capacity = static_cast<uint32_t>(w);
+    format(&f);
+  }
+  double out = 0;
+  size_t i = 0;
+  for (auto _ : state) {
+    xf_frame f{};
+    f.width = w;
+    f.decimals = d;
+    f.input = fields.data() + (i++ & 4095) * static_cast<size_t>(w);
+    f.input_length = static_cast<uint32_t>(w);
+    f.output = &out;
+    f.output_capacity = 8;
+    benchmark::DoNotOptimize(informat(&f));
+    benchmark::DoNotOptimize(out);
+  }
+}
+
+void bm_s370fpd8_2(benchmark::State &s) { run_format(s, zfms370pd, 8, 2); }
+void bm_zd8_2(benchmark::State &s) { run_format(s, zfmzd, 8, 2); }
+void bm_s370fzd8_2(benchmark::State &s) { run_format(s, zfms370zd, 8, 2); }
+void bm_rb8(benchmark::State &s) { run_format(s, zfmrb, 8, 0); }
+void bm_s370frb8(benchmark::State &s) { run_format(s, zfms370rb, 8, 0); }
+void bm_read_pd8_2(benchmark::State &s) { run_informat(s, zfmpd, zifmpd, 8, 2); }
+void bm_read_s370fpd8_2(benchmark::State &s) { run_informat(s, zfms370pd, zifms370pd, 8, 2); }
+void bm_read_zd8_2(benchmark::State &s) { run_informat(s, zfmzd, zifmzd, 8, 2); }
+void bm_read_s370fzd8_2(benchmark::State &s) { run_informat(s, zfms370zd, zifms370zd, 8, 2); }
+void bm_read_rb8(benchmark::State &s) { run_informat(s, zfmrb, zifmrb, 8, 0); }
+void bm_read_s370frb8(benchmark::State &s) { run_informat(s, zfms370rb, zifms370rb, 8, 0); }
+
 }  // namespace
 
+BENCHMARK(bm_s370fpd8_2);
+BENCHMARK(bm_zd8_2);
+BENCHMARK(bm_s370fzd8_2);
+BENCHMARK(bm_rb8);
+BENCHMARK(bm_s370frb8);
+BENCHMARK(bm_read_pd8_2);
+BENCHMARK(bm_read_s370fpd8_2);
+BENCHMARK(bm_read_zd8_2);
+BENCHMARK(bm_read_s370fzd8_2);
+BENCHMARK(bm_read_rb8);
+BENCHMARK(bm_read_s370frb8);
 BENCHMARK(bm_ib4_2);
 BENCHMARK(bm_ib4_2_llround);
 BENCHMARK(bm_pd8_2);

@@ -17,13 +17,32 @@ namespace {
 struct pair_entry {
   xf_routine format;
   xf_routine informat;  // nullptr: no read-back check
+  bool keeps_sign;      // false: negative values are stored without their sign
 };
 
-const pair_entry numeric[] = {{zfmib, zifmib},   {zfmibr, zifmibr}, {zfmpib, zifmpib}, {zfmpibr, zifmpibr},
-                              {zfmpd, zifmpd},   {zfmpk, zifmpk},   {zfmzd, zifmzd},   {zfmrb, nullptr},
-                              {zfmvaxrb, nullptr}, {zfmhex, nullptr}, {zfmoct, nullptr}, {zfmbin, nullptr}};
-const xf_routine text[] = {zfmchex, zfmcoct, zfmcbin, zifmchex, zifmcoct, zifmcbin, zifmib, zifmibr,
-                           zifmpib, zifmpibr, zifmpd,  zifmpk,   zifmzd,   zifmrb,   zifmhex, zifmoct, zifmbin};
+const pair_entry numeric[] = {
+    {zfmib, zifmib, true},         {zfmibr, zifmibr, true},         {zfmpib, zifmpib, true},
+    {zfmpibr, zifmpibr, true},     {zfmpd, zifmpd, true},           {zfmpk, zifmpk, true},
+    {zfmzd, zifmzd, true},         {zfmrb, nullptr, true},          {zfmvaxrb, nullptr, true},
+    {zfmhex, nullptr, true},       {zfmoct, nullptr, true},         {zfmbin, nullptr, true},
+    {zfms370ib, zifms370ib, true}, {zfms370ibu, zifms370ibu, false}, {zfms370pib, zifms370pib, false},
+    {zfms370pd, zifms370pd, true}, {zfms370pdu, zifms370pdu, false}, {zfms370zd, zifms370zd, true},
+    {zfms370zdl, zifms370zdl, true}, {zfms370zds, zifms370zds, true}, {zfms370zdt, zifms370zdt, true},
+    {zfms370zdu, zifms370zdu, false}, {zfms370zd, zifms370zdb, true}, {zfmzd, zifmzdv, true},
+    {zfms370rb, nullptr, true},    {zfms370f, nullptr, true},       {zfms370hex, nullptr, true},
+    {zfmieee, nullptr, true},      {zfmieeer, nullptr, true},       {zfmfloat, nullptr, true},
+    {zfmmrb, nullptr, true},       {zfmpcpib, zifmpcpib, false},    {zfmxportint, zifms370ib, true},
+    {zfmxportflt, nullptr, true},
+};
+const xf_routine text[] = {
+    zfmchex,      zfmcoct,     zfmcbin,      zifmchex,     zifmcoct,     zifmcbin,     zifmib,      zifmibr,
+    zifmpib,      zifmpibr,    zifmpd,       zifmpk,       zifmzd,       zifmrb,       zifmhex,     zifmoct,
+    zifmbin,      zfmxportch,  zfmcstr,      zfmbyval,     zifmcstr,     zifmbyval,    zifms370ib,  zifms370ibu,
+    zifms370pib,  zifms370pd,  zifms370pdu,  zifms370zd,   zifms370zdb,  zifms370zdl,  zifms370zds, zifms370zdt,
+    zifms370zdu,  zifms370rb,  zifms370f,    zifms370hex,  zifmieee,     zifmieeer,    zifmfloat,   zifmmrb,
+    zifmvaxrb,    zifmpcpib,   zifmccb,      zifmcb,       zifmpunch,    zifmrow,      zifmcphex,   zifmbits,
+    zifmzdb,      zifmzdv,     zifmpdtime,   zifmrmfdur,   zifmrmfstamp, zifmsmfstamp, zifmshrstamp, zifmtodstamp,
+    zifmmsec,     zifmtu};
 
 void run(xf_routine r, xf_frame f, std::vector<unsigned char> &out) {
   f.output = out.empty() ? nullptr : out.data();
@@ -69,6 +88,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   if (p.informat == nullptr || p.format(&g) != XF_OK || d > 22 || w < 1) return 0;
   double scaled = std::round(value * std::pow(10.0, d));
   if (!(std::fabs(scaled) <= 9007199254740992.0)) return 0;  // exact integers only
+  if (!p.keeps_sign && scaled < 0) return 0;
   double back = 0;
   xf_frame h{};
   h.width = w;

@@ -530,15 +530,21 @@ XF_API xf_status pctn(xf_frame *frame);
  * to w. w outside the format's range: XF_E_OVERFLOW, nothing written
  * (output length 0); w above output_capacity: XF_E_CAPACITY, nothing
  * written. A value past the field stores the field's extreme of the same
- * sign and returns XF_E_OVERFLOW; a missing value stores 0 (RB: its bits).
- *   IB w.d    (1-8)  two's complement, most significant byte first
- *   IBR w.d   (1-8)  the same, least significant byte first
- *   PIB w.d   (1-8)  unsigned, big-endian; negative values store 0
- *   PIBR w.d  (1-8)  unsigned, little-endian
+ * sign (all nines for packed and zoned) and returns XF_E_OVERFLOW; a
+ * missing value stores 0 (PD: minus zero; RB: its bits). IB, PIB and RB
+ * follow the host's byte order (least significant byte first on a
+ * little-endian host).
+ *   IB w.d    (1-8)  two's complement, host order
+ *   IBR w.d   (1-8)  two's complement, least significant byte first
+ *   PIB w.d   (1-8)  unsigned, host order; negative values store FF..
+ *   PIBR w.d  (1-8)  the same, least significant byte first
  *   PD w.d    (1-16) packed decimal, 2w-1 digits, last nibble C (+) or D (-)
  *   PK w.d    (1-16) packed decimal, 2w digits, no sign; negatives store 0
- *   ZD w.d    (1-32) zoned: digits F0-F9, the last C0-C9 (+) or D0-D9 (-)
- *   RB w.d    (1-8)  the first w bytes of the IEEE double, big-endian
+ *   ZD w.d    (1-32) ASCII zoned: digits 30-39, the sign overpunched on the
+ *                    last: "{" "A".."I" plus, "}" "J".."R" minus
+ *   RB w.d    (1-8)  the host's double; w below 8 keeps its w most
+ *                    significant bytes; a product past the double range
+ *                    stores the NaN 0xFFFFD10000000000 (XF_E_OVERFLOW)
  *   VAXRB w.d (1-8)  VAX D-floating (16-bit words little-endian, the most
  *                    significant first), cut to w; missing and NaN store 0 */
 XF_API xf_status zfmib(xf_frame *frame);
@@ -550,6 +556,79 @@ XF_API xf_status zfmpk(xf_frame *frame);
 XF_API xf_status zfmzd(xf_frame *frame);
 XF_API xf_status zfmrb(xf_frame *frame);
 XF_API xf_status zfmvaxrb(xf_frame *frame);
+
+/* Mainframe formats: the bytes an IBM mainframe program writes, on every
+ * host. Field rules as the binary number formats above.
+ *   S370FIB w.d   (1-8)  two's complement, big-endian
+ *   S370FIBU w.d  (1-8)  unsigned big-endian of |value|
+ *   S370FPIB w.d  (1-8)  unsigned big-endian; a negative value stores the w
+ *                        low bytes of its two's complement (80 00.. below
+ *                        -2^(8w-1))
+ *   S370FPD w.d   (1-16) as PD
+ *   S370FPDU w.d  (1-16) 2w-1 digits of |value|, sign nibble F
+ *   S370FZD w.d   (1-32) digits F0-F9, the last zone C (plus or zero) or D
+ *   S370FZDL w.d  (1-32) the same with the sign zone on the first digit
+ *   S370FZDS w.d  (2-32) 4E (+) or 60 (-), then w-1 digits
+ *   S370FZDT w.d  (2-32) w-1 digits, then 4E or 60
+ *   S370FZDU w.d  (1-32) digits of |value|, every zone F
+ *   S370FRB w.d   (2-8)  IBM hexadecimal floating point, long form, the first
+ *                        w bytes (cut, not rounded); zero, missing values and
+ *                        NaN store zero bytes; past 7.2e75 the largest
+ *                        magnitude with its sign and XF_E_OVERFLOW
+ *   S370FF w.d    (1-32) zfmt's text of the value, each byte through as2eb
+ *                        (blank 40, "-" 60, "." 4B); statuses as zfmt
+ *   S370FHEX w.   (1-16) HEX's text through as2eb; at w 16 the hex digits of
+ *                        the IBM long form (past its range: 16 stars, 5C) */
+XF_API xf_status zfms370ib(xf_frame *frame);
+XF_API xf_status zfms370ibu(xf_frame *frame);
+XF_API xf_status zfms370pib(xf_frame *frame);
+XF_API xf_status zfms370pd(xf_frame *frame);
+XF_API xf_status zfms370pdu(xf_frame *frame);
+XF_API xf_status zfms370zd(xf_frame *frame);
+XF_API xf_status zfms370zdl(xf_frame *frame);
+XF_API xf_status zfms370zds(xf_frame *frame);
+XF_API xf_status zfms370zdt(xf_frame *frame);
+XF_API xf_status zfms370zdu(xf_frame *frame);
+XF_API xf_status zfms370rb(xf_frame *frame);
+XF_API xf_status zfms370f(xf_frame *frame);
+XF_API xf_status zfms370hex(xf_frame *frame);
+
+/* Floating-point layouts of other programs; field rules as the binary
+ * number formats. Missing values and NaN store zero bytes (XF_OK); a value
+ * past the layout's range: XF_E_OVERFLOW with the bytes said.
+ *   IEEE w.d  (2-8) IEEE 754, high-order byte first on every host: w 5-8 the
+ *                   top w bytes of the double, w 2-4 of the single (rounded
+ *                   to nearest); past the range zero bytes
+ *   IEEER w.d (2-8) the same w bytes, least significant first
+ *   FLOAT 4.d       the host's single; past its range zero bytes
+ *   MRB w.d   (2-8) Microsoft Binary Format, fraction bytes low to high then
+ *                   the exponent; w 2-4 single (rounded to nearest), 5-8
+ *                   double, the w most significant bytes; past 1.7e38 the
+ *                   largest magnitude with its sign */
+XF_API xf_status zfmieee(xf_frame *frame);
+XF_API xf_status zfmieeer(xf_frame *frame);
+XF_API xf_status zfmfloat(xf_frame *frame);
+XF_API xf_status zfmmrb(xf_frame *frame);
+
+/* PC and transport-file fields; field rules as the binary number formats.
+ *   PCPIB w.d    (1-8) unsigned, least significant byte first on every host;
+ *                      a negative value stores the w low bytes of its two's
+ *                      complement (00 .. 80 below -2^(8w-1))
+ *   XPORTINT w.  (1-8) two's complement, big-endian
+ *   XPORTFLT w.d (2-8) IBM hexadecimal floating point as S370FRB; a missing
+ *                      value stores its code, "." 2E, "_" 5F, "A".."Z"
+ *                      41..5A, then zero bytes
+ * Character fields (w outside the range: XF_E_OVERFLOW, nothing written;
+ * cut to the capacity: XF_E_CAPACITY):
+ *   $XPORTCH w. (1-200)   the value's bytes, blank padded, cut to w
+ *   $CSTR w.    (1-32767) the value less its trailing blanks, NUL padded
+ *   $BYVAL w.   (2-8)     the value's first w bytes, NUL padded */
+XF_API xf_status zfmpcpib(xf_frame *frame);
+XF_API xf_status zfmxportint(xf_frame *frame);
+XF_API xf_status zfmxportflt(xf_frame *frame);
+XF_API xf_status zfmxportch(xf_frame *frame);
+XF_API xf_status zfmcstr(xf_frame *frame);
+XF_API xf_status zfmbyval(xf_frame *frame);
 
 /* HEX w. (1-16), OCTAL w. (1-24), BINARY w. (1-64): the value rounded to an
  * integer (d plays no part) in w digits of base 16, 8, 2, zero padded,
@@ -906,13 +985,17 @@ XF_API xf_status zifmpct(xf_frame *frame);
 XF_API xf_status zifmcmx(xf_frame *frame);
 
 /* Binary informats read exactly w raw bytes (fewer at input: XF_IN_INVALID)
- * and store value / 10^d; layouts as the formats of the same names.
+ * and store value / 10^d; layouts as the formats of the same names (@IB,
+ * @PIB and @RB in the host's byte order).
  *   @IB, @IBR (1-8) two's complement; @PIB, @PIBR (1-8) unsigned;
  *   @PD (1-16): sign nibble B or D minus, A C E F plus, a digit there or a
  *     nibble above 9 among the digits XF_IN_INVALID; @PK (1-16) 2w digits;
- *   @ZD (1-32): zones F or 3 before the last byte, whose zone C F A E 3 is
- *     plus and D B 7 minus (both EBCDIC and ASCII zoned digits read);
- *   @RB (1-8): the first w bytes of a big-endian double, the rest zero.
+ *   @ZD (1-32): ASCII digits, the last overpunched ("{" "A".."I" plus, "}"
+ *     "J".."R" minus, a plain digit plus); EBCDIC-shaped fields read too:
+ *     zones F or 3 before the last byte, whose zone C F A E is plus and
+ *     D B 7 minus;
+ *   @RB (1-8): the w most significant bytes of the host's double, the rest
+ *     zero.
  * w outside the range or d outside 0..31: XF_IN_BAD_WIDTH. */
 XF_API xf_status zifmib(xf_frame *frame);
 XF_API xf_status zifmibr(xf_frame *frame);
@@ -922,6 +1005,91 @@ XF_API xf_status zifmpd(xf_frame *frame);
 XF_API xf_status zifmpk(xf_frame *frame);
 XF_API xf_status zifmzd(xf_frame *frame);
 XF_API xf_status zifmrb(xf_frame *frame);
+/* Mainframe informats: the inverses of the S370F formats, on every host.
+ *   @S370FIB (1-8) signed big-endian; @S370FIBU, @S370FPIB (1-8) unsigned
+ *   @S370FPD (1-16): sign nibble C or F plus, D minus; @S370FPDU: F only
+ *   @S370FZD (1-32): digits F0-F9, the last zone C or F plus, D minus; one
+ *     EBCDIC point (4B) may stand among the digits, and then fixes the
+ *     decimals instead of d
+ *   @S370FZDB (1-32): as @S370FZD without the point, every 40 read as 0
+ *   @S370FZDL (1-32) sign zone first; @S370FZDS, @S370FZDT (2-32) a separate
+ *     4E or 60 first or last; @S370FZDU (1-32) every zone F
+ *   @S370FRB (2-8): the first w bytes of an IBM long form, the rest zero
+ *   @S370FF (1-32): EBCDIC text read as @F reads ASCII text
+ *   @S370FHEX (1-16): EBCDIC hex digits as @HEX; at w 16 an IBM long form
+ * Any other byte: XF_IN_INVALID with the ordinary missing value. */
+XF_API xf_status zifms370ib(xf_frame *frame);
+XF_API xf_status zifms370ibu(xf_frame *frame);
+XF_API xf_status zifms370pib(xf_frame *frame);
+XF_API xf_status zifms370pd(xf_frame *frame);
+XF_API xf_status zifms370pdu(xf_frame *frame);
+XF_API xf_status zifms370zd(xf_frame *frame);
+XF_API xf_status zifms370zdb(xf_frame *frame);
+XF_API xf_status zifms370zdl(xf_frame *frame);
+XF_API xf_status zifms370zds(xf_frame *frame);
+XF_API xf_status zifms370zdt(xf_frame *frame);
+XF_API xf_status zifms370zdu(xf_frame *frame);
+XF_API xf_status zifms370rb(xf_frame *frame);
+XF_API xf_status zifms370f(xf_frame *frame);
+XF_API xf_status zifms370hex(xf_frame *frame);
+/* @IEEE, @IEEER (2-8), @FLOAT (4), @MRB (2-8), @VAXRB (2-8): the inverses of
+ * the formats; absent low-order bytes are zero, then the value is divided
+ * by 10^d. @VAXRB refuses the reserved operand (sign set, exponent 0). */
+XF_API xf_status zifmieee(xf_frame *frame);
+XF_API xf_status zifmieeer(xf_frame *frame);
+XF_API xf_status zifmfloat(xf_frame *frame);
+XF_API xf_status zifmmrb(xf_frame *frame);
+XF_API xf_status zifmvaxrb(xf_frame *frame);
+/* @PCPIB (1-8): unsigned, least significant byte first, divided by 10^d. */
+XF_API xf_status zifmpcpib(xf_frame *frame);
+/* @$CSTR (1-32767), @$BYVAL (2-8): the bytes before the first NUL of the
+ * field (all w when there is none), padded with blanks to w, delivered as
+ * @$CHAR delivers; w outside the range: XF_IN_BAD_WIDTH, nothing written. */
+XF_API xf_status zifmcstr(xf_frame *frame);
+XF_API xf_status zifmbyval(xf_frame *frame);
+/* @ZDB (1-32): as @ZD, a blank (20, or EBCDIC 40) standing for 0.
+ * @ZDV (1-32): as @ZD but strict: EBCDIC shape (zone F before the last
+ * byte, the last zone A-F: B and D minus) or ASCII shape (digits 30-39, the
+ * last overpunched), anything else XF_IN_INVALID.
+ * @$PHEX (w bytes): 2w-1 hex digits, the final (sign) nibble left out.
+ * @BITS w.d (w 1-64, d 0-63): the w bits after the first d, from the high
+ * bit of the first byte, unsigned; fewer input bytes: XF_IN_INVALID. */
+XF_API xf_status zifmzdb(xf_frame *frame);
+XF_API xf_status zifmzdv(xf_frame *frame);
+XF_API xf_status zifmcphex(xf_frame *frame);
+XF_API xf_status zifmbits(xf_frame *frame);
+/* Punched-card column binary: two bytes a column, their low six bits rows
+ * 12, 11, 0, 1, 2, 3 and 4 .. 9.
+ *   @$CB (w bytes): a character a column by the EBCDIC card code, in the
+ *     host's set; a combination with no character: blank, XF_IN_INVALID
+ *   @CB (1-32, even): one digit punch a column, divided by 10^d
+ *   @PUNCH.d (w 0, d 1-12; 10 is row 0): 1 or 0 for row d of the column
+ *   @ROW w.d (w 0-12 first row, d 0-25 rows): the position from 1 of the
+ *     one punch among the d rows (carrying on into the next column); none
+ *     or d 0: missing; two or more: missing with XF_IN_INVALID */
+XF_API xf_status zifmccb(xf_frame *frame);
+XF_API xf_status zifmcb(xf_frame *frame);
+XF_API xf_status zifmpunch(xf_frame *frame);
+XF_API xf_status zifmrow(xf_frame *frame);
+/* Mainframe time stamps, read from packed fields (digit nibbles, F or C as
+ * the sign nibble; cc 00 1900s, 01 2000s, 02 2100s) and clocks:
+ *   @PDTIME (4) 0hhmmssF, time; all zero bytes: missing
+ *   @RMFDUR (4) mmsstttF, seconds with thousandths
+ *   @RMFSTAMP (8) 0hhmmssF ccyydddF; @SMFSTAMP (8) big-endian hundredths
+ *     since midnight, ccyydddF; @SHRSTAMP (8) ccyydddF hhmmssth: datetime
+ *   @TODSTAMP (1-8) the time-of-day clock (bit 51 a microsecond, from
+ *     1900-01-01; shorter fields are its high-order bytes): datetime; a zero
+ *     clock is missing; @MSEC (8) the clock as seconds, no epoch
+ *   @TU (4) unsigned timer units, 38400 a second
+ * Bytes outside the layout: XF_IN_INVALID with the ordinary missing value. */
+XF_API xf_status zifmpdtime(xf_frame *frame);
+XF_API xf_status zifmrmfdur(xf_frame *frame);
+XF_API xf_status zifmrmfstamp(xf_frame *frame);
+XF_API xf_status zifmsmfstamp(xf_frame *frame);
+XF_API xf_status zifmshrstamp(xf_frame *frame);
+XF_API xf_status zifmtodstamp(xf_frame *frame);
+XF_API xf_status zifmmsec(xf_frame *frame);
+XF_API xf_status zifmtu(xf_frame *frame);
 /* @HEX (1-16), @OCTAL (1-24), @BINARY (1-64): digits of the base (hex in
  * either case), blanks around them skipped, read as an unsigned integer (d
  * plays no part); @HEX16 reads the bits of a double. A blank field is the

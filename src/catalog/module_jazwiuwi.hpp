@@ -9,8 +9,8 @@ namespace xfmt::catalog {
 
 inline constexpr fmtinfo_eachfmt jazwiuwi_rows[] = {
     row("@$ASCII", 1, 32767, 1, 0, 0, 0, nullptr),
-    row("@$BYVAL", 2, 8, 2, 0, 0, 0, nullptr),
-    row("@$CSTR", 1, 32767, 1, 0, 0, 0, nullptr),
+    row("@$BYVAL", 2, 8, 2, 0, 0, 0, zifmbyval),
+    row("@$CSTR", 1, 32767, 1, 0, 0, 0, zifmcstr),
     row("@$EBCDIC", 1, 32767, 1, 0, 0, 0, nullptr),
     row("@$REVERJ", 1, 32767, 1, 0, 0, 0, nullptr),
     row("@$REVERS", 1, 32767, 1, 0, 0, 0, nullptr),
@@ -48,7 +48,7 @@ inline constexpr fmtinfo_eachfmt jazwiuwi_rows[] = {
     row("@FINDFDE", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national date informat
     row("@FINDFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@FINDFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
-    row("@FLOAT", 4, 4, 4, 0, 31, 0, nullptr),
+    row("@FLOAT", 4, 4, 4, 0, 31, 0, zifmfloat),
     row("@FRADFDE", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national date informat
     row("@FRADFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@FRADFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
@@ -65,7 +65,7 @@ inline constexpr fmtinfo_eachfmt jazwiuwi_rows[] = {
     row("@MACDFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@MACDFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
     row("@MINGUO", 6, 10, 6, 0, 0, 0, nullptr),
-    row("@MRB", 2, 8, 4, 0, 10, 0, nullptr),
+    row("@MRB", 2, 8, 4, 0, 10, 0, zifmmrb),
     row("@NLDDFDE", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national date informat
     row("@NLDDFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@NLDDFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
@@ -73,7 +73,7 @@ inline constexpr fmtinfo_eachfmt jazwiuwi_rows[] = {
     row("@NORDFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@NORDFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
     row("@NUMX", 1, 32, 12, 0, 31, 0, nullptr),
-    row("@PCPIB", 1, 8, 4, 0, 10, 0, nullptr),
+    row("@PCPIB", 1, 8, 4, 0, 10, 0, zifmpcpib),
     row("@PDJULG", 4, 4, 4, 0, 0, 0, nullptr),
     row("@PDJULI", 4, 4, 4, 0, 0, 0, nullptr),
     row("@POLDFDE", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national date informat
@@ -85,20 +85,20 @@ inline constexpr fmtinfo_eachfmt jazwiuwi_rows[] = {
     row("@RUSDFDE", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national date informat
     row("@RUSDFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@RUSDFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
-    row("@S370FF", 1, 32, 12, 0, 31, 0, nullptr),
-    row("@S370FHEX", 1, 16, 8, 0, 0, 0, nullptr),
-    row("@S370FIB", 1, 8, 4, 0, 10, 0, nullptr),
-    row("@S370FIBU", 1, 8, 4, 0, 10, 0, nullptr),
-    row("@S370FPD", 1, 16, 1, 0, 10, 0, nullptr),
-    row("@S370FPDU", 1, 16, 1, 0, 10, 0, nullptr),
-    row("@S370FPIB", 1, 8, 4, 0, 10, 0, nullptr),
-    row("@S370FRB", 2, 8, 4, 0, 10, 0, nullptr),
-    row("@S370FZD", 1, 32, 8, 0, 10, 0, nullptr),
-    row("@S370FZDB", 1, 32, 8, 0, 10, 0, nullptr),
-    row("@S370FZDL", 1, 32, 8, 0, 10, 0, nullptr),
-    row("@S370FZDS", 2, 32, 8, 0, 10, 0, nullptr),
-    row("@S370FZDT", 2, 32, 8, 0, 10, 0, nullptr),
-    row("@S370FZDU", 1, 32, 8, 0, 10, 0, nullptr),
+    row("@S370FF", 1, 32, 12, 0, 31, 0, zifms370f),
+    row("@S370FHEX", 1, 16, 8, 0, 0, 0, zifms370hex),
+    row("@S370FIB", 1, 8, 4, 0, 10, 0, zifms370ib),
+    row("@S370FIBU", 1, 8, 4, 0, 10, 0, zifms370ibu),
+    row("@S370FPD", 1, 16, 1, 0, 10, 0, zifms370pd),
+    row("@S370FPDU", 1, 16, 1, 0, 10, 0, zifms370pdu),
+    row("@S370FPIB", 1, 8, 4, 0, 10, 0, zifms370pib),
+    row("@S370FRB", 2, 8, 4, 0, 10, 0, zifms370rb),
+    row("@S370FZD", 1, 32, 8, 0, 10, 0, zifms370zd),
+    row("@S370FZDB", 1, 32, 8, 0, 10, 0, zifms370zdb),
+    row("@S370FZDL", 1, 32, 8, 0, 10, 0, zifms370zdl),
+    row("@S370FZDS", 2, 32, 8, 0, 10, 0, zifms370zds),
+    row("@S370FZDT", 2, 32, 8, 0, 10, 0, zifms370zdt),
+    row("@S370FZDU", 1, 32, 8, 0, 10, 0, zifms370zdu),
     row("@SIZEKMG", 2, 33, 9, 0, 31, 0, nullptr),
     row("@SLODFDE", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national date informat
     row("@SLODFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
@@ -106,7 +106,7 @@ inline constexpr fmtinfo_eachfmt jazwiuwi_rows[] = {
     row("@SVEDFDE", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national date informat
     row("@SVEDFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@SVEDFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
-    row("@VAXRB", 2, 8, 8, 0, 31, 0, nullptr),
+    row("@VAXRB", 2, 8, 8, 0, 31, 0, zifmvaxrb),
     row("@XYYMMDD", 6, 12, 8, 0, 0, 0, nullptr),
     row("@YEN", 1, 32, 1, 0, 31, 0, nullptr),
     row("@YMDDTTM", 13, 40, 19, 0, 39, 0, nullptr),

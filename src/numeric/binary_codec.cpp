@@ -61,9 +61,16 @@ scaled_int scale_value(double v, int32_t d) {
   return {scaled_kind::ok, negative, static_cast<u128>(m)};
 }
 
+// Up to 8 bytes on a little-endian host: one store of the (byte-swapped
+// when big) word instead of a byte loop.
 void put_twos(unsigned char *out, int w, u128 x, bool big) {
   if (w <= 8) {
     uint64_t x64 = static_cast<uint64_t>(x);
+    if constexpr (!host_big) {
+      uint64_t y = big ? __builtin_bswap64(x64 << (64 - 8 * w)) : x64;
+      std::memcpy(out, &y, static_cast<size_t>(w));
+      return;
+    }
     for (int i = 0; i < w; ++i, x64 >>= 8) out[big ? w - 1 - i : i] = static_cast<unsigned char>(x64 & 0xFF);
     return;
   }
@@ -75,6 +82,11 @@ void put_twos(unsigned char *out, int w, u128 x, bool big) {
 }
 
 uint64_t get_unsigned(const unsigned char *in, int w, bool big) {
+  if constexpr (!host_big) {
+    uint64_t x = 0;
+    std::memcpy(&x, in, static_cast<size_t>(w));
+    return big ? __builtin_bswap64(x) >> (64 - 8 * w) : x;
+  }
   uint64_t x = 0;
   for (int i = 0; i < w; ++i) x = (x << 8) | in[big ? i : w - 1 - i];
   return x;
@@ -99,6 +111,26 @@ bool put_packed_unsigned(unsigned char *out, int w, u128 magnitude) {
   decimal_digits(magnitude, n, d);
   for (int i = 0; i < w; ++i) out[i] = static_cast<unsigned char>((d[2 * i] << 4) | d[2 * i + 1]);
   return true;
+}
+
+void put_digits(unsigned char *out, int n, u128 m, unsigned char zone) {
+  decimal_digits(m, n, out);
+  for (int i = 0; i < n; ++i) out[i] = static_cast<unsigned char>(out[i] | zone);
+}
+
+const unsigned char ascii_overpunch[2][10] = {{'{', 'A', 'B', 'C', 'D', 'E', 'F', 'G', 'H', 'I'},
+                                              {'}', 'J', 'K', 'L', 'M', 'N', 'O', 'P', 'Q', 'R'}};
+
+int ascii_overpunch_digit(unsigned char c, bool &negative) {
+  negative = false;
+  if (c >= '0' && c <= '9') return c - '0';
+  if (c == '{') return 0;
+  if (c >= 'A' && c <= 'I') return c - 'A' + 1;
+  negative = true;
+  if (c == '}') return 0;
+  if (c >= 'J' && c <= 'R') return c - 'J' + 1;
+  negative = false;
+  return -1;
 }
 
 bool put_zoned(unsigned char *out, int w, u128 magnitude, bool negative) {
@@ -131,6 +163,99 @@ bool vax_d_bits(double v, unsigned char out[8]) {
     out[2 * i + 1] = static_cast<unsigned char>(w16 >> 8);
   }
   return true;
+}
+
+bool vax_d_value(const unsigned char in[8], double &v) {
+  uint64_t word = 0;
+  for (int i = 0; i < 4; ++i) word = (word << 16) | static_cast<uint64_t>(in[2 * i] | (in[2 * i + 1] << 8));
+  bool negative = (word >> 63) != 0;
+  int e = static_cast<int>((word >> 55) & 0xFF);
+  if (e == 0) {
+    v = 0;
+    return !negative;  // sign with exponent 0 is the reserved operand
+  }
+  uint64_t fraction = (word & ((uint64_t{1} << 55) - 1)) | (uint64_t{1} << 55);
+  v = std::ldexp(static_cast<double>(fraction), e - 128 - 56);
+  if (negative) v = -v;
+  return true;
+}
+
+namespace {
+
+// 2^k as a double for k inside the normal range.
+double pow2(int k) { return bits_double(static_cast<uint64_t>(1023 + k) << 52); }
+
+}  // namespace
+
+double ibm_hex_value(uint64_t bits) {
+  uint64_t fraction = bits & 0x00FFFFFFFFFFFFFFull;
+  int h = static_cast<int>((bits >> 56) & 0x7F) - 64;
+  // Below 2^56, so the signed conversion (one instruction) serves; the sign
+  // bit is copied over rather than branched on, as signs come in any order.
+  double v = static_cast<double>(static_cast<int64_t>(fraction)) * pow2(4 * h - 56);
+  return bits_double(double_bits(v) | (bits & 0x8000000000000000ull));
+}
+
+uint64_t xport_missing_bits(uint64_t missing) {
+  char symbol = missing_symbol(missing);
+  unsigned char code = symbol == '_' || (symbol >= 'A' && symbol <= 'Z') ? static_cast<unsigned char>(symbol) : '.';
+  return static_cast<uint64_t>(code) << 56;
+}
+
+double xport_float_value(const unsigned char *in, int w) {
+  uint64_t top = get_unsigned(in, w, true) << (64 - 8 * w);
+  unsigned char code = static_cast<unsigned char>(top >> 56);
+  if ((top << 8) == 0) {
+    if (code == '.') return missing_ordinary();
+    if (code == '_') return missing_value(0);
+    if (code >= 'A' && code <= 'Z') return missing_value(code - 'A' + 2);
+  }
+  return ibm_hex_value(top);
+}
+
+// MBF exponent e stands for 0.1f x 2^(e - 128); a double's (M / 2^53) x
+// 2^(E - 1022) has e = E - 894, as for VAX. Single precision keeps 24 bits
+// of M, rounded to nearest, ties to even; a carry out moves e up.
+bool mbf_bytes(double v, bool is_double, unsigned char out[8]) {
+  std::memset(out, 0, 8);
+  uint64_t b = double_bits(v);
+  int n = is_double ? 7 : 3;
+  int e = static_cast<int>((b >> 52) & 0x7FF);
+  bool fits = e != 0x7FF;
+  if (e == 0) return true;
+  uint64_t m = (b & 0x000FFFFFFFFFFFFFull) | (uint64_t{1} << 52);
+  e -= 894;
+  uint64_t fraction = m << 3;
+  if (!is_double) {
+    uint64_t kept = m >> 29, rest = m & ((uint64_t{1} << 29) - 1), half = uint64_t{1} << 28;
+    if (rest > half || (rest == half && (kept & 1))) ++kept;
+    if (kept >> 24) {
+      kept >>= 1;
+      ++e;
+    }
+    fraction = kept;
+  }
+  if (!fits || e > 255) {
+    e = 255;
+    fraction = ~uint64_t{0};
+    fits = false;
+  }
+  if (e < 1) return true;
+  for (int i = 0; i < n; ++i, fraction >>= 8) out[i] = static_cast<unsigned char>(fraction & 0xFF);
+  out[n - 1] = static_cast<unsigned char>((out[n - 1] & 0x7F) | ((b >> 56) & 0x80));
+  out[n] = static_cast<unsigned char>(e);
+  return fits;
+}
+
+double mbf_value(const unsigned char *in, bool is_double) {
+  int n = is_double ? 7 : 3;
+  int e = in[n];
+  if (e == 0) return 0;
+  uint64_t fraction = 0;
+  for (int i = n - 1; i >= 0; --i) fraction = (fraction << 8) | in[i];
+  fraction |= uint64_t{1} << (8 * n - 1);
+  double v = static_cast<double>(fraction) * pow2(e - 128 - 8 * n);
+  return (in[n - 1] & 0x80) ? -v : v;
 }
 
 }  // namespace xfmt::numeric

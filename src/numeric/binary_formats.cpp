@@ -1,7 +1,8 @@
-// The binary number formats: IB, IBR (two's complement), PIB, PIBR
-// (unsigned), PD (packed decimal), PK (packed, no sign), ZD (zoned decimal),
-// RB (IEEE double, big-endian) and VAXRB (VAX D-floating). Each writes
-// exactly w raw bytes of the value x 10^d rounded half away from zero.
+// The native binary number formats: IB, IBR (two's complement), PIB, PIBR
+// (unsigned), PD (packed decimal), PK (packed, no sign), ZD (ASCII zoned
+// decimal), RB (the host's double) and VAXRB (VAX D-floating). IB, PIB and
+// RB follow the host's byte order. Each writes exactly w raw bytes of the
+// value x 10^d, integers rounded half away from zero.
 #include "xfmt/xfmt.h"
 
 #include <cmath>
@@ -10,14 +11,12 @@
 #include "catalog/field.hpp"
 #include "catalog/missing.hpp"
 #include "numeric/binary_codec.hpp"
+#include "numeric/binary_field.hpp"
 #include "catalog/routine_guard.hpp"
 
 namespace xfmt::numeric {
-namespace {
 
-// Checks the width against 1..max_w and the room; on failure nothing is
-// written and the output length is 0.
-bool field_ready(xf_frame *f, int max_w, xf_status &status) {
+bool binary_field_ready(xf_frame *f, int max_w, xf_status &status) {
   f->output_length = 0;
   if (f->width < 1 || f->width > max_w) {
     status = XF_E_OVERFLOW;
@@ -30,125 +29,157 @@ bool field_ready(xf_frame *f, int max_w, xf_status &status) {
   return true;
 }
 
-unsigned char *out_bytes(xf_frame *f) { return static_cast<unsigned char *>(f->output); }
+namespace {
 
-xf_status done(xf_frame *f, xf_status status) {
-  f->output_length = static_cast<uint32_t>(f->width);
-  return status;
-}
-
-// Two's complement of w bytes: -2^(8w-1) .. 2^(8w-1) - 1; past either end
-// the nearest end is stored with XF_E_OVERFLOW. Missing values store 0.
-xf_status integer_binary(xf_frame *f, bool big) {
-  xf_status status = XF_OK;
-  if (!field_ready(f, 8, status)) return status;
-  int w = f->width;
-  scaled_int s = scale_value(frame_value(f), f->decimals);
+// The w-byte pattern of a scaled value under a negative rule; status
+// becomes XF_E_OVERFLOW when the value had to be saturated.
+u128 integer_pattern(const scaled_int &s, int w, negative_rule rule, xf_status &status) {
   u128 half = u128{1} << (8 * w - 1);
-  u128 x = 0;
-  if (s.kind == scaled_kind::too_high || (s.kind == scaled_kind::ok && !s.negative && s.magnitude >= half)) {
-    x = half - 1;
-    status = XF_E_OVERFLOW;
-  } else if (s.kind == scaled_kind::too_low || (s.kind == scaled_kind::ok && s.negative && s.magnitude > half)) {
-    x = ~half + 1;  // -2^(8w-1)
-    status = XF_E_OVERFLOW;
-  } else if (s.kind == scaled_kind::ok) {
-    x = s.negative ? ~s.magnitude + 1 : s.magnitude;
-  }
-  put_twos(out_bytes(f), w, x, big);
-  return done(f, status);
-}
-
-// Unsigned w bytes: 0 .. 2^(8w) - 1; negative values store 0 and values
-// past the top the top, both with XF_E_OVERFLOW.
-xf_status unsigned_binary(xf_frame *f, bool big) {
-  xf_status status = XF_OK;
-  if (!field_ready(f, 8, status)) return status;
-  int w = f->width;
-  scaled_int s = scale_value(frame_value(f), f->decimals);
   u128 top = (u128{1} << (8 * w)) - 1;
-  u128 x = 0;
-  if (s.kind == scaled_kind::too_high || (s.kind == scaled_kind::ok && !s.negative && s.magnitude > top)) {
-    x = top;
-    status = XF_E_OVERFLOW;
-  } else if (s.kind == scaled_kind::too_low || (s.kind == scaled_kind::ok && s.negative)) {
-    status = XF_E_OVERFLOW;
-  } else if (s.kind == scaled_kind::ok) {
-    x = s.magnitude;
+  u128 lowest = top - half + 1;  // the pattern of -2^(8w-1): 80 00..
+  if (s.kind == scaled_kind::missing) return 0;
+  bool negative = s.kind == scaled_kind::too_low || (s.kind == scaled_kind::ok && s.negative && s.magnitude != 0);
+  bool huge = s.kind != scaled_kind::ok;
+  if (!negative) {
+    u128 limit = rule == negative_rule::twos_complement ? half - 1 : top;
+    if (huge || s.magnitude > limit) {
+      status = XF_E_OVERFLOW;
+      return limit;
+    }
+    return s.magnitude;
   }
-  put_twos(out_bytes(f), w, x, big);
-  return done(f, status);
+  switch (rule) {
+    case negative_rule::all_ones:
+      status = XF_E_OVERFLOW;
+      return top;
+    case negative_rule::absolute:
+      if (huge || s.magnitude > top) {
+        status = XF_E_OVERFLOW;
+        return top;
+      }
+      return s.magnitude;
+    case negative_rule::twos_complement:
+    case negative_rule::low_bytes:
+      if (huge || s.magnitude > half) {
+        status = XF_E_OVERFLOW;
+        return lowest;
+      }
+      return (~s.magnitude + 1) & top;
+  }
+  return 0;
 }
-
-// The decimal fields: a value with more digits than the field stores the
-// largest magnitude (all nines) with its sign and XF_E_OVERFLOW.
-enum class decimal_layout { packed, packed_unsigned, zoned };
 
 int digits_of(decimal_layout layout, int w) {
   switch (layout) {
-    case decimal_layout::packed: return 2 * w - 1;
+    case decimal_layout::packed:
+    case decimal_layout::packed_f: return 2 * w - 1;
     case decimal_layout::packed_unsigned: return 2 * w;
-    case decimal_layout::zoned: return w;
+    case decimal_layout::zoned_sep_leading:
+    case decimal_layout::zoned_sep_trailing: return w - 1;
+    default: return w;
   }
-  return w;
 }
+
+constexpr unsigned char ebcdic_plus = 0x4E, ebcdic_minus = 0x60;
 
 void put_decimal(decimal_layout layout, unsigned char *out, int w, u128 m, bool negative) {
   switch (layout) {
     case decimal_layout::packed: put_packed(out, w, m, negative); break;
     case decimal_layout::packed_unsigned: put_packed_unsigned(out, w, m); break;
-    case decimal_layout::zoned: put_zoned(out, w, m, negative); break;
+    case decimal_layout::packed_f:
+      put_packed(out, w, m, false);
+      out[w - 1] = static_cast<unsigned char>(out[w - 1] | 0x0F);
+      break;
+    case decimal_layout::zoned_ascii:
+      put_digits(out, w, m, 0x30);
+      out[w - 1] = ascii_overpunch[negative][out[w - 1] & 0x0F];
+      break;
+    case decimal_layout::zoned_trailing: put_zoned(out, w, m, negative); break;
+    case decimal_layout::zoned_leading:
+      put_digits(out, w, m, 0xF0);
+      out[0] = static_cast<unsigned char>((out[0] & 0x0F) | (negative ? 0xD0 : 0xC0));
+      break;
+    case decimal_layout::zoned_sep_leading:
+      out[0] = negative ? ebcdic_minus : ebcdic_plus;
+      put_digits(out + 1, w - 1, m, 0xF0);
+      break;
+    case decimal_layout::zoned_sep_trailing:
+      put_digits(out, w - 1, m, 0xF0);
+      out[w - 1] = negative ? ebcdic_minus : ebcdic_plus;
+      break;
+    case decimal_layout::zoned_unsigned: put_digits(out, w, m, 0xF0); break;
   }
 }
 
-xf_status decimal_binary(xf_frame *f, decimal_layout layout, int max_w) {
+}  // namespace
+
+xf_status integer_field(xf_frame *f, bool big, negative_rule rule) {
   xf_status status = XF_OK;
-  if (!field_ready(f, max_w, status)) return status;
+  if (!binary_field_ready(f, 8, status)) return status;
+  scaled_int s = scale_value(frame_value(f), f->decimals);
+  put_twos(binary_out(f), f->width, integer_pattern(s, f->width, rule, status), big);
+  return binary_done(f, status);
+}
+
+xf_status decimal_field(xf_frame *f, decimal_layout layout, int max_w) {
+  xf_status status = XF_OK;
+  if (!binary_field_ready(f, max_w, status)) return status;
   int w = f->width;
+  if (w < 2 && (layout == decimal_layout::zoned_sep_leading || layout == decimal_layout::zoned_sep_trailing)) {
+    f->output_length = 0;
+    return XF_E_OVERFLOW;
+  }
   int digits = digits_of(layout, w);
   scaled_int s = scale_value(frame_value(f), f->decimals);
+  bool absolute = layout == decimal_layout::packed_f || layout == decimal_layout::zoned_unsigned;
   u128 m = 0;
   bool negative = false;
   if (s.kind == scaled_kind::missing) {
-    // stored as zero
+    negative = layout == decimal_layout::packed;  // minus zero marks the missing value
   } else if (layout == decimal_layout::packed_unsigned && (s.negative || s.kind == scaled_kind::too_low)) {
     status = XF_E_OVERFLOW;  // no sign to carry: 0
   } else if (s.kind != scaled_kind::ok || s.magnitude > all_nines(digits)) {
     m = all_nines(digits);
-    negative = s.kind == scaled_kind::too_low || s.negative;
+    negative = !absolute && (s.kind == scaled_kind::too_low || s.negative);
     status = XF_E_OVERFLOW;
   } else {
     m = s.magnitude;
-    negative = s.negative;
+    negative = !absolute && s.negative && m != 0;
   }
-  put_decimal(layout, out_bytes(f), w, m, negative);
-  return done(f, status);
+  put_decimal(layout, binary_out(f), w, m, negative);
+  return binary_done(f, status);
 }
 
-}  // namespace
 }  // namespace xfmt::numeric
 
 using namespace xfmt::numeric;
 
-XF_ROUTINE(zfmib, f) { return integer_binary(f, true); }
-XF_ROUTINE(zfmibr, f) { return integer_binary(f, false); }
-XF_ROUTINE(zfmpib, f) { return unsigned_binary(f, true); }
-XF_ROUTINE(zfmpibr, f) { return unsigned_binary(f, false); }
-XF_ROUTINE(zfmpd, f) { return decimal_binary(f, decimal_layout::packed, 16); }
-XF_ROUTINE(zfmpk, f) { return decimal_binary(f, decimal_layout::packed_unsigned, 16); }
-XF_ROUTINE(zfmzd, f) { return decimal_binary(f, decimal_layout::zoned, 32); }
+XF_ROUTINE(zfmib, f) { return integer_field(f, host_big, negative_rule::twos_complement); }
+XF_ROUTINE(zfmibr, f) { return integer_field(f, false, negative_rule::twos_complement); }
+XF_ROUTINE(zfmpib, f) { return integer_field(f, host_big, negative_rule::all_ones); }
+XF_ROUTINE(zfmpibr, f) { return integer_field(f, false, negative_rule::all_ones); }
+XF_ROUTINE(zfmpd, f) { return decimal_field(f, decimal_layout::packed, 16); }
+XF_ROUTINE(zfmpk, f) { return decimal_field(f, decimal_layout::packed_unsigned, 16); }
+XF_ROUTINE(zfmzd, f) { return decimal_field(f, decimal_layout::zoned_ascii, 32); }
 
-// The first w bytes of the double's bits, most significant first whatever
-// the host's order, so a short field keeps the sign, the exponent and the
-// top of the fraction (RB4 of 1 is 3F F0 00 00). Missing values keep their
-// bits: RB8 of ".A" reads back as ".A".
+// The native double. A short field keeps the w most significant bytes in
+// the host's order: on a little-endian host the last w bytes in memory (RB4
+// of 1 is 00 00 F0 3F). A value that overflows the double after scaling
+// stores the NaN 0xFFFFD10000000000 (bytes 00 00 00 00 00 D1 FF FF here)
+// with XF_E_OVERFLOW. Missing values keep their bits: RB8 of ".A" reads
+// back as ".A".
 XF_ROUTINE(zfmrb, f) {
   xf_status status = XF_OK;
-  if (!field_ready(f, 8, status)) return status;
+  if (!binary_field_ready(f, 8, status)) return status;
   double v = xfmt::frame_value(f);
   if (!xfmt::is_missing(v) && f->decimals > 0) v *= pow10_double(f->decimals);
-  put_twos(out_bytes(f), f->width, xfmt::double_bits(v) >> (64 - 8 * f->width), true);
-  return done(f, status);
+  uint64_t bits = xfmt::double_bits(v);
+  if (std::isinf(v)) {
+    bits = 0xFFFFD10000000000ull;
+    status = XF_E_OVERFLOW;
+  }
+  put_twos(binary_out(f), f->width, bits >> (64 - 8 * f->width), host_big);
+  return binary_done(f, status);
 }
 
 // VAX D-floating, cut to the first w bytes (the first 4 are F-floating).
@@ -157,7 +188,7 @@ XF_ROUTINE(zfmrb, f) {
 // sign and XF_E_OVERFLOW; values below 2.9e-39 store 0.
 XF_ROUTINE(zfmvaxrb, f) {
   xf_status status = XF_OK;
-  if (!field_ready(f, 8, status)) return status;
+  if (!binary_field_ready(f, 8, status)) return status;
   double v = xfmt::frame_value(f);
   unsigned char bytes[8] = {};
   if (!xfmt::is_missing(v) && !std::isnan(v)) {
@@ -168,6 +199,6 @@ XF_ROUTINE(zfmvaxrb, f) {
       status = XF_E_OVERFLOW;
     }
   }
-  std::memcpy(out_bytes(f), bytes, static_cast<size_t>(f->width));
-  return done(f, status);
+  std::memcpy(binary_out(f), bytes, static_cast<size_t>(f->width));
+  return binary_done(f, status);
 }

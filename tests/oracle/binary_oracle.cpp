@@ -61,7 +61,9 @@ void negate(std::string &le) {
 
 std::string reversed(std::string s) { return std::string(s.rbegin(), s.rend()); }
 
-bytes_result integer_oracle(double value, int w, int d, bool is_signed, bool big) {
+// How an unsigned field stores a negative value: 'F' all FF, 'A' the
+// absolute value, 'T' the two's-complement low bytes (saturating at 80 00..).
+bytes_result integer_oracle(double value, int w, int d, bool is_signed, bool big, char negative_rule = 'F') {
   bytes_result r;
   std::string le;
   bool neg = false;
@@ -69,6 +71,8 @@ bytes_result integer_oracle(double value, int w, int d, bool is_signed, bool big
   std::string digits = missing ? "0" : scaled_digits(value, d, neg);
   if (missing) neg = false;
   if (is_zero(digits)) neg = false;
+  if (!is_signed && neg && negative_rule == 'A') neg = false;
+  if (!is_signed && negative_rule == 'T') is_signed = neg;  // positive values stay unsigned
   bool fits = !std::isinf(value) && to_bytes(digits, static_cast<size_t>(w), le);
   size_t wn = static_cast<size_t>(w);
   if (fits && is_signed) {
@@ -81,7 +85,7 @@ bytes_result integer_oracle(double value, int w, int d, bool is_signed, bool big
   if (!fits) {
     r.status = XF_E_OVERFLOW;
     if (is_signed) le = neg ? std::string(wn - 1, '\0') + "\x80" : std::string(wn - 1, '\xFF') + "\x7F";
-    else le = neg ? std::string(wn, '\0') : std::string(wn, '\xFF');
+    else le = std::string(wn, '\xFF');
   } else if (neg) {
     negate(le);
   }
@@ -95,6 +99,7 @@ bytes_result decimal_oracle(char kind, double value, int w, int d) {
   bool missing = std::isnan(value);
   std::string digits = missing ? "0" : scaled_digits(value, d, neg);
   if (missing || is_zero(digits)) neg = false;
+  if (missing && kind == 'D') neg = true;  // packed minus zero
   size_t n = kind == 'D' ? static_cast<size_t>(2 * w - 1) : kind == 'K' ? static_cast<size_t>(2 * w) : static_cast<size_t>(w);
   if (std::isinf(value) || digits.size() > n) {
     r.status = XF_E_OVERFLOW;
@@ -111,6 +116,11 @@ bytes_result decimal_oracle(char kind, double value, int w, int d) {
       unsigned zone = i + 1 < n ? 0xF0u : neg ? 0xD0u : 0xC0u;
       r.bytes.push_back(static_cast<char>(zone | static_cast<unsigned>(digits[i] - '0')));
     }
+    return r;
+  }
+  if (kind == 'z') {
+    r.bytes = digits;
+    r.bytes.back() = (neg ? "}JKLMNOPQR" : "{ABCDEFGHI")[digits.back() - '0'];
     return r;
   }
   std::string nibbles = digits;
@@ -130,6 +140,9 @@ bytes_result binary_oracle(char kind, double value, int w, int d) {
     case 'i': return integer_oracle(value, w, d, true, false);
     case 'P': return integer_oracle(value, w, d, false, true);
     case 'p': return integer_oracle(value, w, d, false, false);
+    case 'U': return integer_oracle(value, w, d, false, true, 'A');
+    case 'Q': return integer_oracle(value, w, d, false, true, 'T');
+    case 'q': return integer_oracle(value, w, d, false, false, 'T');
     default: return decimal_oracle(kind, value, w, d);
   }
 }

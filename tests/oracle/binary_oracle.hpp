@@ -16,7 +16,12 @@ struct bytes_result {
   xf_status status = 0;
 };
 
-// kind: 'I' IB, 'i' IBR, 'P' PIB, 'p' PIBR, 'D' PD, 'K' PK, 'Z' ZD.
+// kind: 'I' big-endian two's complement (S370FIB), 'i' little-endian (IBR);
+// 'P' big-endian unsigned with negatives FF.., 'p' little-endian (PIBR);
+// 'U' big-endian |value| (S370FIBU); 'Q' big-endian unsigned with the
+// two's-complement low bytes of negatives (S370FPIB), 'q' little-endian
+// (PCPIB); 'D' packed (PD), 'K' packed without sign (PK); 'Z' EBCDIC zoned
+// (S370FZD), 'z' ASCII overpunched zoned (ZD).
 bytes_result binary_oracle(char kind, double value, int w, int d);
 
 // HEX (base 16), OCTAL (8), BINARY (2) for w below 16 digits of hex: the
