@@ -766,6 +766,24 @@ XF_API xf_status zfmweek(xf_frame *frame);
 XF_API xf_status zfmjul(xf_frame *frame);
 XF_API xf_status zfmjuld(xf_frame *frame);
 XF_API xf_status zfmneng(xf_frame *frame);
+/* DTDATE (zfmdtdat), DTMONYY (zfmdtmy), DTYEAR (zfmdtyr), DTYYQC
+ * (zfmdtyqc): the day of a datetime (floor of value / 86400) as DATE, MONYY,
+ * YEAR and YYQC write it; missing values the missing display, a datetime
+ * outside 1582..20000 '*' and XF_E_DATE_RANGE. */
+XF_API xf_status zfmdtdat(xf_frame *frame);
+XF_API xf_status zfmdtmy(xf_frame *frame);
+XF_API xf_status zfmdtyr(xf_frame *frame);
+XF_API xf_status zfmdtyqc(xf_frame *frame);
+/* MINGUO (zfmmingo): Republic of China years (1912 is 1), left-justified:
+ * width 10 "0112/07/04"; otherwise "112/07/04" when the year and "/mm/dd"
+ * fit, else "1120704"; narrower than that '*' and XF_E_OVERFLOW. Dates
+ * before 1912-01-01: '*' with XF_OK. */
+XF_API xf_status zfmmingo(xf_frame *frame);
+/* XYYMMDD (zfmxymd): YYMMDD with hyphens: 230704 (w6-7), 23-07-04 (w8-9),
+ * 2023-07-04 (w10-12), right-justified. YYQZ (zfmyyqz): 2303 (w4-5),
+ * 202303 (w6). */
+XF_API xf_status zfmxymd(xf_frame *frame);
+XF_API xf_status zfmyyqz(xf_frame *frame);
 /* ISO 8601 without a zone, right-justified: E8601DA and IS8601DA
  * (zfme8da) 2023-07-04, B8601DA (zfmb8da) 20230704, of a date; the DN forms
  * (zfme8dn, zfmb8dn) the same of a datetime's date; TM (zfme8tm, zfmb8tm)
@@ -968,6 +986,20 @@ XF_API xf_status zifmtime(xf_frame *frame);
 /* @YYQ: year, an optional separator, Q and the quarter 1..4: "2023Q3";
  * the first day of the quarter. */
 XF_API xf_status zifmyyq(xf_frame *frame);
+/* @MINGUO (zifmmingo): Republic of China year, month, day, separated
+ * ("112/07/04", "1 1 1") or all digits ("1120704"); year 0 is invalid. */
+XF_API xf_status zifmmingo(xf_frame *frame);
+/* @XYYMMDD (zifmxymd): "2023-07-04", "23-07-04", "20230704", "230704" (and
+ * whatever @YYMMDD reads). */
+XF_API xf_status zifmxymd(xf_frame *frame);
+/* @YYQZ (zifmyyqz): "2303", "202303": the first day of the quarter.
+ * @YYMMN (zifmyymn): "2307", "202307": the first of the month. */
+XF_API xf_status zifmyyqz(xf_frame *frame);
+XF_API xf_status zifmyymn(xf_frame *frame);
+/* @YMDDTTM (zifmymdt): yy[yy]-mm-dd hh:mm[:ss[.fff]] with any one of "-",
+ * "/", ":", "." or a blank between the parts (a "T" also between day and
+ * hour): a datetime. d (0..39) changes nothing. */
+XF_API xf_status zifmymdt(xf_frame *frame);
 
 /* Character informats deliver w bytes at frame->output: the first
  * min(w, input_length) bytes of the text, padded with blanks; output_length

@@ -64,7 +64,7 @@ inline constexpr fmtinfo_eachfmt jazwiuwi_rows[] = {
     row("@MACDFDE", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national date informat
     row("@MACDFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@MACDFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
-    row("@MINGUO", 6, 10, 6, 0, 0, 0, nullptr),
+    row("@MINGUO", 6, 10, 6, 0, 0, 0, zifmmingo),  // zifmmingo
     row("@MRB", 2, 8, 4, 0, 10, 0, nullptr),
     row("@NLDDFDE", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national date informat
     row("@NLDDFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
@@ -107,11 +107,11 @@ inline constexpr fmtinfo_eachfmt jazwiuwi_rows[] = {
     row("@SVEDFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@SVEDFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
     row("@VAXRB", 2, 8, 8, 0, 31, 0, nullptr),
-    row("@XYYMMDD", 6, 12, 8, 0, 0, 0, nullptr),
+    row("@XYYMMDD", 6, 12, 8, 0, 0, 0, zifmxymd),  // zifmxymd
     row("@YEN", 1, 32, 1, 0, 31, 0, nullptr),
-    row("@YMDDTTM", 13, 40, 19, 0, 39, 0, nullptr),
-    row("@YYMMN", 4, 32, 6, 0, 0, 0, nullptr),
-    row("@YYQZ", 4, 6, 4, 0, 0, 0, nullptr),
+    row("@YMDDTTM", 13, 40, 19, 0, 39, 0, zifmymdt),  // zifmymdt
+    row("@YYMMN", 4, 32, 6, 0, 0, 0, zifmyymn),  // zifmyymn
+    row("@YYQZ", 4, 6, 4, 0, 0, 0, zifmyyqz),  // zifmyyqz
 };
 
 }  // namespace xfmt::catalog
