@@ -902,6 +902,15 @@ XF_API xf_status zfmtime(xf_frame *frame);
 /* @F, @E: blanks and tabs around the number, an optional sign, digits with
  * at most one point, an exponent after E, e, D or d. */
 XF_API xf_status wzifmn(xf_frame *frame);
+/* @NUMX (zifmnumx): a comma is the decimal mark ("12,5"); text with a
+ * comma and a point is invalid; text without a comma reads as @F.
+ * @YEN (zifmyen): yen signs (byte 5C, or A5 as YEN writes it) and commas are dropped, a point is
+ * the decimal point (5C "1,000" is 1000). @SIZEKMG (zifmsizekmg): a
+ * number, optionally one blank and KB, MB, GB or TB in any case, times
+ * 1024, 1024^2, 1024^3, 1024^4 ("1.5 mb" 1572864); d applies first. */
+XF_API xf_status zifmnumx(xf_frame *frame);
+XF_API xf_status zifmyen(xf_frame *frame);
+XF_API xf_status zifmsizekmg(xf_frame *frame);
 /* @BZ: leading blanks skipped, every later blank read as 0 (at most 32
  * bytes); an all-blank field reads 0. */
 XF_API xf_status zifmbz(xf_frame *frame);
@@ -1000,6 +1009,11 @@ XF_API xf_status zifmyymn(xf_frame *frame);
  * "/", ":", "." or a blank between the parts (a "T" also between day and
  * hour): a datetime. d (0..39) changes nothing. */
 XF_API xf_status zifmymdt(xf_frame *frame);
+/* @PDJULG (zifmpdjg) and @PDJULI (zifmpdji): four bytes of packed decimal,
+ * yyyydddF and ccyydddF (ccyy counted from 1900), w 4; the sign nibble A,
+ * C, E or F; four blank bytes (20 or 40) are a blank field. */
+XF_API xf_status zifmpdjg(xf_frame *frame);
+XF_API xf_status zifmpdji(xf_frame *frame);
 
 /* Character informats deliver w bytes at frame->output: the first
  * min(w, input_length) bytes of the text, padded with blanks; output_length
@@ -1021,6 +1035,16 @@ XF_API xf_status zifmcq(xf_frame *frame);
 XF_API xf_status zifmchex(xf_frame *frame);
 XF_API xf_status zifmcoct(xf_frame *frame);
 XF_API xf_status zifmcbin(xf_frame *frame);
+/* @$ASCII (zifmascii): as @$CHAR (this host is ASCII). @$EBCDIC
+ * (zifmebcdic): each byte through eb2as. @$UPCASE (zifmupcase): a-z become
+ * A-Z, nothing else changes. @$REVERJ (zifmreverj): the w-byte field read
+ * backwards ("XYZ  " gives "  ZYX"). @$REVERS (zifmrevers): the same, its
+ * leading blanks moved to the end ("XYZ  " gives "ZYX  "). */
+XF_API xf_status zifmascii(xf_frame *frame);
+XF_API xf_status zifmebcdic(xf_frame *frame);
+XF_API xf_status zifmupcase(xf_frame *frame);
+XF_API xf_status zifmreverj(xf_frame *frame);
+XF_API xf_status zifmrevers(xf_frame *frame);
 
 /* ======================================================================
  * User-defined formats

@@ -8,13 +8,13 @@
 namespace xfmt::catalog {
 
 inline constexpr fmtinfo_eachfmt jazwiuwi_rows[] = {
-    row("@$ASCII", 1, 32767, 1, 0, 0, 0, nullptr),
+    row("@$ASCII", 1, 32767, 1, 0, 0, 0, zifmascii),  // zifmascii
     row("@$BYVAL", 2, 8, 2, 0, 0, 0, nullptr),
     row("@$CSTR", 1, 32767, 1, 0, 0, 0, nullptr),
-    row("@$EBCDIC", 1, 32767, 1, 0, 0, 0, nullptr),
-    row("@$REVERJ", 1, 32767, 1, 0, 0, 0, nullptr),
-    row("@$REVERS", 1, 32767, 1, 0, 0, 0, nullptr),
-    row("@$UPCASE", 1, 32767, 8, 0, 0, 0, nullptr),
+    row("@$EBCDIC", 1, 32767, 1, 0, 0, 0, zifmebcdic),  // zifmebcdic
+    row("@$REVERJ", 1, 32767, 1, 0, 0, 0, zifmreverj),  // zifmreverj
+    row("@$REVERS", 1, 32767, 1, 0, 0, 0, zifmrevers),  // zifmrevers
+    row("@$UPCASE", 1, 32767, 8, 0, 0, 0, zifmupcase),  // zifmupcase
     row("@AFRDFDE", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national date informat
     row("@AFRDFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@AFRDFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
@@ -72,10 +72,10 @@ inline constexpr fmtinfo_eachfmt jazwiuwi_rows[] = {
     row("@NORDFDE", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national date informat
     row("@NORDFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@NORDFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
-    row("@NUMX", 1, 32, 12, 0, 31, 0, nullptr),
+    row("@NUMX", 1, 32, 12, 0, 31, 0, zifmnumx),  // zifmnumx
     row("@PCPIB", 1, 8, 4, 0, 10, 0, nullptr),
-    row("@PDJULG", 4, 4, 4, 0, 0, 0, nullptr),
-    row("@PDJULI", 4, 4, 4, 0, 0, 0, nullptr),
+    row("@PDJULG", 4, 4, 4, 0, 0, 0, zifmpdjg),  // zifmpdjg
+    row("@PDJULI", 4, 4, 4, 0, 0, 0, zifmpdji),  // zifmpdji
     row("@POLDFDE", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national date informat
     row("@POLDFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@POLDFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
@@ -99,7 +99,7 @@ inline constexpr fmtinfo_eachfmt jazwiuwi_rows[] = {
     row("@S370FZDS", 2, 32, 8, 0, 10, 0, nullptr),
     row("@S370FZDT", 2, 32, 8, 0, 10, 0, nullptr),
     row("@S370FZDU", 1, 32, 8, 0, 10, 0, nullptr),
-    row("@SIZEKMG", 2, 33, 9, 0, 31, 0, nullptr),
+    row("@SIZEKMG", 2, 33, 9, 0, 31, 0, zifmsizekmg),  // zifmsizekmg
     row("@SLODFDE", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national date informat
     row("@SLODFDT", 7, 40, 19, 0, 39, 0, nullptr),  // no routine: national datetime informat
     row("@SLODFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
@@ -108,7 +108,7 @@ inline constexpr fmtinfo_eachfmt jazwiuwi_rows[] = {
     row("@SVEDFMY", 5, 32, 5, 0, 0, 0, nullptr),  // no routine: national month-year informat
     row("@VAXRB", 2, 8, 8, 0, 31, 0, nullptr),
     row("@XYYMMDD", 6, 12, 8, 0, 0, 0, zifmxymd),  // zifmxymd
-    row("@YEN", 1, 32, 1, 0, 31, 0, nullptr),
+    row("@YEN", 1, 32, 1, 0, 31, 0, zifmyen),  // zifmyen
     row("@YMDDTTM", 13, 40, 19, 0, 39, 0, zifmymdt),  // zifmymdt
     row("@YYMMN", 4, 32, 6, 0, 0, 0, zifmyymn),  // zifmyymn
     row("@YYQZ", 4, 6, 4, 0, 0, 0, zifmyyqz),  // zifmyyqz
