@@ -1014,6 +1014,90 @@ XF_API xf_status zifmymdt(xf_frame *frame);
  * C, E or F; four blank bytes (20 or 40) are a blank field. */
 XF_API xf_status zifmpdjg(xf_frame *frame);
 XF_API xf_status zifmpdji(xf_frame *frame);
+/* National date informats @<lang>DFDE (zifm<lang>de: day, month, year:
+ * "15Okt2023", "15 Oktober 23", "15-okt-2023"), @<lang>DFMY (zifm<lang>my:
+ * month and year, the first of the month: "Oct 23") and @<lang>DFDT
+ * (zifm<lang>dt: a DFDE date, one blank or punctuation character and
+ * hh:mm[:ss[.fff]]: "15okt2023:12:30:15.5"; d 0..39 changes nothing) for
+ * the 23 prefixes AFR af_ZA, CAT ca_ES, CRO hr_HR, CSY cs_CZ, DAN da_DK,
+ * DES de_CH, DEU de_DE, ENG en_GB, ESP es_ES, FIN fi_FI, FRA fr_FR, FRS
+ * fr_CH, HUN hu_HU, ITA it_IT, MAC mk_MK, NLD nl_NL, NOR nb_NO, POL pl_PL,
+ * PTG pt_PT, RUS ru_RU, SLO sl_SI, SVE sv_SE, and EUR: the frame's locale
+ * (the ZAV_LOCALE locale when the frame names none, en_GB when that matches
+ * no record). Months: any month name of the locale record (both sets), an
+ * abbreviation without its final point, or the first three letters of a
+ * full name naming one month only; any case. Valid UTF-8 is read as UTF-8,
+ * other text as Windows-1252. Blanks or punctuation may separate the parts;
+ * two-digit years as for the other date informats. */
+XF_API xf_status zifmafrde(xf_frame *frame);
+XF_API xf_status zifmafrdt(xf_frame *frame);
+XF_API xf_status zifmafrmy(xf_frame *frame);
+XF_API xf_status zifmcatde(xf_frame *frame);
+XF_API xf_status zifmcatdt(xf_frame *frame);
+XF_API xf_status zifmcatmy(xf_frame *frame);
+XF_API xf_status zifmcrode(xf_frame *frame);
+XF_API xf_status zifmcrodt(xf_frame *frame);
+XF_API xf_status zifmcromy(xf_frame *frame);
+XF_API xf_status zifmcsyde(xf_frame *frame);
+XF_API xf_status zifmcsydt(xf_frame *frame);
+XF_API xf_status zifmcsymy(xf_frame *frame);
+XF_API xf_status zifmdande(xf_frame *frame);
+XF_API xf_status zifmdandt(xf_frame *frame);
+XF_API xf_status zifmdanmy(xf_frame *frame);
+XF_API xf_status zifmdesde(xf_frame *frame);
+XF_API xf_status zifmdesdt(xf_frame *frame);
+XF_API xf_status zifmdesmy(xf_frame *frame);
+XF_API xf_status zifmdeude(xf_frame *frame);
+XF_API xf_status zifmdeudt(xf_frame *frame);
+XF_API xf_status zifmdeumy(xf_frame *frame);
+XF_API xf_status zifmengde(xf_frame *frame);
+XF_API xf_status zifmengdt(xf_frame *frame);
+XF_API xf_status zifmengmy(xf_frame *frame);
+XF_API xf_status zifmespde(xf_frame *frame);
+XF_API xf_status zifmespdt(xf_frame *frame);
+XF_API xf_status zifmespmy(xf_frame *frame);
+XF_API xf_status zifmeurde(xf_frame *frame);
+XF_API xf_status zifmeurdt(xf_frame *frame);
+XF_API xf_status zifmeurmy(xf_frame *frame);
+XF_API xf_status zifmfinde(xf_frame *frame);
+XF_API xf_status zifmfindt(xf_frame *frame);
+XF_API xf_status zifmfinmy(xf_frame *frame);
+XF_API xf_status zifmfrade(xf_frame *frame);
+XF_API xf_status zifmfradt(xf_frame *frame);
+XF_API xf_status zifmframy(xf_frame *frame);
+XF_API xf_status zifmfrsde(xf_frame *frame);
+XF_API xf_status zifmfrsdt(xf_frame *frame);
+XF_API xf_status zifmfrsmy(xf_frame *frame);
+XF_API xf_status zifmhunde(xf_frame *frame);
+XF_API xf_status zifmhundt(xf_frame *frame);
+XF_API xf_status zifmhunmy(xf_frame *frame);
+XF_API xf_status zifmitade(xf_frame *frame);
+XF_API xf_status zifmitadt(xf_frame *frame);
+XF_API xf_status zifmitamy(xf_frame *frame);
+XF_API xf_status zifmmacde(xf_frame *frame);
+XF_API xf_status zifmmacdt(xf_frame *frame);
+XF_API xf_status zifmmacmy(xf_frame *frame);
+XF_API xf_status zifmnldde(xf_frame *frame);
+XF_API xf_status zifmnlddt(xf_frame *frame);
+XF_API xf_status zifmnldmy(xf_frame *frame);
+XF_API xf_status zifmnorde(xf_frame *frame);
+XF_API xf_status zifmnordt(xf_frame *frame);
+XF_API xf_status zifmnormy(xf_frame *frame);
+XF_API xf_status zifmpolde(xf_frame *frame);
+XF_API xf_status zifmpoldt(xf_frame *frame);
+XF_API xf_status zifmpolmy(xf_frame *frame);
+XF_API xf_status zifmptgde(xf_frame *frame);
+XF_API xf_status zifmptgdt(xf_frame *frame);
+XF_API xf_status zifmptgmy(xf_frame *frame);
+XF_API xf_status zifmrusde(xf_frame *frame);
+XF_API xf_status zifmrusdt(xf_frame *frame);
+XF_API xf_status zifmrusmy(xf_frame *frame);
+XF_API xf_status zifmslode(xf_frame *frame);
+XF_API xf_status zifmslodt(xf_frame *frame);
+XF_API xf_status zifmslomy(xf_frame *frame);
+XF_API xf_status zifmsvede(xf_frame *frame);
+XF_API xf_status zifmsvedt(xf_frame *frame);
+XF_API xf_status zifmsvemy(xf_frame *frame);
 
 /* Character informats deliver w bytes at frame->output: the first
  * min(w, input_length) bytes of the text, padded with blanks; output_length
