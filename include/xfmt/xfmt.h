@@ -783,6 +783,25 @@ XF_API xf_status zfmmingo(xf_frame *frame);
  * 2023-07-04 (w10-12), right-justified. YYQZ (zfmyyqz): 2303 (w4-5),
  * 202303 (w6). */
 XF_API xf_status zfmxymd(xf_frame *frame);
+/* $N8601B (zfmn8b), $N8601BA (zfmn8ba), $N8601E (zfmn8e), $N8601EA
+ * (zfmn8ea), $N8601EH (zfmn8eh), $N8601EX (zfmn8ex), $N8601H (zfmn8h),
+ * $N8601X (zfmn8x): the internal ISO 8601 value (a character value: one
+ * 8-byte element, or two for an interval) as text, left-justified in w:
+ * durations as PnYnMnDTnHnMnS (B, E, H, X) or P0001-02-03T04:05:06 (EA, EH,
+ * EX; BA without separators), datetimes as 2023-07-04T12:30:45 (B and BA
+ * 20230704T123045); left-out components dropped from PnYnMnDTnHnMnS, one
+ * "-" each (B, BA, E, EA, EH, H) or an "x" per digit (EX, X) elsewhere; the
+ * fraction with its significant digits (EA: three), or d (1..3) digits cut.
+ * A blank value: a blank field. An invalid value: '*' and XF_E_DATE_RANGE;
+ * text longer than w: '*' and XF_E_OVERFLOW. */
+XF_API xf_status zfmn8b(xf_frame *frame);
+XF_API xf_status zfmn8ba(xf_frame *frame);
+XF_API xf_status zfmn8e(xf_frame *frame);
+XF_API xf_status zfmn8ea(xf_frame *frame);
+XF_API xf_status zfmn8eh(xf_frame *frame);
+XF_API xf_status zfmn8ex(xf_frame *frame);
+XF_API xf_status zfmn8h(xf_frame *frame);
+XF_API xf_status zfmn8x(xf_frame *frame);
 XF_API xf_status zfmyyqz(xf_frame *frame);
 /* ISO 8601 without a zone, right-justified: E8601DA and IS8601DA
  * (zfme8da) 2023-07-04, B8601DA (zfmb8da) 20230704, of a date; the DN forms
