@@ -10,18 +10,17 @@ using namespace xfmt::datetime;
 
 namespace {
 
+// The day of an in-range datetime: floor(v) is a whole number of seconds
+// that fits an int64, and the integer floor division by 86400 is a multiply.
+inline int64_t day_of_datetime(double v) { return floor_div(static_cast<int64_t>(std::floor(v)), 86400); }
+
 // The datetime guard (missing display, stars with XF_E_DATE_RANGE outside
 // 1582..20000), then the date writer on a frame that holds the day number.
 // Only the output length comes back: the writer touches nothing else.
 inline xf_status through_date(xf_frame *f, xf_routine date_writer) {
   xf_status st = XF_OK;
   if (!guard_value(f, 2, st)) return st;
-  // floor(v) - datetime_min is a non-negative whole number, so the
-  // truncating division is an exact floor even where v / 86400 would round
-  // up to the next day.
-  const double v = value_of(f);
-  const double day =
-      static_cast<double>(static_cast<int64_t>((std::floor(v) - datetime_min) / seconds_per_day) + date_min);
+  const auto day = static_cast<double>(day_of_datetime(value_of(f)));
   xf_frame g = *f;
   g.input = &day;
   g.input_length = sizeof day;
@@ -34,7 +33,13 @@ inline xf_status through_date(xf_frame *f, xf_routine date_writer) {
 
 extern "C" {
 
-XF_API xf_status zfmdtdat(xf_frame *f) { return through_date(f, zfmdate); }
+// DTDATE is DATE's writer on the day; the hosts' most used DT form skips the
+// second frame.
+XF_API xf_status zfmdtdat(xf_frame *f) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 2, st)) return st;
+  return write_date_layout(f, ymd_in_range(day_of_datetime(value_of(f))));
+}
 XF_API xf_status zfmdtmy(xf_frame *f) { return through_date(f, zfmmony); }
 XF_API xf_status zfmdtyr(xf_frame *f) { return through_date(f, zfmyear); }
 XF_API xf_status zfmdtyqc(xf_frame *f) { return through_date(f, zfmyyqc); }

@@ -13,6 +13,7 @@
 // valid UTF-8 is read as UTF-8, any other as Windows-1252.
 #include "xfmt/xfmt.h"
 
+#include <bit>
 #include <cstdint>
 #include <string_view>
 
@@ -20,6 +21,8 @@
 #include "informats/date_field_reader.hpp"
 #include "informats/date_scanner.hpp"
 #include "nls/locale.hpp"
+
+#include "informats/month_keys.inc"
 
 using namespace xfmt;
 using namespace xfmt::informats;
@@ -35,8 +38,9 @@ enum locale_record : int {
   frame_locale = 0,  // EUR
 };
 
-constexpr int abbreviation_field = 59, full_name_field = 71, second_abbreviation_field = 83,
-              second_full_name_field = 95;
+// The 48 month names of a record lie in fields 59-106: abbreviations, full
+// names, then the second set's abbreviations and full names, 12 each.
+constexpr int abbreviation_field = 59, full_name_field = 71, second_full_name_field = 95;
 
 // The field is at most 40 bytes wide; text longer than this is refused.
 constexpr int max_chars = 64;
@@ -130,9 +134,20 @@ uint32_t next_field_char(std::string_view s, size_t &i) {
   return static_cast<unsigned char>(s[i++]);
 }
 
+// A name of the record as stored.
+inline std::string_view record_text(const zav_locale_field &f) {
+  return f.length != 0 ? std::string_view(f.text, f.length) : std::string_view{};
+}
+
 // Code points of the text matched by the whole name (or the name without a
 // final point), ending at a non-letter; 0 when it does not match there.
+// The first character is compared before anything is decoded: most names
+// of a record fail there.
 int match_name(std::string_view name, const folded_text &t, int i) {
+  if (name.empty() || i >= t.n) return 0;
+  const char first = name[0];
+  if (first != '<' && static_cast<unsigned char>(first) < 0x80 && fold(static_cast<unsigned char>(first)) != t.cp[i])
+    return 0;
   int len = 0;
   size_t k = 0;
   while (k < name.size()) {
@@ -165,26 +180,47 @@ bool match_three_letters(std::string_view name, const folded_text &t, int i) {
 // three letters that begin the full names of one month only. Sets the
 // length read; 0 when no month is written there.
 int read_month(int id, const folded_text &t, int i, int &len) {
+  if (i >= t.n) return 0;
+  const zav_locale_field *names = ZAVlocaleData[id - 1] + abbreviation_field;  // fields 59..106
+  // The names whose first three characters can begin the text, from the
+  // generated keys: the names of the text's first letter at once, then
+  // their three keys. A later key of 0 lets any character through (a short
+  // name, or its final point); a second-set name equal to its first-set twin
+  // never comes.
+  const month_keys &keys = month_key_table[id - 1];
+  const uint32_t c0 = t.cp[i], c1 = i + 1 < t.n ? t.cp[i + 1] : 0, c2 = i + 2 < t.n ? t.cp[i + 2] : 0;
+  uint64_t candidates = 0;
+  for (uint64_t bits = keys.by_first[c0 % 32]; bits != 0; bits &= bits - 1) {
+    const int k = std::countr_zero(bits);
+    const bool hit = keys.first[k] == c0 && (keys.second[k] == c1 || keys.second[k] == 0) &&
+                     (keys.third[k] == c2 || keys.third[k] == 0);
+    candidates |= static_cast<uint64_t>(hit) << k;
+  }
   int best = 0, month = 0;
-  for (int m = 0; m < 12; ++m) {
-    for (int field : {abbreviation_field, full_name_field, second_abbreviation_field, second_full_name_field}) {
-      const int n = match_name(nls::locale_field(id, field + m), t, i);
-      if (n > best) best = n, month = m + 1;
-    }
+  while (candidates != 0) {
+    const int k = std::countr_zero(candidates);
+    candidates &= candidates - 1;
+    const int n = match_name(record_text(names[k]), t, i);
+    if (n > best) best = n, month = k % 12 + 1;
   }
   if (month != 0) {
     len = best;
     return month;
   }
   for (int m = 0; m < 12; ++m) {
-    if (!match_three_letters(nls::locale_field(id, full_name_field + m), t, i) &&
-        !match_three_letters(nls::locale_field(id, second_full_name_field + m), t, i))
+    if (!match_three_letters(record_text(names[full_name_field - abbreviation_field + m]), t, i) &&
+        !match_three_letters(record_text(names[second_full_name_field - abbreviation_field + m]), t, i))
       continue;
     if (month != 0) return 0;  // "jui": June or July
     month = m + 1;
   }
   len = 3;
   return month;
+}
+
+int64_t days_in_month(int64_t y, int32_t m) {
+  static constexpr int8_t days[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  return m == 2 && datetime::is_leap(y) ? 29 : days[m - 1];
 }
 
 // Blanks and punctuation between the parts.
@@ -225,8 +261,11 @@ bool read_national(int id, shape s, date_cursor &c, double &v) {
   i = skip_separators(t, i + len);
   c.p = base + t.at[i];
   if (!read_year(c, d.year)) return false;
-  const double day = date_value(d);
-  if (datetime::unusable(day)) return false;
+  // The day must exist; the year is 1582 or later (read_year) and at most
+  // 2049 or four digits, so inside the calendar's range.
+  if (d.day < 1 || d.day > days_in_month(d.year, static_cast<int32_t>(d.month))) return false;
+  const auto day = static_cast<double>(datetime::days_from_ymd(d.year, static_cast<int32_t>(d.month),
+                                                              static_cast<int32_t>(d.day)));
   if (s != shape::date_time) {
     v = day;
     return true;

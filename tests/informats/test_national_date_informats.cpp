@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -272,6 +273,16 @@ TEST(NationalDateInformats, RoundTripThroughNationalFormats) {
       }
     }
   }
+}
+
+// The month keys the informats filter names with are generated from the
+// locale database; a change of the database needs the generator run again.
+TEST(NationalDateInformats, MonthKeysMatchTheLocaleDatabase) {
+  std::string here = __FILE__;
+  std::string root = here.substr(0, here.rfind("/tests/"));
+  if (std::system("command -v python3 >/dev/null 2>&1") != 0) GTEST_SKIP() << "python3 missing";
+  std::string cmd = "cd '" + root + "' && python3 tools/gen/gen_month_keys.py --check";
+  EXPECT_EQ(std::system(cmd.c_str()), 0);
 }
 
 }  // namespace
