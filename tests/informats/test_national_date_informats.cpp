@@ -265,7 +265,7 @@ TEST(NationalDateInformats, RoundTripThroughNationalFormats) {
         b.f.requested_output_encoding = XF_ENC_UTF16LE;
         ASSERT_EQ(nl(&b.f), ok) << l.prefix;
         std::string text;
-        for (uint32_t i = 0; i + 1 < b.f.output_length; i += 2) text += utf8_of(b.out[i] | b.out[i + 1] << 8);
+        for (uint32_t i = 0; i + 1 < b.f.output_length; i += 2) text += utf8_of(static_cast<uint32_t>(b.out[i]) | static_cast<uint32_t>(b.out[i + 1]) << 8);
         while (!text.empty() && text.back() == ' ') text.pop_back();
         while (!text.empty() && text.front() == ' ') text.erase(0, 1);
         if (nl == nldatemn) text = "15 " + text + " 2023";
