@@ -1,7 +1,8 @@
 // Date and time informats against the standard C readers on the same texts:
 // @DATE (zifmdate) versus strptime("%d%b%Y") and timegm, @MMDDYY (zifmmdy)
 // versus sscanf("%d/%d/%d") and the calendar's day count, @TIME (zifmtime)
-// versus sscanf("%d:%d:%lf"). 100000 fields of random days and times.
+// versus sscanf("%d:%d:%lf"), and @ENGDFDE against @DATE on the same texts.
+// 100000 fields of random days and times.
 // Report: ns per field; the ratio is baseline time over informat time.
 #include <benchmark/benchmark.h>
 
@@ -68,6 +69,9 @@ void run(benchmark::State &state, xf_routine routine, const std::vector<std::str
 void BM_informat_DATE(benchmark::State &state) { run(state, zifmdate, sample().name_dates); }
 void BM_informat_MMDDYY(benchmark::State &state) { run(state, zifmmdy, sample().slash_dates); }
 void BM_informat_TIME(benchmark::State &state) { run(state, zifmtime, sample().times); }
+// @ENGDFDE on the same "04JUL2023" texts as @DATE: month names from the
+// en_GB locale record instead of a fixed table.
+void BM_informat_ENGDFDE(benchmark::State &state) { run(state, zifmengde, sample().name_dates); }
 
 void BM_strptime_DATE(benchmark::State &state) {
   for (auto _ : state) {
@@ -112,6 +116,7 @@ void BM_sscanf_TIME(benchmark::State &state) {
 }  // namespace
 
 BENCHMARK(BM_informat_DATE);
+BENCHMARK(BM_informat_ENGDFDE);
 BENCHMARK(BM_strptime_DATE);
 BENCHMARK(BM_informat_MMDDYY);
 BENCHMARK(BM_sscanf_MMDDYY);

@@ -1,6 +1,8 @@
-// Every informat of JAZWIDTE on arbitrary bytes: byte 0 picks the row, byte
-// 1 the width, byte 2 the decimals (and now and then a short output buffer),
-// the rest is the text. Input and output are exact-size heap buffers, so a
+// Every informat of JAZWIDTE, and the date informats of JAZWIUWI (@MINGUO,
+// @XYYMMDD, @YYQZ, @YYMMN, @YMDDTTM, @PDJULG, @PDJULI and the 69 national
+// ones), on arbitrary bytes: byte 0 picks the row (and the frame's locale
+// for @EURDF..), byte 1 the width, byte 2 the decimals (and now and then a
+// short output buffer), the rest is the text. Input and output are exact-size heap buffers, so a
 // one-byte overrun is seen by AddressSanitizer. The same call twice gives the
 // same bytes; a failure status stands only beside the ordinary missing value;
 // a stored date is a whole day of the calendar's range, a time is not
@@ -11,6 +13,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <string_view>
+#include <vector>
 
 #include "catalog/missing.hpp"
 #include "datetime/calendar.hpp"
@@ -25,7 +29,7 @@ struct outcome {
 };
 
 outcome run(xf_routine routine, const unsigned char *text, size_t n, int32_t w, int32_t d,
-            uint32_t capacity) {
+            uint32_t capacity, uint64_t locale) {
   std::unique_ptr<unsigned char[]> in(new unsigned char[n == 0 ? 1 : n]);
   if (n) std::memcpy(in.get(), text, n);
   outcome o{0, 0, std::unique_ptr<unsigned char[]>(new unsigned char[capacity == 0 ? 1 : capacity])};
@@ -37,17 +41,33 @@ outcome run(xf_routine routine, const unsigned char *text, size_t n, int32_t w, 
   f.input_length = static_cast<uint32_t>(n);
   f.output = capacity == 0 ? nullptr : o.bytes.get();
   f.output_capacity = capacity;
+  f.option_word = locale;
   o.status = routine(&f);
   o.length = f.output_length;
   if (o.length > capacity) std::abort();
   return o;
 }
 
-void check_value(xf_routine routine, double v) {
+// The date informats of JAZWIUWI by name: the module also holds binary and
+// number informats, which other targets cover.
+bool is_uwi_date_row(const fmtinfo_eachfmt &row) {
+  const std::string_view name(row.name, row.name_length);
+  if (name.size() == 8 && name.substr(4, 2) == "DF") return true;
+  return name == "@MINGUO" || name == "@XYYMMDD" || name == "@YYQZ" || name == "@YYMMN" ||
+         name == "@YMDDTTM" || name == "@PDJULG" || name == "@PDJULI";
+}
+
+bool datetime_result(const fmtinfo_eachfmt &row) {
+  const std::string_view name(row.name, row.name_length);
+  return name == "@DATETIME" || name == "@MDYAMPM" || name == "@YMDDTTM" ||
+         (name.size() == 8 && name.substr(4, 4) == "DFDT");
+}
+
+void check_value(const fmtinfo_eachfmt &row, double v) {
   namespace dt = xfmt::datetime;
-  if (routine == zifmtime) {
+  if (row.routine == zifmtime) {
     if (!(v >= 0)) std::abort();
-  } else if (routine == zifmdttm || routine == zifmdyam) {
+  } else if (datetime_result(row)) {
     if (!dt::datetime_in_range(v)) std::abort();
   } else {
     if (!dt::date_in_range(v) || v != std::floor(v)) std::abort();
@@ -58,17 +78,27 @@ void check_value(xf_routine routine, double v) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   if (size < 3) return 0;
-  const fmtinfo *m = jazwidte();
-  const fmtinfo_eachfmt &row = m->rows[data[0] % m->count];
+  static const std::vector<const fmtinfo_eachfmt *> rows = [] {
+    std::vector<const fmtinfo_eachfmt *> all;
+    const fmtinfo *dte = jazwidte(), *uwi = jazwiuwi();
+    for (uint64_t i = 0; i < dte->count; ++i) all.push_back(&dte->rows[i]);
+    for (uint64_t i = 0; i < uwi->count; ++i)
+      if (is_uwi_date_row(uwi->rows[i])) all.push_back(&uwi->rows[i]);
+    return all;
+  }();
+  const fmtinfo_eachfmt &row = *rows[data[0] % rows.size()];
   if (row.routine == nullptr) return 0;
   int32_t w = static_cast<int8_t>(data[1]);  // -128 .. 127
+  // The packed informats take w 4 only: give it to them half the time.
+  if (row.max_width == 4 && (data[1] & 1)) w = 4;
   int32_t d = data[2] % 104;                 // 0 .. 103, past 31 and through 98/99
   const unsigned char *text = data + 3;
   size_t n = size - 3;
   uint32_t capacity = data[2] >= 240 ? data[2] - 240u : 8;  // now and then a short buffer
 
-  outcome a = run(row.routine, text, n, w, d, capacity);
-  outcome b = run(row.routine, text, n, w, d, capacity);
+  const uint64_t locale = data[0] >> 1;  // 0 .. 127: records, and 0 for the process locale
+  outcome a = run(row.routine, text, n, w, d, capacity, locale);
+  outcome b = run(row.routine, text, n, w, d, capacity, locale);
   if (a.status != b.status || a.length != b.length ||
       std::memcmp(a.bytes.get(), b.bytes.get(), capacity) != 0)
     std::abort();
@@ -84,6 +114,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   const bool missing = xfmt::is_missing_bits(bits);
   if (a.status != XF_OK && bits != xfmt::missing_ordinary_bits) std::abort();
   if (a.status != XF_OK && a.status != XF_IN_INVALID && a.status != XF_IN_BAD_WIDTH) std::abort();
-  if (!missing) check_value(row.routine, v);
+  if (!missing) check_value(row, v);
   return 0;
 }

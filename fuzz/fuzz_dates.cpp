@@ -1,5 +1,7 @@
 // Every date and time routine of the library on fuzzed input: the format
-// routines registered in JAZWFDTE and JAZWFTME with widths and decimals
+// routines registered in JAZWFDTE and JAZWFTME, and the date formats of
+// JAZWFUWF (DTDATE, DTMONYY, DTYEAR, DTYYQC, MINGUO, XYYMMDD, YYQZ), with
+// widths and decimals
 // inside their rows' limits, exact-size output buffers (a one-byte overrun
 // shows under AddressSanitizer) and the same call twice giving the same
 // bytes; then the calendar routines on the same doubles.
@@ -7,9 +9,12 @@
 // Input: byte 0 picks the routine, byte 1 the width, byte 2 the decimals,
 // byte 3 the kind of value (raw bits, a missing value, a day count, a
 // second count), bytes 4-11 the value; further bytes feed the calendar calls.
+// The character formats ($N8601..) take bytes 4-11 and up to 16 more as
+// their value, of the length byte 3 says (0 .. 24 bytes).
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <string_view>
 #include <vector>
 
 #include "xfmt/xfmt.h"
@@ -56,27 +61,39 @@ double value_of_kind(uint8_t kind, cursor &c) {
 struct target {
   xf_routine routine;
   uint16_t min_w, max_w, max_d;
+  bool character;
 };
+
+bool is_uwf_date_row(const fmtinfo_eachfmt &row) {
+  const std::string_view name(row.name, row.name_length);
+  return name == "DTDATE" || name == "DTMONYY" || name == "DTYEAR" || name == "DTYYQC" || name == "MINGUO" ||
+         name == "XYYMMDD" || name == "YYQZ";
+}
 
 const std::vector<target> &targets() {
   static const std::vector<target> t = [] {
     std::vector<target> out;
-    for (const fmtinfo *m : {jazwfdte(), jazwftme()})
-      for (uint64_t i = 0; i < m->count; ++i)
-        if (m->rows[i].routine != nullptr)
-          out.push_back({m->rows[i].routine, m->rows[i].min_width, m->rows[i].max_width, m->rows[i].max_decimals});
+    for (const fmtinfo *m : {jazwfdte(), jazwftme(), jazwfuwf()})
+      for (uint64_t i = 0; i < m->count; ++i) {
+        const fmtinfo_eachfmt &r = m->rows[i];
+        if (r.routine == nullptr || (m == jazwfuwf() && !is_uwf_date_row(r))) continue;
+        out.push_back({r.routine, r.min_width, r.max_width, r.max_decimals, r.name[0] == '$'});
+      }
     return out;
   }();
   return t;
 }
 
-void run_format(const target &t, int32_t w, int32_t d, double value) {
+void run_format(const target &t, int32_t w, int32_t d, const void *value, uint32_t length) {
   std::vector<char> first(static_cast<size_t>(w)), second(static_cast<size_t>(w));
+  // An exact-size copy of the value: reading past it shows under ASan.
+  std::vector<unsigned char> in(static_cast<const unsigned char *>(value),
+                                static_cast<const unsigned char *>(value) + length);
   xf_frame f{};
   f.width = w;
   f.decimals = d;
-  f.input = &value;
-  f.input_length = 8;
+  f.input = in.data();
+  f.input_length = length;
   f.output = first.data();
   f.output_capacity = static_cast<uint32_t>(w);
   const xf_status s1 = t.routine(&f);
@@ -134,8 +151,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   const target &t = all[c.byte() % all.size()];
   const int32_t w = t.min_w + c.byte() % (t.max_w - t.min_w + 1);
   const int32_t d = c.byte() % (t.max_d + 1);
+  if (t.character) {
+    const size_t n = c.byte() % 25;
+    unsigned char bytes[24] = {};
+    for (size_t i = 0; i < n; ++i) bytes[i] = c.byte();
+    run_format(t, w, d, bytes, static_cast<uint32_t>(n));
+    return 0;
+  }
   const double v = value_of_kind(c.byte(), c);
-  run_format(t, w, d, v);
+  run_format(t, w, d, &v, sizeof v);
   run_calendar(v, c);
   return 0;
 }

@@ -1,4 +1,6 @@
-// Every informat of JAZWIMSC on arbitrary bytes: byte 0 picks the row, byte
+// Every informat of JAZWIMSC, and the number and character informats of
+// JAZWIUWI (@NUMX, @YEN, @SIZEKMG, @$ASCII, @$EBCDIC, @$UPCASE, @$REVERJ,
+// @$REVERS), on arbitrary bytes: byte 0 picks the row, byte
 // 1 the width, byte 2 the decimals, the rest is the text. Input and output
 // are exact-size heap buffers, so a one-byte overrun is seen by
 // AddressSanitizer; the same call twice must give the same bytes and status,
@@ -9,6 +11,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <string_view>
+#include <vector>
 
 #include "catalog/missing.hpp"
 #include "xfmt/xfmt.h"
@@ -44,8 +48,19 @@ outcome run(xf_routine routine, const unsigned char *text, size_t n, int32_t w, 
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   if (size < 3) return 0;
-  const fmtinfo *m = jazwimsc();
-  const fmtinfo_eachfmt &row = m->rows[data[0] % m->count];
+  static const std::vector<const fmtinfo_eachfmt *> rows = [] {
+    std::vector<const fmtinfo_eachfmt *> all;
+    const fmtinfo *msc = jazwimsc(), *uwi = jazwiuwi();
+    for (uint64_t i = 0; i < msc->count; ++i) all.push_back(&msc->rows[i]);
+    for (uint64_t i = 0; i < uwi->count; ++i) {
+      const std::string_view name(uwi->rows[i].name, uwi->rows[i].name_length);
+      if (name == "@NUMX" || name == "@YEN" || name == "@SIZEKMG" || name == "@$ASCII" || name == "@$EBCDIC" ||
+          name == "@$UPCASE" || name == "@$REVERJ" || name == "@$REVERS")
+        all.push_back(&uwi->rows[i]);
+    }
+    return all;
+  }();
+  const fmtinfo_eachfmt &row = *rows[data[0] % rows.size()];
   if (row.routine == nullptr) return 0;
   bool character = row.name[1] == '$';
   int32_t w = static_cast<int8_t>(data[1]);  // -128 .. 127

@@ -852,6 +852,43 @@ XF_API xf_status zfmweek(xf_frame *frame);
 XF_API xf_status zfmjul(xf_frame *frame);
 XF_API xf_status zfmjuld(xf_frame *frame);
 XF_API xf_status zfmneng(xf_frame *frame);
+/* DTDATE (zfmdtdat), DTMONYY (zfmdtmy), DTYEAR (zfmdtyr), DTYYQC
+ * (zfmdtyqc): the day of a datetime (floor of value / 86400) as DATE, MONYY,
+ * YEAR and YYQC write it; missing values the missing display, a datetime
+ * outside 1582..20000 '*' and XF_E_DATE_RANGE. */
+XF_API xf_status zfmdtdat(xf_frame *frame);
+XF_API xf_status zfmdtmy(xf_frame *frame);
+XF_API xf_status zfmdtyr(xf_frame *frame);
+XF_API xf_status zfmdtyqc(xf_frame *frame);
+/* MINGUO (zfmmingo): Republic of China years (1912 is 1), left-justified:
+ * width 10 "0112/07/04"; otherwise "112/07/04" when the year and "/mm/dd"
+ * fit, else "1120704"; narrower than that '*' and XF_E_OVERFLOW. Dates
+ * before 1912-01-01: '*' with XF_OK. */
+XF_API xf_status zfmmingo(xf_frame *frame);
+/* XYYMMDD (zfmxymd): YYMMDD with hyphens: 230704 (w6-7), 23-07-04 (w8-9),
+ * 2023-07-04 (w10-12), right-justified. YYQZ (zfmyyqz): 2303 (w4-5),
+ * 202303 (w6). */
+XF_API xf_status zfmxymd(xf_frame *frame);
+/* $N8601B (zfmn8b), $N8601BA (zfmn8ba), $N8601E (zfmn8e), $N8601EA
+ * (zfmn8ea), $N8601EH (zfmn8eh), $N8601EX (zfmn8ex), $N8601H (zfmn8h),
+ * $N8601X (zfmn8x): the internal ISO 8601 value (a character value: one
+ * 8-byte element, or two for an interval) as text, left-justified in w:
+ * durations as PnYnMnDTnHnMnS (B, E, H, X) or P0001-02-03T04:05:06 (EA, EH,
+ * EX; BA without separators), datetimes as 2023-07-04T12:30:45 (B and BA
+ * 20230704T123045); left-out components dropped from PnYnMnDTnHnMnS, one
+ * "-" each (B, BA, E, EA, EH, H) or an "x" per digit (EX, X) elsewhere; the
+ * fraction with its significant digits (EA: three), or d (1..3) digits cut.
+ * A blank value: a blank field. An invalid value: '*' and XF_E_DATE_RANGE;
+ * text longer than w: '*' and XF_E_OVERFLOW. */
+XF_API xf_status zfmn8b(xf_frame *frame);
+XF_API xf_status zfmn8ba(xf_frame *frame);
+XF_API xf_status zfmn8e(xf_frame *frame);
+XF_API xf_status zfmn8ea(xf_frame *frame);
+XF_API xf_status zfmn8eh(xf_frame *frame);
+XF_API xf_status zfmn8ex(xf_frame *frame);
+XF_API xf_status zfmn8h(xf_frame *frame);
+XF_API xf_status zfmn8x(xf_frame *frame);
+XF_API xf_status zfmyyqz(xf_frame *frame);
 /* ISO 8601 without a zone, right-justified: E8601DA and IS8601DA
  * (zfme8da) 2023-07-04, B8601DA (zfmb8da) 20230704, of a date; the DN forms
  * (zfme8dn, zfmb8dn) the same of a datetime's date; TM (zfme8tm, zfmb8tm)
@@ -970,6 +1007,15 @@ XF_API xf_status zfmtime(xf_frame *frame);
 /* @F, @E: blanks and tabs around the number, an optional sign, digits with
  * at most one point, an exponent after E, e, D or d. */
 XF_API xf_status wzifmn(xf_frame *frame);
+/* @NUMX (zifmnumx): a comma is the decimal mark ("12,5"); text with a
+ * comma and a point is invalid; text without a comma reads as @F.
+ * @YEN (zifmyen): yen signs (byte 5C, or A5 as YEN writes it) and commas are dropped, a point is
+ * the decimal point (5C "1,000" is 1000). @SIZEKMG (zifmsizekmg): a
+ * number, optionally one blank and KB, MB, GB or TB in any case, times
+ * 1024, 1024^2, 1024^3, 1024^4 ("1.5 mb" 1572864); d applies first. */
+XF_API xf_status zifmnumx(xf_frame *frame);
+XF_API xf_status zifmyen(xf_frame *frame);
+XF_API xf_status zifmsizekmg(xf_frame *frame);
 /* @BZ: leading blanks skipped, every later blank read as 0 (at most 32
  * bytes); an all-blank field reads 0. */
 XF_API xf_status zifmbz(xf_frame *frame);
@@ -1143,6 +1189,109 @@ XF_API xf_status zifmtime(xf_frame *frame);
 /* @YYQ: year, an optional separator, Q and the quarter 1..4: "2023Q3";
  * the first day of the quarter. */
 XF_API xf_status zifmyyq(xf_frame *frame);
+/* @MINGUO (zifmmingo): Republic of China year, month, day, separated
+ * ("112/07/04", "1 1 1") or all digits ("1120704"); year 0 is invalid. */
+XF_API xf_status zifmmingo(xf_frame *frame);
+/* @XYYMMDD (zifmxymd): "2023-07-04", "23-07-04", "20230704", "230704" (and
+ * whatever @YYMMDD reads). */
+XF_API xf_status zifmxymd(xf_frame *frame);
+/* @YYQZ (zifmyyqz): "2303", "202303": the first day of the quarter.
+ * @YYMMN (zifmyymn): "2307", "202307": the first of the month. */
+XF_API xf_status zifmyyqz(xf_frame *frame);
+XF_API xf_status zifmyymn(xf_frame *frame);
+/* @YMDDTTM (zifmymdt): yy[yy]-mm-dd hh:mm[:ss[.fff]] with any one of "-",
+ * "/", ":", "." or a blank between the parts (a "T" also between day and
+ * hour): a datetime. d (0..39) changes nothing. */
+XF_API xf_status zifmymdt(xf_frame *frame);
+/* @PDJULG (zifmpdjg) and @PDJULI (zifmpdji): four bytes of packed decimal,
+ * yyyydddF and ccyydddF (ccyy counted from 1900), w 4; the sign nibble A,
+ * C, E or F; four blank bytes (20 or 40) are a blank field. */
+XF_API xf_status zifmpdjg(xf_frame *frame);
+XF_API xf_status zifmpdji(xf_frame *frame);
+/* National date informats @<lang>DFDE (zifm<lang>de: day, month, year:
+ * "15Okt2023", "15 Oktober 23", "15-okt-2023"), @<lang>DFMY (zifm<lang>my:
+ * month and year, the first of the month: "Oct 23") and @<lang>DFDT
+ * (zifm<lang>dt: a DFDE date, one blank or punctuation character and
+ * hh:mm[:ss[.fff]]: "15okt2023:12:30:15.5"; d 0..39 changes nothing) for
+ * the 23 prefixes AFR af_ZA, CAT ca_ES, CRO hr_HR, CSY cs_CZ, DAN da_DK,
+ * DES de_CH, DEU de_DE, ENG en_GB, ESP es_ES, FIN fi_FI, FRA fr_FR, FRS
+ * fr_CH, HUN hu_HU, ITA it_IT, MAC mk_MK, NLD nl_NL, NOR nb_NO, POL pl_PL,
+ * PTG pt_PT, RUS ru_RU, SLO sl_SI, SVE sv_SE, and EUR: the frame's locale
+ * (the ZAV_LOCALE locale when the frame names none, en_GB when that matches
+ * no record). Months: any month name of the locale record (both sets), an
+ * abbreviation without its final point, or the first three letters of a
+ * full name naming one month only; any case. Valid UTF-8 is read as UTF-8,
+ * other text as Windows-1252. Blanks or punctuation may separate the parts;
+ * two-digit years as for the other date informats. */
+XF_API xf_status zifmafrde(xf_frame *frame);
+XF_API xf_status zifmafrdt(xf_frame *frame);
+XF_API xf_status zifmafrmy(xf_frame *frame);
+XF_API xf_status zifmcatde(xf_frame *frame);
+XF_API xf_status zifmcatdt(xf_frame *frame);
+XF_API xf_status zifmcatmy(xf_frame *frame);
+XF_API xf_status zifmcrode(xf_frame *frame);
+XF_API xf_status zifmcrodt(xf_frame *frame);
+XF_API xf_status zifmcromy(xf_frame *frame);
+XF_API xf_status zifmcsyde(xf_frame *frame);
+XF_API xf_status zifmcsydt(xf_frame *frame);
+XF_API xf_status zifmcsymy(xf_frame *frame);
+XF_API xf_status zifmdande(xf_frame *frame);
+XF_API xf_status zifmdandt(xf_frame *frame);
+XF_API xf_status zifmdanmy(xf_frame *frame);
+XF_API xf_status zifmdesde(xf_frame *frame);
+XF_API xf_status zifmdesdt(xf_frame *frame);
+XF_API xf_status zifmdesmy(xf_frame *frame);
+XF_API xf_status zifmdeude(xf_frame *frame);
+XF_API xf_status zifmdeudt(xf_frame *frame);
+XF_API xf_status zifmdeumy(xf_frame *frame);
+XF_API xf_status zifmengde(xf_frame *frame);
+XF_API xf_status zifmengdt(xf_frame *frame);
+XF_API xf_status zifmengmy(xf_frame *frame);
+XF_API xf_status zifmespde(xf_frame *frame);
+XF_API xf_status zifmespdt(xf_frame *frame);
+XF_API xf_status zifmespmy(xf_frame *frame);
+XF_API xf_status zifmeurde(xf_frame *frame);
+XF_API xf_status zifmeurdt(xf_frame *frame);
+XF_API xf_status zifmeurmy(xf_frame *frame);
+XF_API xf_status zifmfinde(xf_frame *frame);
+XF_API xf_status zifmfindt(xf_frame *frame);
+XF_API xf_status zifmfinmy(xf_frame *frame);
+XF_API xf_status zifmfrade(xf_frame *frame);
+XF_API xf_status zifmfradt(xf_frame *frame);
+XF_API xf_status zifmframy(xf_frame *frame);
+XF_API xf_status zifmfrsde(xf_frame *frame);
+XF_API xf_status zifmfrsdt(xf_frame *frame);
+XF_API xf_status zifmfrsmy(xf_frame *frame);
+XF_API xf_status zifmhunde(xf_frame *frame);
+XF_API xf_status zifmhundt(xf_frame *frame);
+XF_API xf_status zifmhunmy(xf_frame *frame);
+XF_API xf_status zifmitade(xf_frame *frame);
+XF_API xf_status zifmitadt(xf_frame *frame);
+XF_API xf_status zifmitamy(xf_frame *frame);
+XF_API xf_status zifmmacde(xf_frame *frame);
+XF_API xf_status zifmmacdt(xf_frame *frame);
+XF_API xf_status zifmmacmy(xf_frame *frame);
+XF_API xf_status zifmnldde(xf_frame *frame);
+XF_API xf_status zifmnlddt(xf_frame *frame);
+XF_API xf_status zifmnldmy(xf_frame *frame);
+XF_API xf_status zifmnorde(xf_frame *frame);
+XF_API xf_status zifmnordt(xf_frame *frame);
+XF_API xf_status zifmnormy(xf_frame *frame);
+XF_API xf_status zifmpolde(xf_frame *frame);
+XF_API xf_status zifmpoldt(xf_frame *frame);
+XF_API xf_status zifmpolmy(xf_frame *frame);
+XF_API xf_status zifmptgde(xf_frame *frame);
+XF_API xf_status zifmptgdt(xf_frame *frame);
+XF_API xf_status zifmptgmy(xf_frame *frame);
+XF_API xf_status zifmrusde(xf_frame *frame);
+XF_API xf_status zifmrusdt(xf_frame *frame);
+XF_API xf_status zifmrusmy(xf_frame *frame);
+XF_API xf_status zifmslode(xf_frame *frame);
+XF_API xf_status zifmslodt(xf_frame *frame);
+XF_API xf_status zifmslomy(xf_frame *frame);
+XF_API xf_status zifmsvede(xf_frame *frame);
+XF_API xf_status zifmsvedt(xf_frame *frame);
+XF_API xf_status zifmsvemy(xf_frame *frame);
 
 /* Character informats deliver w bytes at frame->output: the first
  * min(w, input_length) bytes of the text, padded with blanks; output_length
@@ -1164,6 +1313,16 @@ XF_API xf_status zifmcq(xf_frame *frame);
 XF_API xf_status zifmchex(xf_frame *frame);
 XF_API xf_status zifmcoct(xf_frame *frame);
 XF_API xf_status zifmcbin(xf_frame *frame);
+/* @$ASCII (zifmascii): as @$CHAR (this host is ASCII). @$EBCDIC
+ * (zifmebcdic): each byte through eb2as. @$UPCASE (zifmupcase): a-z become
+ * A-Z, nothing else changes. @$REVERJ (zifmreverj): the w-byte field read
+ * backwards ("XYZ  " gives "  ZYX"). @$REVERS (zifmrevers): the same, its
+ * leading blanks moved to the end ("XYZ  " gives "ZYX  "). */
+XF_API xf_status zifmascii(xf_frame *frame);
+XF_API xf_status zifmebcdic(xf_frame *frame);
+XF_API xf_status zifmupcase(xf_frame *frame);
+XF_API xf_status zifmreverj(xf_frame *frame);
+XF_API xf_status zifmrevers(xf_frame *frame);
 
 /* ======================================================================
  * User-defined formats

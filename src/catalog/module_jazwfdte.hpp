@@ -12,14 +12,14 @@ inline constexpr fmtinfo_eachfmt jazwfdte_rows[] = {
     row("---CHARFMT-----", 0, 0, 0, 0, 0, 0, nullptr),
     row("---NUMINFMT----", 0, 0, 0, 0, 0, 0, nullptr),
     row("---CHARINFMT---", 0, 0, 0, 0, 0, 0, nullptr),
-    row("$N8601B", 1, 200, 16, 0, 0, 0, nullptr),
-    row("$N8601BA", 1, 200, 16, 0, 0, 0, nullptr),
-    row("$N8601E", 1, 200, 16, 0, 0, 0, nullptr),
-    row("$N8601EA", 1, 200, 16, 0, 0, 0, nullptr),
-    row("$N8601EH", 1, 200, 16, 0, 0, 0, nullptr),
-    row("$N8601EX", 1, 200, 16, 0, 0, 0, nullptr),
-    row("$N8601H", 1, 200, 16, 0, 0, 0, nullptr),
-    row("$N8601X", 1, 200, 16, 0, 0, 0, nullptr),
+    row("$N8601B", 1, 200, 16, 0, 0, 0, zfmn8b),  // zfmn8b
+    row("$N8601BA", 1, 200, 16, 0, 0, 0, zfmn8ba),  // zfmn8ba
+    row("$N8601E", 1, 200, 16, 0, 0, 0, zfmn8e),  // zfmn8e
+    row("$N8601EA", 1, 200, 16, 0, 0, 0, zfmn8ea),  // zfmn8ea
+    row("$N8601EH", 1, 200, 16, 0, 0, 0, zfmn8eh),  // zfmn8eh
+    row("$N8601EX", 1, 200, 16, 0, 0, 0, zfmn8ex),  // zfmn8ex
+    row("$N8601H", 1, 200, 16, 0, 0, 0, zfmn8h),  // zfmn8h
+    row("$N8601X", 1, 200, 16, 0, 0, 0, zfmn8x),  // zfmn8x
     row("B8601DA", 8, 10, 8, 0, 0, 0, zfmb8da),
     row("B8601DN", 8, 10, 8, 0, 0, 0, zfmb8dn),
     row("B8601DT", 15, 26, 19, 0, 6, 0, zfmb8dt),

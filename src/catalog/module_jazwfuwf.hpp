@@ -11,16 +11,16 @@ inline constexpr fmtinfo_eachfmt jazwfuwf_rows[] = {
     row("$BYVAL", 2, 8, 2, 0, 0, 0, zfmbyval),
     row("$CSTR", 1, 32767, 1, 0, 0, 0, zfmcstr),
     row("PVALUE", 3, 32, 6, 1, 30, 4, zfmpval),  // zfmpval
-    row("DTDATE", 5, 9, 7, 0, 0, 0, nullptr),
-    row("DTMONYY", 5, 7, 5, 0, 0, 0, nullptr),
-    row("DTYEAR", 2, 4, 4, 0, 0, 0, nullptr),
-    row("DTYYQC", 4, 6, 4, 0, 0, 0, nullptr),
+    row("DTDATE", 5, 9, 7, 0, 0, 0, zfmdtdat),  // zfmdtdat
+    row("DTMONYY", 5, 7, 5, 0, 0, 0, zfmdtmy),  // zfmdtmy
+    row("DTYEAR", 2, 4, 4, 0, 0, 0, zfmdtyr),  // zfmdtyr
+    row("DTYYQC", 4, 6, 4, 0, 0, 0, zfmdtyqc),  // zfmdtyqc
     row("IEEER", 2, 8, 8, 0, 31, 0, zfmieeer),
     row("LOGPROB", 4, 32, 5, 0, 0, 0, zfmlogp),  // zfmlogp
     row("PCPIB", 1, 8, 4, 0, 10, 0, zfmpcpib),
     row("PIBR", 1, 8, 8, 0, 31, 0, nullptr),
-    row("XYYMMDD", 6, 12, 8, 0, 0, 0, nullptr),
-    row("YYQZ", 4, 6, 4, 0, 0, 0, nullptr),
+    row("XYYMMDD", 6, 12, 8, 0, 0, 0, zfmxymd),  // zfmxymd
+    row("YYQZ", 4, 6, 4, 0, 0, 0, zfmyyqz),  // zfmyyqz
     row("$EBCDIC", 1, 32767, 1, 0, 0, 0, zfmebcdic),  // zfmebcdic
     row("S370FIB", 1, 8, 4, 0, 10, 0, zfms370ib),
     row("S370FPD", 1, 16, 1, 0, 10, 0, zfms370pd),
@@ -44,7 +44,7 @@ inline constexpr fmtinfo_eachfmt jazwfuwf_rows[] = {
     row("XPORTFLT", 2, 8, 8, 0, 10, 0, zfmxportflt),
     row("$ASCII", 1, 32767, 1, 0, 0, 0, zfmascii),  // zfmascii
     row("FLOAT", 4, 4, 4, 0, 31, 0, zfmfloat),
-    row("MINGUO", 1, 10, 8, 0, 0, 0, nullptr),
+    row("MINGUO", 1, 10, 8, 0, 0, 0, zfmmingo),  // zfmmingo
     row("MRB", 2, 8, 4, 0, 10, 0, zfmmrb),
     row("$UPCASE", 1, 32767, 8, 0, 0, 0, zfmupcase),  // zfmupcase
     row("YEN", 1, 32, 1, 0, 31, 0, zfmyen),  // zfmyen

@@ -98,6 +98,10 @@ inline void put4(char *out, int64_t v) {
   put2(out + 2, v % 100);
 }
 
+// The DATE layout of a calendar day at the frame's width (usable, already
+// checked): shared by DATE and DTDATE.
+xf_status write_date_layout(xf_frame *f, const ymd &c);
+
 // A field that a layout cannot hold at this width (only below the catalog's
 // minimum widths): stars, as for a number that does not fit.
 inline xf_status too_narrow(xf_frame *f) { return fail_stars(f, f->width, XF_E_OVERFLOW); }

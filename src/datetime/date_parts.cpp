@@ -44,23 +44,12 @@ char *right_part(xf_frame *f, int32_t n) {
 
 }  // namespace
 
-extern "C" {
-
-XF_ROUTINE(zfmmony, f) {
-  xf_status st = XF_OK;
-  if (!guard_value(f, 1, st)) return st;
-  if (f->width < 5) return too_narrow(f);
-  const ymd c = ymd_of_value(value_of(f));
-  monyy_text(right_part(f, f->width >= 7 ? 7 : 5), f->width >= 7 ? 7 : 5, c);
-  return finish(f);
-}
+namespace xfmt::datetime {
 
 // DATE5 04JUL, DATE7 04JUL23, DATE9 04JUL2023, DATE11 04-JUL-2023; the even
-// widths 6, 8 and 10 put a blank before the next narrower layout.
-XF_ROUTINE(zfmdate, f) {
-  xf_status st = XF_OK;
-  ymd c{};
-  if (!guard_date(f, st, c)) return st;
+// widths 6, 8 and 10 put a blank before the next narrower layout. The width
+// is usable (checked by the caller).
+xf_status write_date_layout(xf_frame *f, const ymd &c) {
   char *const out = frame_out(f);
   if (f->width == 9) {  // the layout hosts use most, straight into the field
     put2(out, c.day);
@@ -90,6 +79,26 @@ XF_ROUTINE(zfmdate, f) {
   monyy_text(monyy, n < 9 ? 5 : 7, c);
   std::memcpy(p + 2, monyy, static_cast<size_t>(n - 2));
   return finish(f);
+}
+
+}  // namespace xfmt::datetime
+
+extern "C" {
+
+XF_ROUTINE(zfmmony, f) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 1, st)) return st;
+  if (f->width < 5) return too_narrow(f);
+  const ymd c = ymd_of_value(value_of(f));
+  monyy_text(right_part(f, f->width >= 7 ? 7 : 5), f->width >= 7 ? 7 : 5, c);
+  return finish(f);
+}
+
+XF_ROUTINE(zfmdate, f) {
+  xf_status st = XF_OK;
+  ymd c{};
+  if (!guard_date(f, st, c)) return st;
+  return write_date_layout(f, c);
 }
 
 XF_ROUTINE(zfmday, f) {

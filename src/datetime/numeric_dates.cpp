@@ -270,3 +270,30 @@ XF_ROUTINE(zfmyqrp, f) { return zfmdlyq(f, '.'); }
 XF_ROUTINE(zfmyqrs, f) { return zfmdlyq(f, '/'); }
 
 }  // extern "C"
+
+extern "C" {
+
+// XYYMMDD is YYMMDD with hyphens: 230704 at widths 6-7, 23-07-04 at 8-9,
+// 2023-07-04 from 10 on, right-justified.
+XF_ROUTINE(zfmxymd, f) { return zfmymd(f); }
+
+// YYQZ: year and a two-digit quarter, no separator: 2303 at widths 4-5,
+// 202303 at 6.
+XF_ROUTINE(zfmyyqz, f) {
+  xf_status st = XF_OK;
+  ymd c{};
+  if (!guard_date(f, st, c)) return st;
+  const int32_t w = f->width;
+  if (w < 4) return too_narrow(f);
+  const int32_t n = w >= 6 ? 6 : 4;
+  char *out = frame_out(f);
+  if (w > n) std::memset(out, ' ', static_cast<size_t>(w - n));
+  char *p = out + (w - n);
+  if (n == 6) put4(p, c.year);
+  else put2(p, c.year % 100);
+  put2(p + n - 2, (c.month - 1) / 3 + 1);
+  f->output_length = static_cast<uint32_t>(w);
+  return XF_OK;
+}
+
+}  // extern "C"

@@ -136,7 +136,7 @@ bool read_name_date(date_cursor &c, date_parts &out) {
 // Seconds: one or two digits, then optionally a point and at least one more
 // digit; the text goes through the number reader, so "03.1" is the double
 // nearest 3.1 rather than 3 + 1/10 rounded twice.
-static bool read_seconds(date_cursor &c, double &second) {
+bool read_seconds(date_cursor &c, double &second) {
   const char *start = c.p;
   const size_t n = c.digit_run();
   if (n < 1 || n > 2) return false;

@@ -70,6 +70,10 @@ struct time_parts {
 };
 bool read_time_of_day(date_cursor &c, int64_t max_hour, time_parts &out);
 
+// Seconds of a time: one or two digits, optionally a point and more digits
+// ("05", "5.25"); below 60.
+bool read_seconds(date_cursor &c, double &second);
+
 // The date value of the parts, or the ordinary missing value when the day
 // does not exist or lies outside 1582-01-01 .. 20000-12-31.
 double date_value(const date_parts &d);

@@ -1,6 +1,8 @@
-// The character informats: @$CHAR and @$F (zifmc), @$CHARZB (zifmzbc) and
-// @$QUOTE (zifmcq). Each delivers w bytes: the first min(w, input length)
-// bytes of the text, padded with blanks to w.
+// The character informats: @$CHAR and @$F (zifmc), @$CHARZB (zifmzbc),
+// @$QUOTE (zifmcq), @$ASCII (zifmascii), @$EBCDIC (zifmebcdic), @$UPCASE
+// (zifmupcase), @$REVERJ (zifmreverj) and @$REVERS (zifmrevers). Each
+// delivers w bytes: the first min(w, input length) bytes of the text, padded
+// with blanks to w (then translated or reversed).
 #include "xfmt/xfmt.h"
 
 #include <cstring>
@@ -26,6 +28,9 @@ xf_status deliver(xf_frame *f, const char *text, size_t n, int64_t w, char (*map
 }
 
 char keep(char c) { return c; }
+char from_ebcdic(char c) { return static_cast<char>(eb2as[static_cast<unsigned char>(c)]); }
+// Only a-z: accented letters stay as they are, as the $UPCASE format does.
+char upper_ascii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c; }
 char zero_to_blank(char c) { return c == '\0' ? ' ' : c; }
 
 size_t text_length(const xf_frame *f) {
@@ -67,3 +72,50 @@ XF_ROUTINE(zifmcq, f) {
     return deliver(f, text + first + 1, last - first - 2, f->width, keep);
   return deliver(f, text, n, f->width, keep);
 }
+
+XF_ROUTINE(zifmascii, f) { return char_informat(f, keep); }
+
+XF_ROUTINE(zifmebcdic, f) { return char_informat(f, from_ebcdic); }
+
+XF_ROUTINE(zifmupcase, f) { return char_informat(f, upper_ascii); }
+
+namespace {
+
+// The w-byte field (text, then blanks) read from its end. With justify, the
+// blanks at the end of the field (which would lead the reversed text) move
+// behind it: "XYZ  " gives "ZYX  " rather than "  ZYX". Positions past the
+// capacity are not written (XF_E_CAPACITY, as for the other informats).
+xf_status reversed(xf_frame *f, bool justify) {
+  if (f->width < 0) {
+    f->output_length = 0;
+    return XF_IN_BAD_WIDTH;
+  }
+  const char *text = static_cast<const char *>(f->input);
+  const size_t n = text_length(f), w = static_cast<size_t>(f->width);
+  size_t trailing = 0;  // blanks at the end of the field, padding included
+  if (justify) {
+    size_t k = n;
+    while (k > 0 && text[k - 1] == ' ') --k;
+    trailing = w - k;
+  }
+  const size_t room = f->output == nullptr ? 0 : f->output_capacity;
+  const size_t out_n = w < room ? w : room;
+  char *out = static_cast<char *>(f->output);
+  for (size_t i = 0; i < out_n; ++i) {
+    if (i >= w - trailing) {
+      out[i] = ' ';
+      continue;
+    }
+    const size_t from = w - 1 - trailing - i;
+    out[i] = from < n ? text[from] : ' ';
+  }
+  f->output_length = static_cast<uint32_t>(out_n);
+  f->output_encoding = XF_ENC_SINGLE_BYTE;
+  return out_n < w ? XF_E_CAPACITY : XF_OK;
+}
+
+}  // namespace
+
+XF_ROUTINE(zifmreverj, f) { return reversed(f, false); }
+
+XF_ROUTINE(zifmrevers, f) { return reversed(f, true); }

@@ -70,7 +70,7 @@ TEST(dispatch, null_arguments_are_refused) {
 }
 
 TEST(dispatch, a_row_without_routine_writes_nothing) {
-  for (const char *name : {"---NUMFMT------", "@DEUDFDE"}) {
+  for (const char *name : {"---NUMFMT------", "---CHARINFMT---"}) {
     void *h = nullptr;
     ASSERT_EQ(xfname(name, static_cast<int32_t>(std::strlen(name)), 0, nullptr, &h), XF_OK);
     frame_box b = frame_box::number(1, 8);

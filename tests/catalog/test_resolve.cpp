@@ -160,7 +160,7 @@ TEST(resolve, informat_kind_puts_an_at_before_the_name) {
   xfdel(h);
 }
 
-TEST(resolve, separators_and_routineless_informats_resolve_with_their_limits) {
+TEST(resolve, separators_and_national_informats_resolve_with_their_limits) {
   void *h = nullptr;
   width_block b;
   ASSERT_EQ(resolve("---NUMFMT------", &h, &b), XF_OK);
@@ -170,7 +170,9 @@ TEST(resolve, separators_and_routineless_informats_resolve_with_their_limits) {
   xfdel(h);
   ASSERT_EQ(resolve("DEUDFDE", &h, &b, 73), XF_OK);
   EXPECT_EQ(name_of(static_cast<fmtposs_row *>(h)->row), "@DEUDFDE");
-  EXPECT_EQ(static_cast<fmtposs_row *>(h)->row.routine, nullptr);
+  EXPECT_EQ(b.v[0], 5);   // minimum width
+  EXPECT_EQ(b.v[1], 32);  // maximum width
+  EXPECT_EQ(static_cast<fmtposs_row *>(h)->row.routine, zifmdeude);
   xfdel(h);
 }
 

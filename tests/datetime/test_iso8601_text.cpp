@@ -1,0 +1,185 @@
+// The $N8601 formats of the internal ISO 8601 value: the examples of each
+// name, left-out components in every style, intervals, fractions and d,
+// blank, invalid and too-long values, and a property over random elements:
+// the extended datetime text names the nibbles it came from.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "support/frame.hpp"
+#include "support/random.hpp"
+#include "xfmt/xfmt.h"
+
+namespace {
+
+using xfmt::test::frame_box;
+
+// "2023704123045FFD" -> the 8 bytes 20 23 70 41 23 04 5F FD.
+std::string value(const std::string &nibbles) {
+  std::string bytes;
+  auto digit = [](char c) { return c <= '9' ? c - '0' : c - 'A' + 10; };
+  for (size_t i = 0; i + 1 < nibbles.size(); i += 2)
+    bytes.push_back(static_cast<char>(digit(nibbles[i]) << 4 | digit(nibbles[i + 1])));
+  return bytes;
+}
+
+struct shown {
+  std::string text;
+  xf_status status;
+};
+
+shown show(xf_routine r, const std::string &nibbles, int32_t w = 60, int32_t d = 0) {
+  frame_box b = frame_box::chars(value(nibbles), w, d);
+  const xf_status st = r(&b.f);
+  std::string t = b.str();
+  EXPECT_EQ(t.size(), static_cast<size_t>(w));
+  while (!t.empty() && t.back() == ' ') t.pop_back();
+  return {t, st};
+}
+
+struct row {
+  xf_routine routine;
+  const char *name;
+  const char *nibbles;
+  const char *text;
+};
+
+TEST(n8601, examples) {
+  const row rows[] = {
+      {zfmn8b, "B", "2023704123045FFD", "20230704T123045"},
+      {zfmn8ba, "BA", "2023704123045FFD", "20230704T123045"},
+      {zfmn8e, "E", "2023704123045FFD", "2023-07-04T12:30:45"},
+      {zfmn8ea, "EA", "2023704123045FFD", "2023-07-04T12:30:45"},
+      {zfmn8eh, "EH", "2023704123045FFD", "2023-07-04T12:30:45"},
+      {zfmn8ex, "EX", "2023704123045FFD", "2023-07-04T12:30:45"},
+      {zfmn8h, "H", "2023704123045FFD", "2023-07-04T12:30:45"},
+      {zfmn8x, "X", "2023704123045FFD", "2023-07-04T12:30:45"},
+      {zfmn8b, "B", "0001203040506FFC", "P1Y2M3DT4H5M6S"},
+      {zfmn8e, "E", "0001203040506FFC", "P1Y2M3DT4H5M6S"},
+      {zfmn8ba, "BA", "0001203040506FFC", "P00010203T040506"},
+      {zfmn8ea, "EA", "0001203040506FFC", "P0001-02-03T04:05:06"},
+      {zfmn8e, "E", "00012030405063E8", "P1Y2M3DT4H5M6.25S"},
+      {zfmn8ba, "BA", "00012030405063E8", "P00010203T040506.25"},
+      {zfmn8ea, "EA", "00012030405063E8", "P0001-02-03T04:05:06.250"},
+      {zfmn8b, "B", "2023704123045FFD2023C25080000FFD", "20230704T123045/20231225T080000"},
+      {zfmn8e, "E", "2023704123045FFD2023C25080000FFD", "2023-07-04T12:30:45/2023-12-25T08:00:00"},
+      {zfmn8eh, "EH", "2023FFF12FFFFFFD", "2023----T12:-:-"},
+      {zfmn8h, "H", "2023FFF12FFFFFFD", "2023----T12:-:-"},
+      {zfmn8ex, "EX", "2023FFF12FFFFFFD", "2023-xx-xxT12:xx:xx"},
+      {zfmn8x, "X", "2023FFF12FFFFFFD", "2023-xx-xxT12:xx:xx"},
+      {zfmn8eh, "EH", "FFFF5FFFFFFFFFFC", "P--05--T-:-:-"},
+      {zfmn8ex, "EX", "FFFF5FFFFFFFFFFC", "Pxxxx-05-xxTxx:xx:xx"},
+      {zfmn8h, "H", "FFFF5FFFFFFFFFFC", "P5M"},
+      {zfmn8x, "X", "FFFF5FFFFFFFFFFC", "P5M"},
+      // Choices where the names leave things open.
+      {zfmn8b, "B", "2023FFF12FFFFFFD", "2023--T12--"},
+      {zfmn8ba, "BA", "FFFF5FFFFFFFFFFC", "P-05-T---"},
+      {zfmn8ea, "EA", "FFFF5FFFFFFFFFFC", "P--05--T-:-:-"},
+      {zfmn8e, "E", "FFFFFFF01FFFFFFC", "PT1H"},
+      {zfmn8e, "E", "0000000000000FFC", "P0Y0M0DT0H0M0S"},
+      {zfmn8e, "E", "0000CFFFFFFFFFFC", "P0Y12M"},
+      {zfmn8e, "E", "2023704123045001", "2023-07-04T12:30:45"},  // fraction 0: no digits
+      {zfmn8ea, "EA", "2023704123045001", "2023-07-04T12:30:45.000"},
+      {zfmn8e, "E", "20237041230453E9", "2023-07-04T12:30:45.25"},
+      {zfmn8e, "E", "2023704123045F9F", "2023-07-04T12:30:45.9995"},
+      // A duration and a datetime, either way round.
+      {zfmn8e, "E", "FFFFFFF02FFFFFFC2023704123045FFD", "PT2H/2023-07-04T12:30:45"},
+      {zfmn8e, "E", "2023704123045FFDFFFF1FFFFFFFFFFC", "2023-07-04T12:30:45/P1M"},
+      // A second element of FF, 00 or blank bytes is none.
+      {zfmn8e, "E", "2023704123045FFDFFFFFFFFFFFFFFFF", "2023-07-04T12:30:45"},
+      {zfmn8e, "E", "2023704123045FFD0000000000000000", "2023-07-04T12:30:45"},
+      {zfmn8e, "E", "2023704123045FFD2020202020202020", "2023-07-04T12:30:45"},
+  };
+  for (const row &r : rows) {
+    const shown s = show(r.routine, r.nibbles);
+    EXPECT_EQ(s.text, r.text) << r.name << " " << r.nibbles;
+    EXPECT_EQ(s.status, XF_OK) << r.name << " " << r.nibbles;
+  }
+}
+
+TEST(n8601, decimals_give_a_fixed_count_of_digits) {
+  EXPECT_EQ(show(zfmn8e, "00012030405063E8", 60, 1).text, "P1Y2M3DT4H5M6.2S");
+  EXPECT_EQ(show(zfmn8e, "00012030405063E8", 60, 3).text, "P1Y2M3DT4H5M6.250S");
+  EXPECT_EQ(show(zfmn8e, "2023704123045FFD", 60, 2).text, "2023-07-04T12:30:45.00");
+  EXPECT_EQ(show(zfmn8ea, "2023704123045F9F", 60, 3).text, "2023-07-04T12:30:45.999");
+}
+
+TEST(n8601, blank_invalid_and_narrow) {
+  const xf_status range = XF_E_DATE_RANGE;
+  EXPECT_EQ(show(zfmn8e, "2020202020202020", 5).text, "");
+  EXPECT_EQ(show(zfmn8e, "2020202020202020", 5).status, XF_OK);
+  const char *invalid[] = {
+      "2023D04123045FFD",   // month D
+      "202370412304AFFD",   // second A
+      "2023704123060FFD",   // second 60
+      "2023704243045FFD",   // hour 24
+      "2023230123045FFD",   // 30 February
+      "2023704123045FFF",   // fraction 7FF
+      "20237041230FFFB1",   // a fraction without seconds
+      "2F23704123045FFD",   // a year half left out
+      "FFFFFFFFFFFFFFFC",   // a duration of nothing
+      "0001203040506FFC0001203040506FFC",  // two durations
+      "2023704123045FFD2023D25080000FFD",  // a bad second element
+      "20237041",           // four bytes
+  };
+  for (const char *v : invalid) {
+    const shown s = show(zfmn8e, v, 20);
+    EXPECT_EQ(s.text, std::string(20, '*')) << v;
+    EXPECT_EQ(s.status, range) << v;
+  }
+  const shown narrow = show(zfmn8e, "2023704123045FFD", 16);
+  EXPECT_EQ(narrow.text, std::string(16, '*'));
+  EXPECT_EQ(narrow.status, XF_E_OVERFLOW);
+  EXPECT_EQ(show(zfmn8b, "2023704123045FFD", 16).text, "20230704T123045");
+  frame_box small = frame_box::chars(value("2023704123045FFD"), 20, 0, 19);
+  EXPECT_EQ(zfmn8e(&small.f), XF_E_CAPACITY);
+}
+
+// Random valid datetimes with random components left out: the EX text holds
+// the element's digits in place and "x" for the rest; with nothing left out
+// the basic text is the extended one without separators.
+TEST(n8601, random_datetimes_read_back) {
+  auto rng = xfmt::test::rng(0x8601);
+  static const char hexd[] = "0123456789ABCDEF";
+  for (uint64_t i = 0; i < xfmt::test::scaled(20000); ++i) {
+    const int y = static_cast<int>(rng() % 10000), m = static_cast<int>(rng() % 12) + 1, d = static_cast<int>(rng() % 28) + 1;
+    const int parts[4] = {static_cast<int>(rng() % 24), static_cast<int>(rng() % 60), static_cast<int>(rng() % 60), 0};
+    const unsigned omit = static_cast<unsigned>(rng() % 64);
+    char n[17];
+    auto put2 = [&](int at, int v, bool out) {
+      n[at] = out ? 'F' : static_cast<char>('0' + v / 10);
+      n[at + 1] = out ? 'F' : static_cast<char>('0' + v % 10);
+    };
+    for (int k = 0; k < 4; ++k) n[k] = (omit & 1) ? 'F' : static_cast<char>('0' + (y / (k == 0 ? 1000 : k == 1 ? 100 : k == 2 ? 10 : 1)) % 10);
+    n[4] = (omit & 2) ? 'F' : hexd[m];
+    put2(5, d, omit & 4);
+    put2(7, parts[0], omit & 8);
+    put2(9, parts[1], omit & 16);
+    put2(11, parts[2], omit & 32);
+    n[13] = 'F', n[14] = 'F', n[15] = 'D', n[16] = '\0';
+    const std::string e = show(zfmn8ex, n).text;
+    ASSERT_EQ(e.size(), 19u) << n;
+    std::string expect;
+    const char *seps = "----T::";
+    const int widths[6] = {4, 1, 2, 2, 2, 2};
+    int at = 0;
+    for (int c = 0; c < 6; ++c) {
+      if (c > 0) expect += seps[c == 3 ? 4 : c < 3 ? 0 : 5];
+      std::string digits(n + at, n + at + widths[c]);
+      if (c == 1) digits = digits == "F" ? "xx" : (m < 10 ? "0" : "1") + std::string(1, static_cast<char>('0' + m % 10));
+      else if (digits.find('F') != std::string::npos) digits = std::string(static_cast<size_t>(widths[c]), 'x');
+      expect += digits;
+      at += widths[c];
+    }
+    ASSERT_EQ(e, expect) << n;
+    // Nothing left out: the basic form is the extended one without "-" and ":".
+    if (omit == 0) {
+      std::string basic;
+      for (char c : e)
+        if (c != '-' && c != ':') basic += c;
+      ASSERT_EQ(show(zfmn8b, n).text, basic) << n;
+    }
+  }
+}
+
+}  // namespace

@@ -1,0 +1,176 @@
+// The date informats of the further module: @MINGUO, @XYYMMDD, @YYQZ, @YYMMN
+// and @YMDDTTM. Tables of accepted and refused texts, then round trips: the
+// text each format of this family writes, at every width that keeps the
+// whole date, reads back as the day (or the first day of its month or
+// quarter) on every day of 1582..2400.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "datetime/calendar.hpp"
+#include "informats/informat_run.hpp"
+#include "support/random.hpp"
+
+namespace {
+
+using xfmt::datetime::days_from_ymd;
+using xfmt::test::frame_box;
+using xfmt::test::hex;
+using xfmt::test::miss;
+using xfmt::test::num;
+using xfmt::test::run_informat;
+
+constexpr xf_status ok = XF_OK;
+constexpr xf_status bad = XF_IN_INVALID;
+
+struct row {
+  xf_routine routine;
+  const char *name;
+  std::string text;
+  int32_t w;
+  xf_status status;
+  uint64_t bits;
+  int32_t d = 0;
+};
+
+uint64_t day(int64_t y, int32_t m, int32_t d) { return num(static_cast<double>(days_from_ymd(y, m, d))); }
+const uint64_t none = miss('.');
+
+void check(const std::vector<row> &rows) {
+  for (const row &r : rows) {
+    auto got = run_informat(r.routine, r.text, r.w, r.d);
+    EXPECT_EQ(got.status, r.status) << r.name << " [" << r.text << "] w " << r.w;
+    EXPECT_EQ(hex(got.bits), hex(r.bits)) << r.name << " [" << r.text << "] w " << r.w;
+  }
+}
+
+TEST(FurtherDateInformats, Minguo) {
+  check({
+      {zifmmingo, "MINGUO", "59/01/01", 8, ok, num(3653)},
+      {zifmmingo, "MINGUO", "1120704", 7, ok, num(23195)},
+      {zifmmingo, "MINGUO", "112-07-04", 9, ok, num(23195)},
+      {zifmmingo, "MINGUO", "1 1 1", 6, ok, num(-17532)},
+      {zifmmingo, "MINGUO", "0112/07/04", 10, ok, num(23195)},
+      {zifmmingo, "MINGUO", "101/02/29", 10, ok, day(2012, 2, 29)},
+      {zifmmingo, "MINGUO", "18089/12/31", 11, ok, day(20000, 12, 31)},
+      {zifmmingo, "MINGUO", "  590101", 8, ok, num(3653)},
+      {zifmmingo, "MINGUO", "0/01/01", 7, bad, none},
+      {zifmmingo, "MINGUO", "00101", 6, bad, none},
+      {zifmmingo, "MINGUO", "100/02/29", 9, bad, none},  // 2011 is no leap year
+      {zifmmingo, "MINGUO", "112/07/04x", 10, bad, none},
+      {zifmmingo, "MINGUO", "112/0704", 8, bad, none},
+      {zifmmingo, "MINGUO", "1120704", 6, bad, none},  // w cuts the day short
+      {zifmmingo, "MINGUO", ".", 6, ok, none},
+  });
+}
+
+TEST(FurtherDateInformats, XyymmddYyqzYymmn) {
+  check({
+      {zifmxymd, "XYYMMDD", "2023-07-04", 10, ok, num(23195)},
+      {zifmxymd, "XYYMMDD", "23-07-04", 8, ok, num(23195)},
+      {zifmxymd, "XYYMMDD", "20230704", 8, ok, num(23195)},
+      {zifmxymd, "XYYMMDD", "230704", 6, ok, num(23195)},
+      {zifmxymd, "XYYMMDD", "2023-02-29", 10, bad, none},
+      {zifmxymd, "XYYMMDD", "2023-07-0", 10, bad, none},
+      {zifmyyqz, "YYQZ", "2303", 4, ok, num(23192)},
+      {zifmyyqz, "YYQZ", "202303", 6, ok, num(23192)},
+      {zifmyyqz, "YYQZ", "9904", 4, ok, num(14518)},
+      {zifmyyqz, "YYQZ", "202305", 6, bad, none},
+      {zifmyyqz, "YYQZ", "2023Q3", 6, bad, none},
+      {zifmyyqz, "YYQZ", "158101", 6, bad, none},
+      {zifmyymn, "YYMMN", "6001", 4, ok, num(0)},
+      {zifmyymn, "YYMMN", "202307", 6, ok, num(23192)},
+      {zifmyymn, "YYMMN", "9912", 4, ok, num(14579)},
+      {zifmyymn, "YYMMN", "202313", 6, bad, none},
+      {zifmyymn, "YYMMN", "20237", 5, bad, none},
+      {zifmyymn, "YYMMN", "2023-07", 7, bad, none},
+  });
+}
+
+uint64_t stamp(int64_t y, int32_t m, int32_t d, int64_t h, int64_t mi, double s) {
+  return num(static_cast<double>(days_from_ymd(y, m, d)) * 86400.0 + static_cast<double>(h * 3600 + mi * 60) + s);
+}
+
+TEST(FurtherDateInformats, Ymddttm) {
+  check({
+      {zifmymdt, "YMDDTTM", "2023-07-04 12:30:00", 19, ok, num(2004093000)},
+      {zifmymdt, "YMDDTTM", "23/07/04 12:30", 19, ok, num(2004093000)},
+      {zifmymdt, "YMDDTTM", "1960-01-01 00:00:00.5", 21, ok, num(0.5)},
+      {zifmymdt, "YMDDTTM", "2023.7.4.1.2.3.25", 20, ok, stamp(2023, 7, 4, 1, 2, 3.25)},
+      {zifmymdt, "YMDDTTM", "2023-07-04T12:30", 16, ok, stamp(2023, 7, 4, 12, 30, 0)},
+      {zifmymdt, "YMDDTTM", "2023-07-04 12:30:00", 19, ok, num(2004093000), 39},
+      {zifmymdt, "YMDDTTM", "2023-07-04 12:30:00", 19, XF_IN_BAD_WIDTH, none, 40},
+      {zifmymdt, "YMDDTTM", "2023-07-04 24:00", 16, bad, none},
+      {zifmymdt, "YMDDTTM", "2023-07-04 12:60", 16, bad, none},
+      {zifmymdt, "YMDDTTM", "2023-07-04 12:30:60", 19, bad, none},
+      {zifmymdt, "YMDDTTM", "2023-07-04", 10, bad, none},
+      {zifmymdt, "YMDDTTM", "2023-07-04  12:30", 17, bad, none},
+      {zifmymdt, "YMDDTTM", "2023-07-04 12:30:", 17, bad, none},
+      {zifmymdt, "YMDDTTM", "2023-02-30 12:30", 16, bad, none},
+  });
+}
+
+// Nothing past input_length is read: the frame's text ends before a digit
+// that would complete the date.
+TEST(FurtherDateInformats, StopsAtInputLength) {
+  const std::string text = "2023-07-04 12:30:45";
+  for (xf_routine r : {zifmmingo, zifmxymd, zifmyyqz, zifmyymn, zifmymdt}) {
+    for (uint32_t n = 0; n < text.size(); ++n) {
+      frame_box b = frame_box::chars(std::string(text, 0, n), 40, 0, 8);
+      r(&b.f);  // the exact-size copy shows any over-read under ASan
+      EXPECT_EQ(b.f.output_length, 8u);
+    }
+  }
+}
+
+// --- Round trips ------------------------------------------------------------
+
+using first_of = int64_t (*)(int64_t);
+int64_t same(int64_t d) { return d; }
+int64_t month_start(int64_t d) {
+  double y = 0, m = 0, dd = 0;
+  zfmcymd(&y, &m, &dd, static_cast<double>(d));
+  return days_from_ymd(static_cast<int64_t>(y), static_cast<int32_t>(m), 1);
+}
+int64_t quarter_start(int64_t d) {
+  double y = 0, m = 0, dd = 0;
+  zfmcymd(&y, &m, &dd, static_cast<double>(d));
+  return days_from_ymd(static_cast<int64_t>(y), static_cast<int32_t>((static_cast<int>(m) - 1) / 3 * 3 + 1), 1);
+}
+
+// Every day of [first, last] written at width w (times 86400 for a datetime
+// format) reads back through the informat as expect(day). XFMT_TEST_SCALE
+// below 1 (the sanitizer run) thins the days out: 0.05 takes every 20th.
+void round_trip(xf_routine format, bool datetime, int32_t w, xf_routine informat, int64_t first, int64_t last,
+                first_of expect) {
+  const auto step = static_cast<int64_t>(1000 / xfmt::test::scaled(1000));
+  for (int64_t n = first; n <= last; n += step) {
+    frame_box b = frame_box::number(static_cast<double>(n) * (datetime ? 86400.0 : 1.0) + (datetime ? 3599 : 0), w);
+    ASSERT_EQ(format(&b.f), ok) << n;
+    const std::string text = b.str();
+    auto got = run_informat(informat, text, w);
+    ASSERT_EQ(got.status, ok) << "[" << text << "] w " << w;
+    ASSERT_EQ(hex(got.bits), hex(num(static_cast<double>(expect(n))))) << "[" << text << "] w " << w;
+  }
+}
+
+const int64_t y1582 = days_from_ymd(1582, 1, 1), y1912 = days_from_ymd(1912, 1, 1);
+const int64_t y1950 = days_from_ymd(1950, 1, 1), y2049 = days_from_ymd(2049, 12, 31);
+const int64_t y2400 = days_from_ymd(2400, 12, 31);
+
+TEST(FurtherDateInformatsRoundTrip, EveryDayEveryWidth) {
+  for (int32_t w = 7; w <= 10; ++w) round_trip(zfmmingo, false, w, zifmmingo, y1912, y2400, same);
+  for (int32_t w = 10; w <= 12; ++w) round_trip(zfmxymd, false, w, zifmxymd, y1582, y2400, same);
+  for (int32_t w = 6; w <= 9; ++w) round_trip(zfmxymd, false, w, zifmxymd, y1950, y2049, same);
+  round_trip(zfmyyqz, false, 6, zifmyyqz, y1582, y2400, quarter_start);
+  for (int32_t w = 4; w <= 5; ++w) round_trip(zfmyyqz, false, w, zifmyyqz, y1950, y2049, quarter_start);
+  // The DT forms read back with the informat of their date layout.
+  round_trip(zfmdtdat, true, 9, zifmdate, y1582, y2400, same);
+  for (int32_t w = 7; w <= 8; ++w) round_trip(zfmdtdat, true, w, zifmdate, y1950, y2049, same);
+  round_trip(zfmdtmy, true, 7, zifmmony, y1582, y2400, month_start);
+  for (int32_t w = 5; w <= 6; ++w) round_trip(zfmdtmy, true, w, zifmmony, y1950, y2049, month_start);
+}
+
+}  // namespace

@@ -1,0 +1,287 @@
+// The 69 national date informats @<lang>DFDE, @<lang>DFMY, @<lang>DFDT:
+// the examples of each shape, every month name of every language in both
+// encodings, refusals (another language's month, a day that does not
+// exist, trailing text), EUR following the frame's locale, and round trips
+// through the national date formats' month names.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "datetime/calendar.hpp"
+#include "informats/informat_run.hpp"
+#include "nls/locale.hpp"
+
+namespace {
+
+using xfmt::datetime::days_from_ymd;
+using xfmt::test::frame_box;
+using xfmt::test::hex;
+using xfmt::test::miss;
+using xfmt::test::num;
+using xfmt::test::run_informat;
+
+constexpr xf_status ok = XF_OK;
+constexpr xf_status bad = XF_IN_INVALID;
+const uint64_t none = miss('.');
+
+struct language {
+  const char *prefix;
+  const char *locale;  // language_COUNTRY of its record
+  xf_routine de, dt, my;
+};
+
+#define LANG(p, P, loc) {#P, loc, zifm##p##de, zifm##p##dt, zifm##p##my}
+const language languages[] = {
+    LANG(afr, AFR, "af_ZA"), LANG(cat, CAT, "ca_ES"), LANG(cro, CRO, "hr_HR"), LANG(csy, CSY, "cs_CZ"),
+    LANG(dan, DAN, "da_DK"), LANG(des, DES, "de_CH"), LANG(deu, DEU, "de_DE"), LANG(eng, ENG, "en_GB"),
+    LANG(esp, ESP, "es_ES"), LANG(fin, FIN, "fi_FI"), LANG(fra, FRA, "fr_FR"), LANG(frs, FRS, "fr_CH"),
+    LANG(hun, HUN, "hu_HU"), LANG(ita, ITA, "it_IT"), LANG(mac, MAC, "mk_MK"), LANG(nld, NLD, "nl_NL"),
+    LANG(nor, NOR, "nb_NO"), LANG(pol, POL, "pl_PL"), LANG(ptg, PTG, "pt_PT"), LANG(rus, RUS, "ru_RU"),
+    LANG(slo, SLO, "sl_SI"), LANG(sve, SVE, "sv_SE"),
+};
+#undef LANG
+
+int record_id(const char *locale) {
+  char name[6];
+  for (int i = 0; i < 5; ++i) name[i] = locale[i];
+  uint32_t id = 0;
+  EXPECT_EQ(LocnameToID(name, 5, &id), 0u) << locale;
+  return static_cast<int>(id);
+}
+
+uint64_t at(int64_t y, int32_t m, int32_t d, int64_t h = 0, int64_t mi = 0, double s = 0) {
+  return num(static_cast<double>(days_from_ymd(y, m, d)) * (h < 0 ? 1.0 : 86400.0) +
+             static_cast<double>((h < 0 ? 0 : h) * 3600 + mi * 60) + s);
+}
+uint64_t day(int64_t y, int32_t m, int32_t d) { return at(y, m, d, -1); }
+
+struct row {
+  xf_routine routine;
+  std::string text;
+  xf_status status;
+  uint64_t bits;
+  int32_t w = 32;
+};
+
+void check(const std::vector<row> &rows) {
+  for (const row &r : rows) {
+    auto got = run_informat(r.routine, r.text, r.w);
+    EXPECT_EQ(got.status, r.status) << "[" << r.text << "]";
+    EXPECT_EQ(hex(got.bits), hex(r.bits)) << "[" << r.text << "]";
+  }
+}
+
+TEST(NationalDateInformats, Examples) {
+  const uint64_t oct15 = num(23298), oct1 = num(23284);
+  check({
+      {zifmdeude, "15Okt2023", ok, oct15},
+      {zifmdeude, "15 Oktober 23", ok, oct15},
+      {zifmdeude, "15-okt-2023", ok, oct15},
+      {zifmdeude, "15. Oktober 2023", ok, oct15},
+      {zifmfrade, "15 oct. 2023", ok, oct15},
+      {zifmfrade, "15 octobre 2023", ok, oct15},
+      {zifmfinde, "15loka2023", ok, oct15},
+      {zifmfinde, "15 lokakuu 2023", ok, oct15},
+      {zifmfinde, "15lok2023", ok, oct15},
+      {zifmespmy, "oct2023", ok, oct1},
+      {zifmengmy, "Oct 23", ok, oct1},
+      {zifmengde, "04JUL2023", ok, num(23195)},
+      {zifmdeudt, "15Okt2023 12:30", ok, num(2012992200)},
+      {zifmdeudt, "15okt2023:12:30:15.5", ok, num(2012992215.5)},
+      {zifmdeudt, "15okt2023T23:59:59", ok, at(2023, 10, 15, 23, 59, 59)},
+      // Accents and Cyrillic, in UTF-8 and (Latin) in Windows-1252, any case.
+      {zifmdeude, "1 M\xC3\xA4rz 2024", ok, day(2024, 3, 1)},
+      {zifmdeude, "1 M\xE4rz 2024", ok, day(2024, 3, 1)},
+      {zifmdeude, "1 M\xC3\x84RZ 2024", ok, day(2024, 3, 1)},
+      {zifmdeude, "1 M\xC4RZ 2024", ok, day(2024, 3, 1)},
+      {zifmcrode, "1 o\x9Eu 2024", ok, day(2024, 3, 1)},
+      {zifmcrode, "1 o\xC5\xBEujka 2024", ok, day(2024, 3, 1)},
+      {zifmcrode, "1 O\xC5\xBDUJAK 2024", ok, day(2024, 3, 1)},
+      {zifmrusde, "15 \xD0\xBE\xD0\xBA\xD1\x82\xD1\x8F\xD0\xB1\xD1\x80\xD1\x8F 2023", ok, oct15},
+      {zifmrusde, "15 \xD0\x9E\xD0\x9A\xD0\xA2 2023", ok, oct15},
+      {zifmrusmy, "\xD0\x9E\xD0\xBA\xD1\x82\xD1\x8F\xD0\xB1\xD1\x80\xD1\x8C 2023", ok, oct1},
+      {zifmpolde, "15 pa\xC5\xBA" "dziernika 2023", ok, oct15},
+      {zifmpolde, "15 pa\xC5\xBA" "dziernik 2023", ok, oct15},
+      {zifmcatde, "15 d\xE2\x80\x99oct. 2023", ok, oct15},
+      {zifmcatde, "15 d'octubre 2023", ok, oct15},
+      {zifmcatde, "15 octubre 2023", ok, oct15},
+      {zifmcatde, "15 oct 2023", ok, oct15},
+      {zifmhunde, "15 okt\xC3\xB3" "ber 2023", ok, oct15},
+      {zifmhunde, "15 okt\xF3" "ber 2023", ok, oct15},
+      // "jui" begins juin and juillet in French; Swiss French lists it for July.
+      {zifmfrade, "15jui2023", bad, none},
+      {zifmfrsde, "15jui2023", ok, day(2023, 7, 15)},
+      {zifmfrade, "15juil2023", ok, day(2023, 7, 15)},
+      // Refusals.
+      {zifmdeude, "15 octobre 2023", bad, none},
+      {zifmengde, "15Okt2023", bad, none},
+      {zifmengde, "29FEB2023", bad, none},
+      {zifmengde, "04JUL2023x", bad, none},
+      {zifmengde, "04JUL", bad, none},
+      {zifmengde, "JUL2023", bad, none},
+      {zifmengde, "04JULY2023", ok, num(23195)},
+      {zifmengde, "04JULI2023", bad, none},
+      {zifmengde, "123JUL2023", bad, none},
+      {zifmengde, "04JUL202", bad, none},
+      {zifmengde, "04JUL1581", bad, none},
+      {zifmengmy, "04JUL2023", bad, none},
+      {zifmdeudt, "15Okt2023", bad, none},
+      {zifmdeudt, "15Okt2023 24:00", bad, none},
+      {zifmdeudt, "15Okt2023  12:30", bad, none},
+      {zifmdeudt, "15Okt2023 12:30 PM", bad, none},
+      {zifmdeudt, "15Okt2023 12", bad, none},
+      {zifmengde, "", ok, none},
+      {zifmengde, " . ", ok, none},
+      {zifmengde, ".C", ok, miss('C')},
+      {zifmengde, "15\xFFOct2023", bad, none},
+  });
+}
+
+std::string utf8_of(uint32_t cp) {
+  std::string s;
+  if (cp < 0x80) {
+    s.push_back(static_cast<char>(cp));
+  } else if (cp < 0x800) {
+    s.push_back(static_cast<char>(0xC0 | cp >> 6));
+    s.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
+  } else {
+    s.push_back(static_cast<char>(0xE0 | cp >> 12));
+    s.push_back(static_cast<char>(0x80 | ((cp >> 6) & 0x3F)));
+    s.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
+  }
+  return s;
+}
+
+// A field of the record as code points ("<U00E4>" escapes resolved).
+std::vector<uint32_t> code_points(std::string_view field) {
+  std::vector<uint32_t> cps;
+  for (size_t i = 0; i < field.size();) {
+    if (field[i] == '<' && i + 1 < field.size() && field[i + 1] == 'U') {
+      const size_t close = field.find('>', i);
+      cps.push_back(static_cast<uint32_t>(std::stoul(std::string(field.substr(i + 2, close - i - 2)), nullptr, 16)));
+      i = close + 1;
+    } else {
+      cps.push_back(static_cast<unsigned char>(field[i++]));
+    }
+  }
+  return cps;
+}
+
+std::string as_utf8(const std::vector<uint32_t> &cps) {
+  std::string s;
+  for (uint32_t c : cps) s += utf8_of(c);
+  return s;
+}
+
+// The Windows-1252 bytes of the text; false when a character has none.
+bool as_cp1252(const std::vector<uint32_t> &cps, std::string &out) {
+  out.clear();
+  for (uint32_t c : cps) {
+    int byte = -1;
+    for (int b = 0; b < 256 && byte < 0; ++b)
+      if (wlt1unic[b] == c) byte = b;
+    if (byte < 0) return false;
+    out.push_back(static_cast<char>(byte));
+  }
+  return true;
+}
+
+TEST(NationalDateInformats, PrefixesNameTheirRecords) {
+  for (const language &l : languages) {
+    const int id = record_id(l.locale);
+    ASSERT_GE(id, 1) << l.prefix;
+    // The informat reads the record's full name of October.
+    const std::string text = "15 " + as_utf8(code_points(xfmt::nls::locale_field(id, 71 + 9))) + " 2023";
+    EXPECT_EQ(hex(run_informat(l.de, text, 32).bits), hex(num(23298))) << l.prefix << " [" << text << "]";
+  }
+}
+
+// Every name of every month, in UTF-8 and (where the page has the letters)
+// Windows-1252, upper and lower case, reads as its month in all three shapes.
+TEST(NationalDateInformats, EveryMonthNameOfEveryLanguage) {
+  for (const language &l : languages) {
+    const int id = record_id(l.locale);
+    for (int m = 0; m < 12; ++m) {
+      for (int field : {59, 71, 83, 95}) {
+        const auto cps = code_points(xfmt::nls::locale_field(id, field + m));
+        std::vector<std::string> forms{as_utf8(cps)};
+        std::string single;
+        if (as_cp1252(cps, single)) forms.push_back(single);
+        std::vector<uint32_t> upper = cps;
+        for (uint32_t &c : upper) {
+          if ((c >= 'a' && c <= 'z') || (c >= 0xE0 && c <= 0xFE && c != 0xF7) || (c >= 0x430 && c <= 0x44F)) c -= 32;
+          else if (c >= 0x450 && c <= 0x45F) c -= 80;
+        }
+        forms.push_back(as_utf8(upper));
+        for (const std::string &name : forms) {
+          const std::string date = "15 " + name + " 2023";
+          EXPECT_EQ(hex(run_informat(l.de, date, 40).bits), hex(day(2023, m + 1, 15))) << l.prefix << " [" << date << "]";
+          EXPECT_EQ(hex(run_informat(l.my, name + " 23", 40).bits), hex(day(2023, m + 1, 1))) << l.prefix << " [" << name << "]";
+          EXPECT_EQ(hex(run_informat(l.dt, "15" + name + "2023 08:05", 40).bits), hex(at(2023, m + 1, 15, 8, 5)))
+              << l.prefix << " [" << name << "]";
+        }
+      }
+    }
+  }
+}
+
+TEST(NationalDateInformats, EurFollowsTheFrameLocale) {
+  auto read = [](const std::string &text, uint64_t locale) {
+    frame_box b = frame_box::chars(text, 32, 0, 8);
+    b.f.option_word = locale;
+    const xf_status st = zifmeurde(&b.f);
+    return st == ok ? hex(num(b.result())) : std::string("refused");
+  };
+  const auto de = static_cast<uint64_t>(record_id("de_DE")), fr = static_cast<uint64_t>(record_id("fr_FR"));
+  EXPECT_EQ(read("15Okt2023", de), hex(num(23298)));
+  EXPECT_EQ(read("15 oct. 2023", fr), hex(num(23298)));
+  EXPECT_EQ(read("15Okt2023", fr), "refused");
+  // No locale in the frame: the process locale.
+  setenv("ZAV_LOCALE", "fi_FI", 1);
+  EXPECT_EQ(read("15loka2023", 0), hex(num(23298)));
+  unsetenv("ZAV_LOCALE");
+  EXPECT_EQ(read("15Oct2023", 0), hex(num(23298)));  // en_US: English names
+}
+
+// The national formats write month names the informats of the language read:
+// NLDATEMN's name of every month, and NLDATE's whole date where the
+// language writes day, month name and year with nothing else.
+TEST(NationalDateInformats, RoundTripThroughNationalFormats) {
+  for (const language &l : languages) {
+    const int id = record_id(l.locale);
+    const std::string_view pattern = xfmt::nls::locale_field(id, 28);
+    // Dates of day, month name and year with only blanks and points between
+    // them; patterns with words ("de") or text after the year are not DFDE's.
+    const bool day_first = pattern == "%d %B %Y" || pattern == "%#d %B %Y" || pattern == "%#d. %B %Y";
+    for (int m = 1; m <= 12; ++m) {
+      const double v = static_cast<double>(days_from_ymd(2023, m, 15));
+      for (xf_routine nl : {nldatemn, nldate}) {
+        if (nl == nldate && !day_first) continue;
+        frame_box b = frame_box::number(v, 60, 0, 120);
+        b.f.option_word = static_cast<uint64_t>(id);
+        b.f.requested_output_encoding = XF_ENC_UTF16LE;
+        ASSERT_EQ(nl(&b.f), ok) << l.prefix;
+        std::string text;
+        for (uint32_t i = 0; i + 1 < b.f.output_length; i += 2) text += utf8_of(static_cast<uint32_t>(b.out[i]) | static_cast<uint32_t>(b.out[i + 1]) << 8);
+        while (!text.empty() && text.back() == ' ') text.pop_back();
+        while (!text.empty() && text.front() == ' ') text.erase(0, 1);
+        if (nl == nldatemn) text = "15 " + text + " 2023";
+        EXPECT_EQ(hex(run_informat(l.de, text, 40).bits), hex(num(v))) << l.prefix << " [" << text << "]";
+      }
+    }
+  }
+}
+
+// The month keys the informats filter names with are generated from the
+// locale database; a change of the database needs the generator run again.
+TEST(NationalDateInformats, MonthKeysMatchTheLocaleDatabase) {
+  std::string root = XFMT_SOURCE_DIR;
+  if (std::system("command -v python3 >/dev/null 2>&1") != 0) GTEST_SKIP() << "python3 missing";
+  std::string cmd = "cd '" + root + "' && python3 tools/gen/gen_month_keys.py --check";
+  EXPECT_EQ(std::system(cmd.c_str()), 0);
+}
+
+}  // namespace

@@ -1,0 +1,205 @@
+// The further informats: @PDJULG, @PDJULI, @NUMX, @YEN, @SIZEKMG and the
+// character informats @$ASCII, @$EBCDIC, @$UPCASE, @$REVERJ, @$REVERS.
+// Tables of the accepted and refused texts, then round trips through the
+// formats of the same name.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "datetime/calendar.hpp"
+#include "informats/informat_run.hpp"
+#include "support/random.hpp"
+
+namespace {
+
+using xfmt::datetime::days_from_ymd;
+using xfmt::test::frame_box;
+using xfmt::test::hex;
+using xfmt::test::miss;
+using xfmt::test::num;
+using xfmt::test::run_informat;
+
+constexpr xf_status ok = XF_OK;
+constexpr xf_status bad = XF_IN_INVALID;
+const uint64_t none = miss('.');
+
+struct row {
+  xf_routine routine;
+  const char *name;
+  std::string text;
+  int32_t w;
+  int32_t d;
+  xf_status status;
+  uint64_t bits;
+};
+
+void check(const std::vector<row> &rows) {
+  for (const row &r : rows) {
+    auto got = run_informat(r.routine, r.text, r.w, r.d);
+    EXPECT_EQ(got.status, r.status) << r.name << " [" << r.text << "] w " << r.w << " d " << r.d;
+    EXPECT_EQ(hex(got.bits), hex(r.bits)) << r.name << " [" << r.text << "] w " << r.w << " d " << r.d;
+  }
+}
+
+std::string bytes(std::initializer_list<int> b) {
+  std::string s;
+  for (int c : b) s.push_back(static_cast<char>(c));
+  return s;
+}
+
+TEST(SpecialInformats, PackedJulian) {
+  check({
+      {zifmpdjg, "PDJULG", bytes({0x19, 0x60, 0x00, 0x1F}), 4, 0, ok, num(0)},
+      {zifmpdjg, "PDJULG", bytes({0x20, 0x00, 0x06, 0x0F}), 4, 0, ok, num(14669)},
+      {zifmpdjg, "PDJULG", bytes({0x20, 0x23, 0x36, 0x5C}), 4, 0, ok, num(days_from_ymd(2023, 12, 31))},
+      {zifmpdjg, "PDJULG", bytes({0x20, 0x23, 0x36, 0x6F}), 4, 0, bad, none},  // day 366 of 2023
+      {zifmpdjg, "PDJULG", bytes({0x20, 0x23, 0x00, 0x0F}), 4, 0, bad, none},
+      {zifmpdjg, "PDJULG", bytes({0x15, 0x81, 0x36, 0x5F}), 4, 0, bad, none},
+      {zifmpdjg, "PDJULG", bytes({0x20, 0x23, 0x18, 0x5D}), 4, 0, bad, none},
+      {zifmpdjg, "PDJULG", bytes({0x20, 0x2A, 0x18, 0x5F}), 4, 0, bad, none},
+      {zifmpdjg, "PDJULG", bytes({0x20, 0x23, 0x18}), 4, 0, bad, none},
+      {zifmpdjg, "PDJULG", "    ", 4, 0, ok, none},
+      {zifmpdjg, "PDJULG", bytes({0x20, 0x23, 0x18, 0x5F}), 5, 0, XF_IN_BAD_WIDTH, none},
+      {zifmpdji, "PDJULI", bytes({0x00, 0x60, 0x00, 0x1F}), 4, 0, ok, num(0)},
+      {zifmpdji, "PDJULI", bytes({0x01, 0x23, 0x04, 0x5F}), 4, 0, ok, num(23055)},
+      {zifmpdji, "PDJULI", bytes({0x00, 0x99, 0x00, 0x1F}), 4, 0, ok, num(days_from_ymd(1999, 1, 1))},
+      {zifmpdji, "PDJULI", bytes({0x02, 0x18, 0x00, 0x1F}), 4, 0, ok, num(days_from_ymd(2118, 1, 1))},
+  });
+}
+
+TEST(SpecialInformats, Numbers) {
+  check({
+      {zifmnumx, "NUMX", "12,5", 4, 0, ok, num(12.5)},
+      {zifmnumx, "NUMX", "-0,75", 5, 0, ok, num(-0.75)},
+      {zifmnumx, "NUMX", "1250", 4, 2, ok, num(12.5)},
+      {zifmnumx, "NUMX", "12,50", 5, 2, ok, num(12.5)},
+      {zifmnumx, "NUMX", "  1234,5 ", 9, 0, ok, num(1234.5)},
+      {zifmnumx, "NUMX", "1.250,5", 7, 0, bad, none},
+      {zifmnumx, "NUMX", "1,2,3", 5, 0, bad, none},
+      {zifmnumx, "NUMX", ".", 1, 0, ok, none},
+      {zifmyen, "YEN", "\\1,000", 6, 0, ok, num(1000)},
+      {zifmyen, "YEN", "\\12.50", 6, 2, ok, num(12.5)},
+      {zifmyen, "YEN", "\\12.5", 5, 2, ok, num(12.5)},
+      {zifmyen, "YEN", "1250", 4, 2, ok, num(12.5)},
+      {zifmyen, "YEN", "-\\1,234", 7, 0, ok, num(-1234)},
+      {zifmyen, "YEN", "\\", 1, 0, bad, none},
+      {zifmyen, "YEN", "\xA5" "1,234.50", 9, 2, ok, num(1234.5)},
+      {zifmyen, "YEN", "\\12x", 4, 0, bad, none},
+      {zifmsizekmg, "SIZEKMG", "4KB", 3, 0, ok, num(4096)},
+      {zifmsizekmg, "SIZEKMG", "1.5 mb", 6, 0, ok, num(1572864)},
+      {zifmsizekmg, "SIZEKMG", "2GB", 3, 0, ok, num(2147483648.0)},
+      {zifmsizekmg, "SIZEKMG", "100", 3, 0, ok, num(100)},
+      {zifmsizekmg, "SIZEKMG", "15KB", 4, 1, ok, num(1536)},
+      {zifmsizekmg, "SIZEKMG", "1TB", 3, 0, ok, num(1099511627776.0)},
+      {zifmsizekmg, "SIZEKMG", "  -2.5Kb ", 9, 0, ok, num(-2560)},
+      {zifmsizekmg, "SIZEKMG", "KB", 2, 0, bad, none},
+      {zifmsizekmg, "SIZEKMG", "4  KB", 5, 0, bad, none},
+      {zifmsizekmg, "SIZEKMG", "4XB", 3, 0, bad, none},
+      {zifmsizekmg, "SIZEKMG", "4K", 2, 0, bad, none},
+      {zifmsizekmg, "SIZEKMG", "4KBB", 4, 0, bad, none},
+      {zifmsizekmg, "SIZEKMG", "1e308GB", 7, 0, XF_IN_RANGE_WARNING, none},
+  });
+}
+
+std::string read_chars(xf_routine r, const std::string &text, int32_t w) {
+  frame_box b = frame_box::chars(text, w);
+  EXPECT_EQ(r(&b.f), ok) << "[" << text << "]";
+  EXPECT_EQ(b.f.output_length, static_cast<uint32_t>(w));
+  return b.str();
+}
+
+TEST(SpecialInformats, Characters) {
+  EXPECT_EQ(read_chars(zifmascii, "xy", 2), "xy");
+  EXPECT_EQ(read_chars(zifmascii, "xy", 4), "xy  ");
+  EXPECT_EQ(read_chars(zifmebcdic, "\xC8\xC9", 2), "HI");
+  EXPECT_EQ(read_chars(zifmebcdic, "\x81\x82\x83", 3), "abc");
+  EXPECT_EQ(read_chars(zifmebcdic, "\xF1\xF2", 2), "12");
+  EXPECT_EQ(read_chars(zifmebcdic, "\x4B\x60", 3), ".- ");
+  EXPECT_EQ(read_chars(zifmebcdic, "\x25\x15", 2), "\x85\n");  // the line-feed exchange
+  EXPECT_EQ(read_chars(zifmupcase, "ab-cd", 5), "AB-CD");
+  EXPECT_EQ(read_chars(zifmupcase, "x1y", 3), "X1Y");
+  EXPECT_EQ(read_chars(zifmupcase, "\xE9z", 2), "\xE9Z");
+  EXPECT_EQ(read_chars(zifmreverj, "XY  Z", 5), "Z  YX");
+  EXPECT_EQ(read_chars(zifmrevers, "XY  Z", 5), "Z  YX");
+  EXPECT_EQ(read_chars(zifmreverj, "  XYZ", 5), "ZYX  ");
+  EXPECT_EQ(read_chars(zifmrevers, "  XYZ", 5), "ZYX  ");
+  EXPECT_EQ(read_chars(zifmreverj, "XYZ  ", 5), "  ZYX");
+  EXPECT_EQ(read_chars(zifmrevers, "XYZ  ", 5), "ZYX  ");
+  EXPECT_EQ(read_chars(zifmreverj, "XYZ", 5), "  ZYX");  // the field is padded first
+  EXPECT_EQ(read_chars(zifmrevers, "XYZ", 5), "ZYX  ");
+  EXPECT_EQ(read_chars(zifmrevers, "ABCDEF", 4), "DCBA");  // at most w bytes
+  EXPECT_EQ(read_chars(zifmrevers, "", 3), "   ");
+  // A capacity below w: the first bytes of the field, and the status says so.
+  frame_box b = frame_box::chars("XYZ  ", 5, 0, 3);
+  EXPECT_EQ(zifmrevers(&b.f), XF_E_CAPACITY);
+  EXPECT_EQ(b.str(), "ZYX");
+  frame_box n = frame_box::chars("XYZ", -1, 0, 3);
+  EXPECT_EQ(zifmreverj(&n.f), XF_IN_BAD_WIDTH);
+}
+
+// $EBCDIC then @$EBCDIC, $REVERS then @$REVERS ... give the text back for
+// every byte and random texts.
+TEST(SpecialInformats, CharacterRoundTrips) {
+  std::string all;
+  for (int c = 0; c < 256; ++c) all.push_back(static_cast<char>(c));
+  const auto w = static_cast<int32_t>(all.size());
+  frame_box out = frame_box::chars(all, w);
+  ASSERT_EQ(zfmebcdic(&out.f), ok);
+  EXPECT_EQ(read_chars(zifmebcdic, out.str(), w), all);
+  auto rng = xfmt::test::rng(0xC4A2);
+  for (uint64_t i = 0; i < xfmt::test::scaled(2000); ++i) {
+    std::string s;
+    const int n = static_cast<int>(rng() % 12) + 1;
+    for (int k = 0; k < n; ++k) s.push_back(" XYz1"[rng() % 5]);
+    while (!s.empty() && s[0] == ' ') s.erase(0, 1);  // the format's justification keeps leading text
+    if (s.empty()) continue;
+    const auto sw = static_cast<int32_t>(s.size());
+    frame_box j = frame_box::chars(s, sw);
+    ASSERT_EQ(zfmreverj(&j.f), ok);
+    EXPECT_EQ(read_chars(zifmreverj, j.str(), sw), s);
+  }
+}
+
+// PDJULG and PDJULI written on every day they hold in 1582..2400 read back
+// (every 20th day when XFMT_TEST_SCALE is 0.05).
+TEST(SpecialInformats, PackedJulianRoundTrip) {
+  const auto step = static_cast<int64_t>(1000 / xfmt::test::scaled(1000));
+  for (int64_t d = days_from_ymd(1582, 1, 1); d <= days_from_ymd(2400, 12, 31); d += step) {
+    frame_box g = frame_box::number(static_cast<double>(d), 4);
+    ASSERT_EQ(zfmpdjg(&g.f), ok);
+    ASSERT_EQ(hex(run_informat(zifmpdjg, g.str(), 4).bits), hex(num(static_cast<double>(d))));
+    if (d < days_from_ymd(1900, 1, 1)) continue;
+    frame_box i = frame_box::number(static_cast<double>(d), 4);
+    ASSERT_EQ(zfmpdji(&i.f), ok);
+    ASSERT_EQ(hex(run_informat(zifmpdji, i.str(), 4).bits), hex(num(static_cast<double>(d))));
+  }
+}
+
+// NUMX, YEN and SIZEKMG text reads back as the number the text shows.
+TEST(SpecialInformats, NumberRoundTrips) {
+  auto rng = xfmt::test::rng(0x5EC1);
+  for (uint64_t i = 0; i < xfmt::test::scaled(3000); ++i) {
+    const double v = std::round(static_cast<double>(static_cast<int64_t>(rng() % 2000001) - 1000000)) / 100.0;
+    frame_box x = frame_box::number(v, 12, 2);
+    ASSERT_EQ(zfmnumx(&x.f), ok);
+    EXPECT_EQ(hex(run_informat(zifmnumx, x.str(), 12, 2).bits), hex(num(v))) << x.str();
+    frame_box y = frame_box::number(v, 14, 2);
+    ASSERT_EQ(zfmyen(&y.f), ok);
+    EXPECT_EQ(hex(run_informat(zifmyen, y.str(), 14, 2).bits), hex(num(v))) << y.str();
+    const double bytes_v = std::fabs(v) * 1e4;
+    frame_box s = frame_box::number(bytes_v, 12, 2);
+    ASSERT_EQ(zfmsizekmg(&s.f), ok);
+    const std::string t = s.str();
+    // The text's number times its unit, computed here from the text.
+    const size_t unit_at = t.find_first_of("KMGT");
+    ASSERT_NE(unit_at, std::string::npos) << t;
+    const double shown = std::stod(t.substr(0, unit_at));
+    const double scale = t[unit_at] == 'K' ? 1024.0 : t[unit_at] == 'M' ? 1048576.0 : t[unit_at] == 'G' ? 1073741824.0 : 1099511627776.0;
+    EXPECT_EQ(hex(run_informat(zifmsizekmg, t, 12, 2).bits), hex(num(shown * scale))) << t;
+  }
+}
+
+}  // namespace
