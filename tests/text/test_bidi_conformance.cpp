@@ -1,0 +1,200 @@
+// Unicode's own conformance files for the bidirectional algorithm, read in
+// full from the Unicode Character Database that Debian's unicode-data
+// package installs: BidiTest.txt (class sequences, every paragraph
+// direction of the line's bit set) and BidiCharacterTest.txt (code points,
+// brackets included). Each failure names the file's line. The files'
+// absence is a failure, not a skip: the test would otherwise pass empty.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "text/bidi.hpp"
+#include "text/bidi_tables.hpp"
+
+namespace {
+
+using namespace xfmt::text;
+
+const char *const ucd_dir = "/usr/share/unicode/";
+
+const char *const class_names[] = {"L",   "R",   "AL",  "EN",  "ES",  "ET",  "AN",  "CS",
+                                   "NSM", "BN",  "B",   "S",   "WS",  "ON",  "LRE", "LRO",
+                                   "RLE", "RLO", "PDF", "LRI", "RLI", "FSI", "PDI"};
+
+int class_of(const std::string &name) {
+  for (int c = 0; c < bidi::class_count; ++c)
+    if (name == class_names[c]) return c;
+  return -1;
+}
+
+std::vector<std::string> words(const std::string &s) {
+  std::istringstream in(s);
+  std::vector<std::string> out;
+  for (std::string w; in >> w;) out.push_back(w);
+  return out;
+}
+
+std::vector<std::string> split(const std::string &s, char sep) {
+  std::vector<std::string> out;
+  size_t start = 0;
+  for (size_t at; (at = s.find(sep, start)) != std::string::npos; start = at + 1) out.push_back(s.substr(start, at - start));
+  out.push_back(s.substr(start));
+  return out;
+}
+
+// The levels as the files write them ("x" for removed characters) and the
+// visual order without the removed characters.
+std::string levels_text(const bidi_paragraph &p) {
+  std::string s;
+  for (uint32_t i = 0; i < p.n; ++i) {
+    if (i) s += ' ';
+    s += bidi::is_removed(p.cls[i]) ? std::string("x") : std::to_string(p.level[i]);
+  }
+  return s;
+}
+
+std::string order_text(const bidi_paragraph &p) {
+  uint16_t order[bidi_max];
+  bidi_visual_order(p.level, p.n, order);
+  std::string s;
+  for (uint32_t k = 0; k < p.n; ++k) {
+    if (bidi::is_removed(p.cls[order[k]])) continue;
+    if (!s.empty()) s += ' ';
+    s += std::to_string(order[k]);
+  }
+  return s;
+}
+
+std::string normalized(const std::string &s) {
+  std::string out;
+  for (const std::string &w : words(s)) out += (out.empty() ? "" : " ") + w;
+  return out;
+}
+
+struct tally {
+  long cases = 0;
+  long failures = 0;
+  void fail(const char *file, long line, const std::string &what) {
+    if (++failures <= 20) ADD_FAILURE() << file << ":" << line << ": " << what;
+  }
+};
+
+TEST(bidi_conformance, tables_come_from_the_installed_database) {
+  std::ifstream f(std::string(ucd_dir) + "BidiTest.txt");
+  ASSERT_TRUE(f.is_open()) << ucd_dir << "BidiTest.txt is missing (Debian package unicode-data)";
+  std::string first;
+  std::getline(f, first);
+  EXPECT_NE(first.find(std::string("BidiTest-") + bidi_unicode_version + ".txt"), std::string::npos)
+      << "the tables were generated from Unicode " << bidi_unicode_version << ", the test file says: " << first;
+}
+
+TEST(bidi_conformance, bidi_test_txt) {
+  const std::string path = std::string(ucd_dir) + "BidiTest.txt";
+  std::ifstream f(path);
+  ASSERT_TRUE(f.is_open()) << path << " is missing (Debian package unicode-data)";
+  static bidi_paragraph p;
+  tally t;
+  std::string levels, reorder, line;
+  long number = 0;
+  while (std::getline(f, line)) {
+    ++number;
+    if (line.empty() || line[0] == '#') continue;
+    if (line.rfind("@Levels:", 0) == 0) {
+      levels = normalized(line.substr(8));
+      continue;
+    }
+    if (line.rfind("@Reorder:", 0) == 0) {
+      reorder = normalized(line.substr(9));
+      continue;
+    }
+    if (line[0] == '@') continue;
+    auto fields = split(line, ';');
+    ASSERT_EQ(fields.size(), 2u) << path << ":" << number;
+    auto names = words(fields[0]);
+    ASSERT_LE(names.size(), bidi_max) << path << ":" << number;
+    p.n = static_cast<uint32_t>(names.size());
+    for (uint32_t i = 0; i < p.n; ++i) {
+      int c = class_of(names[i]);
+      ASSERT_GE(c, 0) << path << ":" << number << ": class " << names[i];
+      p.cls[i] = static_cast<uint8_t>(c);
+      p.cp[i] = 0;
+      p.bracket[i] = 0;
+    }
+    const int bits = std::stoi(normalized(fields[1]), nullptr, 16);
+    const int directions[] = {bidi_auto, bidi_ltr, bidi_rtl};
+    for (int b = 0; b < 3; ++b) {
+      if (!(bits & (1 << b))) continue;
+      ++t.cases;
+      bidi_resolve(p, directions[b]);
+      std::string got = levels_text(p);
+      if (got != levels) {
+        t.fail("BidiTest.txt", number, "direction bit " + std::to_string(1 << b) + ": levels " + got + ", expected " + levels);
+        continue;
+      }
+      got = order_text(p);
+      if (got != reorder)
+        t.fail("BidiTest.txt", number, "direction bit " + std::to_string(1 << b) + ": order " + got + ", expected " + reorder);
+    }
+  }
+  std::printf("BidiTest.txt: %ld of %ld cases pass\n", t.cases - t.failures, t.cases);
+  EXPECT_GT(t.cases, 700000);
+  EXPECT_EQ(t.failures, 0);
+}
+
+TEST(bidi_conformance, bidi_character_test_txt) {
+  const std::string path = std::string(ucd_dir) + "BidiCharacterTest.txt";
+  std::ifstream f(path);
+  ASSERT_TRUE(f.is_open()) << path << " is missing (Debian package unicode-data)";
+  static bidi_paragraph p;
+  tally t;
+  std::string line;
+  long number = 0;
+  while (std::getline(f, line)) {
+    ++number;
+    if (line.empty() || line[0] == '#') continue;
+    auto fields = split(line, ';');
+    ASSERT_EQ(fields.size(), 5u) << path << ":" << number;
+    auto cps = words(fields[0]);
+    ASSERT_LE(cps.size(), bidi_max) << path << ":" << number;
+    p.n = static_cast<uint32_t>(cps.size());
+    for (uint32_t i = 0; i < p.n; ++i) p.cp[i] = static_cast<uint32_t>(std::stoul(cps[i], nullptr, 16));
+    bidi_classify(p);
+    ++t.cases;
+    bidi_resolve(p, std::stoi(fields[1]));
+    if (std::to_string(p.base) != normalized(fields[2])) {
+      t.fail("BidiCharacterTest.txt", number, "paragraph level " + std::to_string(p.base));
+      continue;
+    }
+    std::string got = levels_text(p);
+    if (got != normalized(fields[3])) {
+      t.fail("BidiCharacterTest.txt", number, "levels " + got + ", expected " + normalized(fields[3]));
+      continue;
+    }
+    got = order_text(p);
+    if (got != normalized(fields[4]))
+      t.fail("BidiCharacterTest.txt", number, "order " + got + ", expected " + normalized(fields[4]));
+  }
+  std::printf("BidiCharacterTest.txt: %ld of %ld cases pass\n", t.cases - t.failures, t.cases);
+  EXPECT_GT(t.cases, 90000);
+  EXPECT_EQ(t.failures, 0);
+}
+
+}  // namespace
+
+namespace {
+
+// The committed tables are what the generator makes from the installed database.
+TEST(bidi_conformance, generator_reproduces_the_committed_tables) {
+  std::string here = __FILE__;
+  std::string root = here.substr(0, here.rfind("/tests/"));
+  ASSERT_EQ(std::system("command -v python3 >/dev/null 2>&1"), 0) << "python3 missing";
+  std::string cmd = "cd '" + root + "' && python3 tools/gen/gen_bidi_tables.py --check";
+  EXPECT_EQ(std::system(cmd.c_str()), 0);
+}
+
+}  // namespace
