@@ -174,6 +174,9 @@ bool conversion::writes_windows_1252() const {
   const auto *kind = static_cast<const char *>(handle_) + 8;
   if (*kind == '+' || *kind == '-') return false;
   const auto *row = static_cast<const fmtposs_row *>(handle_);
+  // The bidirectional formats write Unicode text (UTF-8) already.
+  const xf_routine r = row->row.routine;
+  if (r == zfmlogvs || r == zfmlogvsr || r == zfmvslog || r == zfmvslogr || r == zfmbidi) return false;
   return std::memcmp(row->module_name, "JAZWFNLS", 8) != 0;
 }
 
