@@ -25,6 +25,11 @@ inline constexpr uint16_t none = 0xFFFF;  // no matching PDI
 inline bool is_isolate_initiator(uint8_t c) { return c == LRI || c == RLI || c == FSI; }
 // Characters that X9 takes out of the paragraph.
 inline bool is_removed(uint8_t c) { return c == BN || (c >= LRE && c <= PDF); }
+inline constexpr uint32_t bit(uint8_t c) { return 1u << c; }
+// Classes that need the explicit stages; without them the paragraph is one
+// level run at the paragraph level.
+inline constexpr uint32_t explicit_bits =
+    bit(BN) | bit(LRE) | bit(LRO) | bit(RLE) | bit(RLO) | bit(PDF) | bit(LRI) | bit(RLI) | bit(FSI) | bit(PDI);
 }  // namespace bidi
 
 // Characters of one paragraph the work arrays hold.
@@ -37,7 +42,8 @@ struct bidi_paragraph {
   uint8_t cls[bidi_max];      // original Bidi_Class
   uint8_t type[bidi_max];     // the class as the rules resolve it
   uint8_t level[bidi_max];    // embedding level, then resolved level
-  uint8_t bracket[bidi_max];  // bidi_bracket_open / _close bits, 0 for none
+  uint8_t flags[bidi_max];    // the property byte's mirrored and bracket bits
+  uint32_t mask;              // bit 1 << c for every class c present (bidi_resolve)
   uint16_t match[bidi_max];   // an isolate initiator's matching PDI, or bidi::none
   uint16_t seq[bidi_max];     // scratch: the isolating run sequence in hand
 };
@@ -47,11 +53,11 @@ inline constexpr int bidi_ltr = 0;
 inline constexpr int bidi_rtl = 1;
 inline constexpr int bidi_auto = 2;  // from the first strong character, else left to right
 
-// Fills cls and bracket from p.cp[0..n) through the generated tables.
+// Fills cls and flags from p.cp[0..n) through the generated tables.
 void bidi_classify(bidi_paragraph &p);
 
-// Resolves the levels of the paragraph whose cls (and, for brackets, cp and
-// bracket) are filled: every rule up to and including L1. Characters that X9
+// Resolves the levels of the paragraph whose cls (and, for brackets and
+// mirroring, cp and flags) are filled: every rule up to and including L1. Characters that X9
 // removes get the level of the character before them (the paragraph level
 // at the start), which keeps them next to it after reordering.
 void bidi_resolve(bidi_paragraph &p, int direction);
@@ -64,9 +70,9 @@ int bidi_first_strong(const bidi_paragraph &p, uint32_t from, uint32_t to);
 void bidi_match_isolates(bidi_paragraph &p);
 void bidi_explicit_levels(bidi_paragraph &p);
 void bidi_resolve_sequences(bidi_paragraph &p);
-void bidi_weak_types(bidi_paragraph &p, uint32_t m, uint8_t sos, uint8_t eos);
-void bidi_bracket_pairs(bidi_paragraph &p, uint32_t m, uint8_t sos, uint8_t level);
-void bidi_neutral_types(bidi_paragraph &p, uint32_t m, uint8_t sos, uint8_t eos, uint8_t level);
+void bidi_weak_types(bidi_paragraph &p, const uint16_t *seq, uint32_t m, uint8_t sos);
+void bidi_bracket_pairs(bidi_paragraph &p, const uint16_t *seq, uint32_t m, uint8_t sos, uint8_t level);
+void bidi_neutral_types(bidi_paragraph &p, const uint16_t *seq, uint32_t m, uint8_t sos, uint8_t eos, uint8_t level);
 void bidi_implicit_levels(bidi_paragraph &p);
 void bidi_line_levels(bidi_paragraph &p);
 

@@ -1,5 +1,5 @@
 // Bracket pairs (BD16) and their resolution (N0) over the isolating run
-// sequence in p.seq[0, m). Pairs are found with a stack of 63 openings, as
+// sequence in seq[0, m). Pairs are found with a stack of 63 openings, as
 // the algorithm fixes it: a 64th unclosed opening ends the search for the
 // rest of the sequence.
 #include "text/bidi.hpp"
@@ -24,14 +24,14 @@ uint8_t strong_of(uint8_t t) {
 
 // BD16: the pairs of the sequence, sorted by their opening position; returns
 // their count. pairs has room for m / 2 entries.
-uint32_t find_pairs(const bidi_paragraph &p, uint32_t m, bracket_pair *pairs) {
+uint32_t find_pairs(const bidi_paragraph &p, const uint16_t *seq, uint32_t m, bracket_pair *pairs) {
   uint32_t keys[bracket_stack_size];
   uint16_t where[bracket_stack_size];
   uint32_t depth = 0, count = 0;
   for (uint32_t k = 0; k < m; ++k) {
-    uint32_t i = p.seq[k];
-    if (p.bracket[i] == 0 || p.type[i] != bidi::ON) continue;
-    if (p.bracket[i] & bidi_bracket_open) {
+    uint32_t i = seq[k];
+    if ((p.flags[i] & (bidi_bracket_open | bidi_bracket_close)) == 0 || p.type[i] != bidi::ON) continue;
+    if (p.flags[i] & bidi_bracket_open) {
       if (depth == bracket_stack_size) break;
       keys[depth] = bidi_bracket_key_of(p.cp[i]);
       where[depth++] = static_cast<uint16_t>(k);
@@ -56,22 +56,29 @@ uint32_t find_pairs(const bidi_paragraph &p, uint32_t m, bracket_pair *pairs) {
 }
 
 // Nonspacing marks right after a bracket that N0 changed follow it.
-void carry_to_marks(bidi_paragraph &p, uint32_t k, uint32_t m, uint8_t dir) {
-  for (++k; k < m && p.cls[p.seq[k]] == bidi::NSM; ++k) p.type[p.seq[k]] = dir;
+void carry_to_marks(bidi_paragraph &p, const uint16_t *seq, uint32_t k, uint32_t m, uint8_t dir) {
+  for (++k; k < m && p.cls[seq[k]] == bidi::NSM; ++k) p.type[seq[k]] = dir;
+}
+
+bool has_brackets(const bidi_paragraph &p, const uint16_t *seq, uint32_t m) {
+  uint8_t any = 0;
+  for (uint32_t k = 0; k < m; ++k) any |= p.flags[seq[k]];
+  return (any & (bidi_bracket_open | bidi_bracket_close)) != 0;
 }
 
 }  // namespace
 
-void bidi_bracket_pairs(bidi_paragraph &p, uint32_t m, uint8_t sos, uint8_t level) {
+void bidi_bracket_pairs(bidi_paragraph &p, const uint16_t *seq, uint32_t m, uint8_t sos, uint8_t level) {
+  if (!(p.mask & bidi::bit(bidi::ON)) || !has_brackets(p, seq, m)) return;
   bracket_pair pairs[bidi_max / 2];
-  uint32_t count = find_pairs(p, m, pairs);
+  uint32_t count = find_pairs(p, seq, m, pairs);
   const uint8_t embedding = (level & 1) ? bidi::R : bidi::L;
   const uint8_t opposite = embedding == bidi::L ? bidi::R : bidi::L;
   for (uint32_t n = 0; n < count; ++n) {
     const bracket_pair pr = pairs[n];
     bool same = false, other = false;
     for (uint32_t k = pr.open + 1u; k < pr.close && !same; ++k) {
-      uint8_t d = strong_of(p.type[p.seq[k]]);
+      uint8_t d = strong_of(p.type[seq[k]]);
       same = d == embedding;
       other = other || d == opposite;
     }
@@ -81,7 +88,7 @@ void bidi_bracket_pairs(bidi_paragraph &p, uint32_t m, uint8_t sos, uint8_t leve
     } else if (other) {  // N0 c: the context before the opening bracket decides
       uint8_t context = sos;
       for (uint32_t k = pr.open; k > 0; --k) {
-        uint8_t d = strong_of(p.type[p.seq[k - 1]]);
+        uint8_t d = strong_of(p.type[seq[k - 1]]);
         if (d != bidi::ON) {
           context = d;
           break;
@@ -91,10 +98,12 @@ void bidi_bracket_pairs(bidi_paragraph &p, uint32_t m, uint8_t sos, uint8_t leve
     } else {
       continue;  // N0 d: no strong type inside, the pair stays neutral
     }
-    p.type[p.seq[pr.open]] = dir;
-    p.type[p.seq[pr.close]] = dir;
-    carry_to_marks(p, pr.open, m, dir);
-    carry_to_marks(p, pr.close, m, dir);
+    p.type[seq[pr.open]] = dir;
+    p.type[seq[pr.close]] = dir;
+    if (p.mask & bidi::bit(bidi::NSM)) {
+      carry_to_marks(p, seq, pr.open, m, dir);
+      carry_to_marks(p, seq, pr.close, m, dir);
+    }
   }
 }
 

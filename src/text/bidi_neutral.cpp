@@ -1,5 +1,5 @@
 // Neutral and isolate types (N1, N2) over the isolating run sequence in
-// p.seq[0, m): a run of neutrals between two strong types of the same
+// seq[0, m): a run of neutrals between two strong types of the same
 // direction takes it (numbers count as R), any other run the embedding
 // direction.
 #include "text/bidi.hpp"
@@ -16,9 +16,9 @@ uint8_t strong_of(uint8_t t) { return t == bidi::L ? uint8_t{bidi::L} : uint8_t{
 
 }  // namespace
 
-void bidi_neutral_types(bidi_paragraph &p, uint32_t m, uint8_t sos, uint8_t eos, uint8_t level) {
-  uint8_t *t = p.type;
-  const uint16_t *s = p.seq;
+void bidi_neutral_types(bidi_paragraph &p, const uint16_t *seq, uint32_t m, uint8_t sos, uint8_t eos, uint8_t level) {
+  uint8_t *__restrict t = p.type;
+  const uint16_t *__restrict s = seq;
   const uint8_t embedding = (level & 1) ? bidi::R : bidi::L;
   for (uint32_t k = 0; k < m;) {
     if (!is_neutral(t[s[k]])) {

@@ -16,12 +16,14 @@ bool trails(uint8_t c) {
 
 void bidi_line_levels(bidi_paragraph &p) {
   // Removed characters first take the level of the character before them.
-  uint8_t prev = p.base;
-  for (uint32_t i = 0; i < p.n; ++i) {
-    if (bidi::is_removed(p.cls[i]))
-      p.level[i] = prev;
-    else
-      prev = p.level[i];
+  if (p.mask & bidi::explicit_bits) {
+    uint8_t prev = p.base;
+    for (uint32_t i = 0; i < p.n; ++i) {
+      if (bidi::is_removed(p.cls[i]))
+        p.level[i] = prev;
+      else
+        prev = p.level[i];
+    }
   }
   // L1, from the end: a run of trailing characters reaching the end of the
   // line or a separator goes to the paragraph level, and so do separators.
@@ -68,7 +70,7 @@ void bidi_visual_order(const uint8_t *level, uint32_t n, uint16_t *order) {
 
 void bidi_mirror_odd(bidi_paragraph &p) {
   for (uint32_t i = 0; i < p.n; ++i)
-    if ((p.level[i] & 1) && (bidi_props(p.cp[i]) & bidi_mirrored_bit)) p.cp[i] = bidi_mirror(p.cp[i]);
+    if ((p.level[i] & 1) && (p.flags[i] & bidi_mirrored_bit)) p.cp[i] = bidi_mirror(p.cp[i]);
 }
 
 }  // namespace xfmt::text

@@ -63,9 +63,9 @@ void bidi_resolve_sequences(bidi_paragraph &p) {
     uint32_t after = bidi::is_isolate_initiator(p.cls[last]) ? p.base : level_after(p, last);
     uint8_t eos = direction_of_level(after > level ? after : level);
 
-    bidi_weak_types(p, m, sos, eos);
-    bidi_bracket_pairs(p, m, sos, level);
-    bidi_neutral_types(p, m, sos, eos, level);
+    bidi_weak_types(p, p.seq, m, sos);
+    bidi_bracket_pairs(p, p.seq, m, sos, level);
+    bidi_neutral_types(p, p.seq, m, sos, eos, level);
   }
 }
 

@@ -124,7 +124,7 @@ TEST(bidi_conformance, bidi_test_txt) {
       ASSERT_GE(c, 0) << path << ":" << number << ": class " << names[i];
       p.cls[i] = static_cast<uint8_t>(c);
       p.cp[i] = 0;
-      p.bracket[i] = 0;
+      p.flags[i] = 0;
     }
     const int bits = std::stoi(normalized(fields[1]), nullptr, 16);
     const int directions[] = {bidi_auto, bidi_ltr, bidi_rtl};
