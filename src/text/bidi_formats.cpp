@@ -7,10 +7,9 @@
 // Visual to logical runs the same algorithm over the visual text: reversing
 // the runs of each level (L2) undoes itself when the levels are the same, so
 // a visual text whose own levels are those of its logical text comes back
-// exactly, mirrored brackets included. Where they differ (a number next to
-// a right-to-left word: "H 123" and "123 H" both show as "123 H'") the
-// answer is the logical text that the same direction's forward format shows
-// as the given visual text, the one that reads as typed from the visual.
+// exactly, mirrored brackets included. Where they differ the inverse is
+// ambiguous ("H 123" and "123 H" both show as "123 H'") and the answer is
+// the reading in visual order; the README gives the measured limits.
 //
 // A paragraph longer than the work arrays (bidi_max characters) is cut after
 // its last blank before the limit, or at the limit, and the pieces follow
@@ -37,19 +36,21 @@ uint32_t trimmed(const bidi_source &src) {
   return n;
 }
 
-// Reads the next piece of text from pos into p: up to and including a
-// paragraph separator, at most bidi_max characters. Returns the position
-// after the piece.
+// Reads and classifies the next piece of text from pos into p: up to and
+// including a paragraph separator, at most bidi_max characters. Returns the
+// position after the piece.
 uint32_t read_piece(bidi_paragraph &p, const bidi_source &src, uint32_t pos, uint32_t end) {
   uint32_t n = 0;
   while (n < bidi_max && pos < end) {
     uint32_t cp;
     pos += bidi_decode(src, pos, cp);
-    p.cp[n++] = cp;
-    if ((bidi_props(cp) & bidi_class_bits) == bidi::B) break;
+    const uint8_t props = bidi_props(cp);
+    p.cp[n] = cp;
+    p.cls[n] = props & bidi_class_bits;
+    p.flags[n] = props & static_cast<uint8_t>(~bidi_class_bits);
+    if (p.cls[n++] == bidi::B) break;
   }
   p.n = n;
-  bidi_classify(p);
   if (n < bidi_max || pos >= end || p.cls[n - 1] == bidi::B) return pos;
   // Full: end the piece after its last blank in the second half, and give
   // the rest back to the source.

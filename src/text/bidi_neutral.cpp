@@ -7,10 +7,11 @@
 namespace xfmt::text {
 namespace {
 
-bool is_neutral(uint8_t t) {
-  return t == bidi::B || t == bidi::S || t == bidi::WS || t == bidi::ON || bidi::is_isolate_initiator(t) ||
-         t == bidi::PDI;
-}
+using bidi::bit;
+constexpr uint32_t neutral_bits =
+    bit(bidi::B) | bit(bidi::S) | bit(bidi::WS) | bit(bidi::ON) | bit(bidi::LRI) | bit(bidi::RLI) | bit(bidi::FSI) | bit(bidi::PDI);
+
+bool is_neutral(uint8_t t) { return (neutral_bits >> t) & 1u; }
 
 uint8_t strong_of(uint8_t t) { return t == bidi::L ? uint8_t{bidi::L} : uint8_t{bidi::R}; }
 

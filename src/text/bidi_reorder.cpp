@@ -8,9 +8,12 @@ namespace {
 
 // Characters whose level L1 puts back to the paragraph's when they trail
 // the line or stand before a separator; removed characters go with them.
-bool trails(uint8_t c) {
-  return c == bidi::WS || bidi::is_isolate_initiator(c) || c == bidi::PDI || bidi::is_removed(c);
-}
+using bidi::bit;
+constexpr uint32_t trailing_bits = bit(bidi::WS) | bit(bidi::LRI) | bit(bidi::RLI) | bit(bidi::FSI) | bit(bidi::PDI) |
+                                   bit(bidi::BN) | bit(bidi::LRE) | bit(bidi::LRO) | bit(bidi::RLE) | bit(bidi::RLO) |
+                                   bit(bidi::PDF);
+
+bool trails(uint8_t c) { return (trailing_bits >> c) & 1u; }
 
 }  // namespace
 
@@ -48,6 +51,7 @@ void bidi_visual_order(const uint8_t *level, uint32_t n, uint16_t *order) {
     if (level[i] > highest) highest = level[i];
     if ((level[i] & 1) && level[i] < lowest_odd) lowest_odd = level[i];
   }
+  if (highest == 0) return;  // all left to right at level 0
   // From the highest level down to the lowest odd one, every maximal run at
   // that level or above is reversed.
   for (uint32_t lv = highest; lv >= lowest_odd && lv > 0; --lv) {

@@ -69,18 +69,31 @@ void bidi_resolve_sequences(bidi_paragraph &p) {
   }
 }
 
+namespace {
+
+// What I1 (even levels) and I2 (odd levels) add, by resolved type. After the
+// neutral stage only L, R, EN and AN are left among the kept characters;
+// removed ones keep their type and add nothing.
+struct implicit_table {
+  uint8_t add[2][bidi::class_count];
+  constexpr implicit_table() : add() {
+    add[0][bidi::R] = 1;
+    add[0][bidi::AN] = 2;
+    add[0][bidi::EN] = 2;
+    add[1][bidi::L] = 1;
+    add[1][bidi::EN] = 1;
+    add[1][bidi::AN] = 1;
+  }
+};
+constexpr implicit_table implicit{};
+
+}  // namespace
+
 void bidi_implicit_levels(bidi_paragraph &p) {
+  const bool removed = p.mask & bidi::explicit_bits;
   for (uint32_t i = 0; i < p.n; ++i) {
-    if (bidi::is_removed(p.cls[i])) continue;
-    uint8_t t = p.type[i];
-    if ((p.level[i] & 1) == 0) {  // I1
-      if (t == bidi::R)
-        p.level[i] = static_cast<uint8_t>(p.level[i] + 1);
-      else if (t == bidi::AN || t == bidi::EN)
-        p.level[i] = static_cast<uint8_t>(p.level[i] + 2);
-    } else if (t == bidi::L || t == bidi::EN || t == bidi::AN) {  // I2
-      p.level[i] = static_cast<uint8_t>(p.level[i] + 1);
-    }
+    if (removed && bidi::is_removed(p.cls[i])) continue;
+    p.level[i] = static_cast<uint8_t>(p.level[i] + implicit.add[p.level[i] & 1][p.type[i]]);
   }
 }
 
