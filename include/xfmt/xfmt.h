@@ -1906,8 +1906,9 @@ XF_API xf_status zfmb64x(xf_frame *frame);
  *   $VSLOG, $VSLOGR  visual order to logical order (the same reordering run
  *                    over the visual text; see the README for its limits)
  *   $BIDI            the words and numbers in reverse sequence, each run of
- *                    blanks in its place, right-to-left words spelled
- *                    backwards: "abc 123 H" -> "H' 123 abc"
+ *                    blanks (white space, tabs, line ends) in its place,
+ *                    right-to-left words spelled backwards with their
+ *                    brackets turned: "abc 123 H" -> "H' 123 abc"
  * The result is left-aligned, blank padded, cut to w without splitting a
  * character: w bytes of UTF-8 (output_encoding 0), or, for UTF-16 input or a
  * request for encoding 25 with UTF-8 input, w UTF-16LE units (2w bytes,

@@ -6,7 +6,8 @@
 // characters turned round as the algorithm turns them; any other word keeps
 // its spelling:
 // "abc 123 H" -> "H' 123 abc", "  ab  c" -> "  c  ab".
-// Blanks are the white-space characters (Bidi_Class WS, and S for tab).
+// Blanks are the white-space characters: Bidi_Class WS, S (tab) and B (line
+// and paragraph separators, which so stay where they are).
 #include "xfmt/xfmt.h"
 
 #include "text/bidi.hpp"
@@ -18,7 +19,7 @@ namespace {
 
 bool is_blank(uint32_t cp) {
   uint8_t c = bidi_props(cp) & bidi_class_bits;
-  return c == bidi::WS || c == bidi::S;
+  return c == bidi::WS || c == bidi::S || c == bidi::B;
 }
 
 // Start of the character that ends at pos (pos > 0).

@@ -120,6 +120,7 @@ TEST(bidi_formats, brackets_numbers_and_mirroring) {
       {zfmlogvs, "$LOGVS", "\xD8\xA7 12", 5, -1, "12 \xD8\xA7", XF_OK},
       {zfmbidi, "$BIDI", "(" H ") 12", 12, -1, "12 (" Hr ") ", XF_OK},
       {zfmbidi, "$BIDI", "(ab) 12", 7, -1, "12 (ab)", XF_OK},
+      {zfmbidi, "$BIDI", "ab\tcd\nef", 8, -1, "ef\tcd\nab", XF_OK},  // tab and line feed are blanks
   };
   for (const row &r : rows) check(r);
 }
