@@ -147,3 +147,44 @@ void BM_utf16_to_utf8_iconv(benchmark::State &state) {
 BENCHMARK(BM_utf16_to_utf8_iconv);
 
 }  // namespace
+
+// The bidirectional formats on a 40-character line of Latin and Hebrew
+// (46 bytes of UTF-8), through xffmt as a host calls them, against $CHAR
+// (the plain copy of the same field) in the same run.
+namespace {
+
+const char bidi_line[] = "Order 1234 from \xD7\xAA\xD7\x9C \xD7\x90\xD7\x91\xD7\x99\xD7\x91 (by air) to Rome";
+
+void bidi_field(benchmark::State &state, const char *name, const char *text) {
+  void *h = nullptr;
+  if (xfname(name, static_cast<int32_t>(std::strlen(name)), 0, nullptr, &h) != 0) {
+    state.SkipWithError("name not resolved");
+    return;
+  }
+  char out[64];
+  const uint32_t n = static_cast<uint32_t>(std::strlen(text));
+  for (auto _ : state) {
+    xf_frame f{};
+    f.width = 46;
+    f.input = text;
+    f.input_length = n;
+    f.output = out;
+    f.output_capacity = sizeof out;
+    benchmark::DoNotOptimize(xffmt(&f, h));
+    benchmark::DoNotOptimize(out);
+  }
+  xfdel(h);
+}
+
+void BM_logvs_mixed_40_chars(benchmark::State &state) { bidi_field(state, "$LOGVS", bidi_line); }
+BENCHMARK(BM_logvs_mixed_40_chars);
+void BM_logvsr_mixed_40_chars(benchmark::State &state) { bidi_field(state, "$LOGVSR", bidi_line); }
+BENCHMARK(BM_logvsr_mixed_40_chars);
+void BM_vslog_mixed_40_chars(benchmark::State &state) { bidi_field(state, "$VSLOG", bidi_line); }
+BENCHMARK(BM_vslog_mixed_40_chars);
+void BM_bidi_mixed_40_chars(benchmark::State &state) { bidi_field(state, "$BIDI", bidi_line); }
+BENCHMARK(BM_bidi_mixed_40_chars);
+void BM_char_mixed_40_chars(benchmark::State &state) { bidi_field(state, "$CHAR", bidi_line); }
+BENCHMARK(BM_char_mixed_40_chars);
+
+}  // namespace

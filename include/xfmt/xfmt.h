@@ -2273,6 +2273,36 @@ XF_API int32_t decode_base64(const char *in, int32_t length, uint8_t *out, int32
  * output length held on entry. Output length min(w, capacity). Returns 0. */
 XF_API xf_status zfmb64x(xf_frame *frame);
 
+/* The bidirectional text formats ($LOGVS, $LOGVSR, $VSLOG, $VSLOGR, $BIDI),
+ * w 1-32767. The value is Unicode text: UTF-16 (big- or little-endian) when
+ * input_encoding is 24 or 25, else UTF-8 when its bytes are valid UTF-8;
+ * any other value is left-to-right text and is written as $CHAR writes it.
+ * Reordering follows the Unicode Bidirectional Algorithm (explicit
+ * embeddings and isolates, bracket pairs, mirroring; no Arabic shaping) with
+ * the paragraph direction fixed by the name: left to right for $LOGVS and
+ * $VSLOG, right to left for $LOGVSR and $VSLOGR. Trailing blanks of the value
+ * are padding and are dropped before reordering; each paragraph separator
+ * starts a new paragraph; a paragraph of more than 1024 characters is
+ * reordered in pieces cut after a blank.
+ *   $LOGVS, $LOGVSR  logical order to visual order
+ *   $VSLOG, $VSLOGR  visual order to logical order (the same reordering run
+ *                    over the visual text; see the README for its limits)
+ *   $BIDI            the words and numbers in reverse sequence, each run of
+ *                    blanks (white space, tabs, line ends) in its place,
+ *                    right-to-left words spelled backwards with their
+ *                    brackets turned: "abc 123 H" -> "H' 123 abc"
+ * The result is left-aligned, blank padded, cut to w without splitting a
+ * character: w bytes of UTF-8 (output_encoding 0), or, for UTF-16 input or a
+ * request for encoding 25 with UTF-8 input, w UTF-16LE units (2w bytes,
+ * output_encoding 25). Output length: the field cut to the capacity (whole
+ * units for UTF-16); XF_E_CAPACITY when the field was cut, else 0. Nothing
+ * is read past input_length; never allocates. */
+XF_API xf_status zfmlogvs(xf_frame *frame);
+XF_API xf_status zfmlogvsr(xf_frame *frame);
+XF_API xf_status zfmvslog(xf_frame *frame);
+XF_API xf_status zfmvslogr(xf_frame *frame);
+XF_API xf_status zfmbidi(xf_frame *frame);
+
 #ifdef __cplusplus
 } /* extern "C" */
 #endif

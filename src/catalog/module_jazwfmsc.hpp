@@ -9,12 +9,12 @@ namespace xfmt::catalog {
 
 inline constexpr fmtinfo_eachfmt jazwfmsc_rows[] = {
     row("$BASE64X", 1, 32767, 8, 0, 0, 0, zfmb64x),  // zfmb64x
-    row("$BIDI", 1, 32767, 1, 0, 0, 0, nullptr),
-    row("$LOGVS", 1, 32767, 1, 0, 0, 0, nullptr),
-    row("$LOGVSR", 1, 32767, 1, 0, 0, 0, nullptr),
+    row("$BIDI", 1, 32767, 1, 0, 0, 0, zfmbidi),  // zfmbidi
+    row("$LOGVS", 1, 32767, 1, 0, 0, 0, zfmlogvs),  // zfmlogvs
+    row("$LOGVSR", 1, 32767, 1, 0, 0, 0, zfmlogvsr),  // zfmlogvsr
     row("$QUOTE", 2, 32767, 2, 0, 0, 0, zfmquote),  // zfmquote
-    row("$VSLOG", 1, 32767, 1, 0, 0, 0, nullptr),
-    row("$VSLOGR", 1, 32767, 1, 0, 0, 0, nullptr),
+    row("$VSLOG", 1, 32767, 1, 0, 0, 0, zfmvslog),  // zfmvslog
+    row("$VSLOGR", 1, 32767, 1, 0, 0, 0, zfmvslogr),  // zfmvslogr
     row("COMMA", 2, 32, 6, 0, 31, 0, zfmcma),  // zfmcma
     row("COMMAX", 2, 32, 6, 0, 31, 0, zfmcmax),  // zfmcmax
     row("D", 1, 32, 12, 0, 16, 3, zfmd),  // zfmd

@@ -101,6 +101,13 @@ bool conversion::is_built() const {
   return static_cast<const fmtposs_row *>(handle_)->row.routine != nullptr;
 }
 
+// The bidirectional formats read and write Unicode text (UTF-8) themselves.
+bool conversion::is_unicode_text() const {
+  if (is_user_defined()) return false;
+  const xf_routine r = static_cast<const fmtposs_row *>(handle_)->row.routine;
+  return r == zfmlogvs || r == zfmlogvsr || r == zfmvslog || r == zfmvslogr || r == zfmbidi;
+}
+
 bool conversion::routine_text(std::string_view value, std::string &bytes, std::string &error) const {
   std::u32string &chars = chars_;
   const terminal_encoding &from = opt_.input ? *opt_.input : *opt_.terminal;
@@ -108,6 +115,10 @@ bool conversion::routine_text(std::string_view value, std::string &bytes, std::s
   bytes.clear();
   if (is_user_defined()) {
     for (char32_t c : chars) utf16le_append(c, bytes);
+    return true;
+  }
+  if (is_unicode_text()) {
+    for (char32_t c : chars) utf8_append(c, bytes);
     return true;
   }
   size_t bad = 0;
@@ -130,7 +141,7 @@ void conversion::output_text(const xf_frame &f, std::string_view out, std::u32st
   bool national = !is_user_defined() && std::memcmp(row->module_name, "JAZWFNLS", 8) == 0;
   std::string ignored;
   size_t bad = 0;
-  if (is_user_defined() && utf8_decode(out, text, bad)) return;
+  if ((is_user_defined() || is_unicode_text()) && utf8_decode(out, text, bad)) return;
   if (national && opt_.terminal->decode(out, text, ignored)) return;
   text.clear();
   windows_1252_decode(out, text);

@@ -57,6 +57,7 @@ class conversion {
   bool is_built() const;
   // A user-defined format read from the control file.
   bool is_user_defined() const;
+  bool is_unicode_text() const;
   // The conversion writes the bytes of a binary layout (PIB, RB, PD, ...),
   // which go out untouched, rather than text.
   bool writes_bytes() const { return writes_bytes_; }

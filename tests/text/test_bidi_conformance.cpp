@@ -1,0 +1,337 @@
+// Unicode's own conformance files for the bidirectional algorithm, read in
+// full from the Unicode Character Database that Debian's unicode-data
+// package installs: BidiTest.txt (class sequences, every paragraph
+// direction of the line's bit set) and BidiCharacterTest.txt (code points,
+// brackets included). Each failure names the file's line. The files'
+// absence is a failure, not a skip: the test would otherwise pass empty.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "text/bidi.hpp"
+#include "text/bidi_tables.hpp"
+#include "xfmt/xfmt.h"
+
+namespace {
+
+using namespace xfmt::text;
+
+const char *const ucd_dir = "/usr/share/unicode/";
+
+const char *const class_names[] = {"L",   "R",   "AL",  "EN",  "ES",  "ET",  "AN",  "CS",
+                                   "NSM", "BN",  "B",   "S",   "WS",  "ON",  "LRE", "LRO",
+                                   "RLE", "RLO", "PDF", "LRI", "RLI", "FSI", "PDI"};
+
+int class_of(const std::string &name) {
+  for (int c = 0; c < bidi::class_count; ++c)
+    if (name == class_names[c]) return c;
+  return -1;
+}
+
+std::vector<std::string> words(const std::string &s) {
+  std::istringstream in(s);
+  std::vector<std::string> out;
+  for (std::string w; in >> w;) out.push_back(w);
+  return out;
+}
+
+std::vector<std::string> split(const std::string &s, char sep) {
+  std::vector<std::string> out;
+  size_t start = 0;
+  for (size_t at; (at = s.find(sep, start)) != std::string::npos; start = at + 1) out.push_back(s.substr(start, at - start));
+  out.push_back(s.substr(start));
+  return out;
+}
+
+// The levels as the files write them ("x" for removed characters) and the
+// visual order without the removed characters.
+std::string levels_text(const bidi_paragraph &p) {
+  std::string s;
+  for (uint32_t i = 0; i < p.n; ++i) {
+    if (i) s += ' ';
+    s += bidi::is_removed(p.cls[i]) ? std::string("x") : std::to_string(p.level[i]);
+  }
+  return s;
+}
+
+std::string order_text(const bidi_paragraph &p) {
+  uint16_t order[bidi_max];
+  bidi_visual_order(p.level, p.n, order);
+  std::string s;
+  for (uint32_t k = 0; k < p.n; ++k) {
+    if (bidi::is_removed(p.cls[order[k]])) continue;
+    if (!s.empty()) s += ' ';
+    s += std::to_string(order[k]);
+  }
+  return s;
+}
+
+std::string normalized(const std::string &s) {
+  std::string out;
+  for (const std::string &w : words(s)) out += (out.empty() ? "" : " ") + w;
+  return out;
+}
+
+struct tally {
+  long cases = 0;
+  long failures = 0;
+  void fail(const char *file, long line, const std::string &what) {
+    if (++failures <= 20) ADD_FAILURE() << file << ":" << line << ": " << what;
+  }
+};
+
+TEST(bidi_conformance, tables_come_from_the_installed_database) {
+  std::ifstream f(std::string(ucd_dir) + "BidiTest.txt");
+  ASSERT_TRUE(f.is_open()) << ucd_dir << "BidiTest.txt is missing (Debian package unicode-data)";
+  std::string first;
+  std::getline(f, first);
+  EXPECT_NE(first.find(std::string("BidiTest-") + bidi_unicode_version + ".txt"), std::string::npos)
+      << "the tables were generated from Unicode " << bidi_unicode_version << ", the test file says: " << first;
+}
+
+TEST(bidi_conformance, bidi_test_txt) {
+  const std::string path = std::string(ucd_dir) + "BidiTest.txt";
+  std::ifstream f(path);
+  ASSERT_TRUE(f.is_open()) << path << " is missing (Debian package unicode-data)";
+  static bidi_paragraph p;
+  tally t;
+  std::string levels, reorder, line;
+  long number = 0;
+  while (std::getline(f, line)) {
+    ++number;
+    if (line.empty() || line[0] == '#') continue;
+    if (line.rfind("@Levels:", 0) == 0) {
+      levels = normalized(line.substr(8));
+      continue;
+    }
+    if (line.rfind("@Reorder:", 0) == 0) {
+      reorder = normalized(line.substr(9));
+      continue;
+    }
+    if (line[0] == '@') continue;
+    auto fields = split(line, ';');
+    ASSERT_EQ(fields.size(), 2u) << path << ":" << number;
+    auto names = words(fields[0]);
+    ASSERT_LE(names.size(), bidi_max) << path << ":" << number;
+    p.n = static_cast<uint32_t>(names.size());
+    for (uint32_t i = 0; i < p.n; ++i) {
+      int c = class_of(names[i]);
+      ASSERT_GE(c, 0) << path << ":" << number << ": class " << names[i];
+      p.cls[i] = static_cast<uint8_t>(c);
+      p.cp[i] = 0;
+      p.flags[i] = 0;
+    }
+    const int bits = std::stoi(normalized(fields[1]), nullptr, 16);
+    const int directions[] = {bidi_auto, bidi_ltr, bidi_rtl};
+    for (int b = 0; b < 3; ++b) {
+      if (!(bits & (1 << b))) continue;
+      ++t.cases;
+      bidi_resolve(p, directions[b]);
+      std::string got = levels_text(p);
+      if (got != levels) {
+        t.fail("BidiTest.txt", number, "direction bit " + std::to_string(1 << b) + ": levels " + got + ", expected " + levels);
+        continue;
+      }
+      got = order_text(p);
+      if (got != reorder)
+        t.fail("BidiTest.txt", number, "direction bit " + std::to_string(1 << b) + ": order " + got + ", expected " + reorder);
+    }
+  }
+  std::printf("BidiTest.txt: %ld of %ld cases pass\n", t.cases - t.failures, t.cases);
+  EXPECT_GT(t.cases, 700000);
+  EXPECT_EQ(t.failures, 0);
+}
+
+TEST(bidi_conformance, bidi_character_test_txt) {
+  const std::string path = std::string(ucd_dir) + "BidiCharacterTest.txt";
+  std::ifstream f(path);
+  ASSERT_TRUE(f.is_open()) << path << " is missing (Debian package unicode-data)";
+  static bidi_paragraph p;
+  tally t;
+  std::string line;
+  long number = 0;
+  while (std::getline(f, line)) {
+    ++number;
+    if (line.empty() || line[0] == '#') continue;
+    auto fields = split(line, ';');
+    ASSERT_EQ(fields.size(), 5u) << path << ":" << number;
+    auto cps = words(fields[0]);
+    ASSERT_LE(cps.size(), bidi_max) << path << ":" << number;
+    p.n = static_cast<uint32_t>(cps.size());
+    for (uint32_t i = 0; i < p.n; ++i) p.cp[i] = static_cast<uint32_t>(std::stoul(cps[i], nullptr, 16));
+    bidi_classify(p);
+    ++t.cases;
+    bidi_resolve(p, std::stoi(fields[1]));
+    if (std::to_string(p.base) != normalized(fields[2])) {
+      t.fail("BidiCharacterTest.txt", number, "paragraph level " + std::to_string(p.base));
+      continue;
+    }
+    std::string got = levels_text(p);
+    if (got != normalized(fields[3])) {
+      t.fail("BidiCharacterTest.txt", number, "levels " + got + ", expected " + normalized(fields[3]));
+      continue;
+    }
+    got = order_text(p);
+    if (got != normalized(fields[4]))
+      t.fail("BidiCharacterTest.txt", number, "order " + got + ", expected " + normalized(fields[4]));
+  }
+  std::printf("BidiCharacterTest.txt: %ld of %ld cases pass\n", t.cases - t.failures, t.cases);
+  EXPECT_GT(t.cases, 90000);
+  EXPECT_EQ(t.failures, 0);
+}
+
+}  // namespace
+
+namespace {
+
+// The committed tables are what the generator makes from the installed database.
+TEST(bidi_conformance, generator_reproduces_the_committed_tables) {
+  std::string here = __FILE__;
+  std::string root = here.substr(0, here.rfind("/tests/"));
+  // A build that records source paths relative to its build directory
+  // (ccache's base directory) leaves a path relative to that; ctest runs the
+  // tests from tests/data, two levels below the root.
+  const std::string generator = "/tools/gen/gen_bidi_tables.py";
+  if (!std::ifstream(root + generator).good()) root = "../..";
+  ASSERT_TRUE(std::ifstream(root + generator).good()) << "cannot find the sources from " << __FILE__;
+  ASSERT_EQ(std::system("command -v python3 >/dev/null 2>&1"), 0) << "python3 missing";
+  std::string cmd = "cd '" + root + "' && python3 tools/gen/gen_bidi_tables.py --check";
+  EXPECT_EQ(std::system(cmd.c_str()), 0);
+}
+
+}  // namespace
+
+namespace {
+
+std::string utf8_of(const std::vector<uint32_t> &cps) {
+  std::string s;
+  for (uint32_t cp : cps) {
+    if (cp < 0x80) {
+      s += static_cast<char>(cp);
+    } else if (cp < 0x800) {
+      s += static_cast<char>(0xC0 | cp >> 6);
+      s += static_cast<char>(0x80 | (cp & 0x3F));
+    } else if (cp < 0x10000) {
+      s += static_cast<char>(0xE0 | cp >> 12);
+      s += static_cast<char>(0x80 | (cp >> 6 & 0x3F));
+      s += static_cast<char>(0x80 | (cp & 0x3F));
+    } else {
+      s += static_cast<char>(0xF0 | cp >> 18);
+      s += static_cast<char>(0x80 | (cp >> 12 & 0x3F));
+      s += static_cast<char>(0x80 | (cp >> 6 & 0x3F));
+      s += static_cast<char>(0x80 | (cp & 0x3F));
+    }
+  }
+  return s;
+}
+
+std::vector<uint32_t> code_points_of(const std::string &s) {
+  std::vector<uint32_t> out;
+  for (size_t i = 0; i < s.size();) {
+    uint32_t cp = 0, used = 0;
+    UTF8_UTF32(reinterpret_cast<const uint8_t *>(s.data() + i), static_cast<uint32_t>(s.size() - i), &cp, &used);
+    out.push_back(cp);
+    i += used ? used : 1;
+  }
+  return out;
+}
+
+// One field through a format routine, w = the text's bytes.
+std::string run_format(xf_routine routine, const std::string &text) {
+  std::string out(text.size(), '\xEE');
+  xf_frame f{};
+  f.width = static_cast<int32_t>(text.size());
+  f.input = text.data();
+  f.input_length = static_cast<uint32_t>(text.size());
+  f.output = out.data();
+  f.output_capacity = static_cast<uint32_t>(out.size());
+  routine(&f);
+  return out.substr(0, f.output_length);
+}
+
+// BidiCharacterTest.txt through $LOGVS and $LOGVSR themselves (UTF-8 in and
+// out), for the lines with a fixed paragraph direction: the visible
+// characters in the file's order, mirrored where the file's level is odd.
+// Then $VSLOG and $VSLOGR on each visual text: where the visual text's own
+// levels are those of the logical text (the inverse is then defined), the
+// logical text must come back byte for byte.
+TEST(bidi_conformance, the_formats_on_bidi_character_test_txt) {
+  const std::string path = std::string(ucd_dir) + "BidiCharacterTest.txt";
+  std::ifstream f(path);
+  ASSERT_TRUE(f.is_open()) << path << " is missing (Debian package unicode-data)";
+  static bidi_paragraph p;
+  tally forward, back;
+  long skipped = 0, recovered = 0;
+  std::string line;
+  long number = 0;
+  while (std::getline(f, line)) {
+    ++number;
+    if (line.empty() || line[0] == '#') continue;
+    auto fields = split(line, ';');
+    const int direction = std::stoi(fields[1]);
+    if (direction == bidi_auto) continue;
+    std::vector<uint32_t> x;
+    for (const std::string &w : words(fields[0])) x.push_back(static_cast<uint32_t>(std::stoul(w, nullptr, 16)));
+    // The formats drop trailing blanks (padding of the value).
+    if (x.back() == 0x20) {
+      ++skipped;
+      continue;
+    }
+    const std::string logical = utf8_of(x);
+    const std::string visual = run_format(direction == bidi_rtl ? zfmlogvsr : zfmlogvs, logical);
+
+    ++forward.cases;
+    auto levels = words(fields[3]);
+    std::vector<uint32_t> want;
+    for (const std::string &k : words(fields[4])) {
+      size_t i = std::stoul(k);
+      uint32_t cp = x[i];
+      if (std::stoi(levels[i]) & 1) cp = bidi_mirror(cp);
+      want.push_back(cp);
+    }
+    std::vector<uint32_t> got;
+    for (uint32_t cp : code_points_of(visual))
+      if (!bidi::is_removed(bidi_props(cp) & bidi_class_bits)) got.push_back(cp);
+    if (got != want) {
+      forward.fail("BidiCharacterTest.txt", number, "the format's visual order differs");
+      continue;
+    }
+
+    // The levels of the logical text in visual order, and those the visual
+    // text has of its own.
+    p.n = static_cast<uint32_t>(x.size());
+    for (uint32_t i = 0; i < p.n; ++i) p.cp[i] = x[i];
+    bidi_classify(p);
+    bidi_resolve(p, direction);
+    uint16_t order[bidi_max];
+    bidi_visual_order(p.level, p.n, order);
+    std::vector<uint8_t> carried(p.n);
+    for (uint32_t k = 0; k < p.n; ++k) carried[k] = p.level[order[k]];
+    std::vector<uint32_t> v = code_points_of(visual);
+    p.n = static_cast<uint32_t>(v.size());
+    for (uint32_t i = 0; i < p.n; ++i) p.cp[i] = v[i];
+    bidi_classify(p);
+    bidi_resolve(p, direction);
+    const bool defined = std::vector<uint8_t>(p.level, p.level + p.n) == carried;
+    const std::string again = run_format(direction == bidi_rtl ? zfmvslogr : zfmvslog, visual);
+    if (again == logical) ++recovered;
+    if (!defined) continue;
+    ++back.cases;
+    if (again != logical) back.fail("BidiCharacterTest.txt", number, "visual to logical lost the text");
+  }
+  std::printf("the formats on BidiCharacterTest.txt: %ld of %ld visual orders right (%ld lines end in a blank);\n"
+              "  visual to logical defined for %ld, right for %ld of them; %ld of %ld came back exactly\n",
+              forward.cases - forward.failures, forward.cases, skipped, back.cases, back.cases - back.failures,
+              recovered, forward.cases);
+  EXPECT_GT(forward.cases, 90000);
+  EXPECT_EQ(forward.failures, 0);
+  EXPECT_GT(back.cases, 80000);
+  EXPECT_EQ(back.failures, 0);
+}
+
+}  // namespace
