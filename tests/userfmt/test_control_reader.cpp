@@ -269,33 +269,47 @@ TEST(control_reader, character_format_named_with_its_dollar) {
 
 namespace {
 
+// A one-row control file after the header of bad_number.xml.
+std::string one_row_file(const std::string &type, const std::string &start, const std::string &end,
+                         const std::string &label) {
+  std::ifstream in(xfmt::test::data_dir() / "userfmt/bad_number.xml");
+  std::stringstream template_text;
+  template_text << in.rdbuf();
+  const std::string xml = template_text.str();
+  const std::string path = ::testing::TempDir() + "/one_row.xml";
+  std::ofstream out(path, std::ios::binary | std::ios::trunc);
+  out << xml.substr(0, xml.find("<ROW>")) << "<ROW><FMTNAME>REV</FMTNAME><START>" << start
+      << "</START><END>" << end << "</END><LABEL>" << label
+      << "</LABEL><MIN>1</MIN><MAX>40</MAX><DEFAULT>8</DEFAULT><FUZZ>0</FUZZ>"
+         "<PREFIX/><MULT>0</MULT><FILL/><NOEDIT>0</NOEDIT><TYPE>"
+      << type
+      << "</TYPE><SEXCL>N</SEXCL><EEXCL>N</EEXCL><HLO/><DECSEP/><DIG3SEP/><DATATYPE/>"
+         "<LANGUAGE/></ROW>\n</TABLE>\n";
+  return path;
+}
+
 // A file that never ends is read up to the limit and refused with its own
 // code, never parsed; a range whose START lies above its END is a bad row.
 TEST(control_reader, endless_file_and_reversed_ranges) {
   xfmt::test::read_request endless("/dev/zero", "X");
   EXPECT_EQ(endless.rc, -21);
-  // The one-row file of bad_number.xml with other cells.
-  std::ifstream in(xfmt::test::data_dir() / "userfmt/bad_number.xml");
-  std::stringstream template_text;
-  template_text << in.rdbuf();
-  const std::string xml = template_text.str();
-  const std::string row_start = "<ROW>", head = xml.substr(0, xml.find(row_start));
   const struct { const char *name, *type, *start, *end; int rc; } rows[] = {
       {"REV", "N", "5", "1", -3}, {"REV", "N", "1", "5", 0}, {"REV", "N", "3", "3", 0},
       {"$REV", "C", "b", "a", -3}, {"$REV", "C", "a", "b", 0}};
-  const std::string path = ::testing::TempDir() + "/reversed.xml";
   for (const auto &r : rows) {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out << head << "<ROW><FMTNAME>REV</FMTNAME><START>" << r.start << "</START><END>" << r.end
-        << "</END><LABEL>x</LABEL><MIN>1</MIN><MAX>40</MAX><DEFAULT>8</DEFAULT><FUZZ>0</FUZZ>"
-           "<PREFIX/><MULT>0</MULT><FILL/><NOEDIT>0</NOEDIT><TYPE>"
-        << r.type
-        << "</TYPE><SEXCL>N</SEXCL><EEXCL>N</EEXCL><HLO/><DECSEP/><DIG3SEP/><DATATYPE/>"
-           "<LANGUAGE/></ROW>\n</TABLE>\n";
-    out.close();
-    xfmt::test::read_request q(path, r.name);
+    xfmt::test::read_request q(one_row_file(r.type, r.start, r.end, "x"), r.name);
     EXPECT_EQ(q.rc, r.rc) << r.type << " " << r.start << ".." << r.end;
   }
+}
+
+// Label bytes that are not UTF-8 refuse the row; a NUL inside a label is a
+// character like any other, never the end of the label.
+TEST(control_reader, labels_that_do_not_convert_and_nul_bytes) {
+  xfmt::test::read_request bad(one_row_file("N", "1", "", std::string("x\xFF\xFEy")), "REV");
+  EXPECT_LT(bad.rc, 0);
+  xfmt::test::read_request nul(one_row_file("N", "1", "", std::string("ab\0cd", 5)), "REV");
+  ASSERT_EQ(nul.rc, 0);
+  EXPECT_EQ(label_of(nul, 1, 8), std::string("ab\0cd   ", 8));
 }
 
 }  // namespace
