@@ -6,6 +6,7 @@
 #include <fstream>
 #include <random>
 #include <sstream>
+#include <vector>
 
 #include "catalog/chain.hpp"
 #include "support/frame.hpp"
@@ -269,6 +270,30 @@ TEST(control_reader, character_format_named_with_its_dollar) {
 
 namespace {
 
+struct file_row {
+  std::string start, end, label, hlo;
+};
+
+// A control file of format REV after the header of bad_number.xml.
+std::string rows_file(const std::string &type, const std::vector<file_row> &rows) {
+  std::ifstream in(xfmt::test::data_dir() / "userfmt/bad_number.xml");
+  std::stringstream template_text;
+  template_text << in.rdbuf();
+  const std::string xml = template_text.str();
+  const std::string path = ::testing::TempDir() + "/rows.xml";
+  std::ofstream out(path, std::ios::binary | std::ios::trunc);
+  out << xml.substr(0, xml.find("<ROW>"));
+  for (const file_row &r : rows)
+    out << "<ROW><FMTNAME>REV</FMTNAME><START>" << r.start << "</START><END>" << r.end
+        << "</END><LABEL>" << r.label
+        << "</LABEL><MIN>1</MIN><MAX>40</MAX><DEFAULT>8</DEFAULT><FUZZ>0</FUZZ>"
+           "<PREFIX/><MULT>0</MULT><FILL/><NOEDIT>0</NOEDIT><TYPE>"
+        << type << "</TYPE><SEXCL>N</SEXCL><EEXCL>N</EEXCL><HLO>" << r.hlo
+        << "</HLO><DECSEP/><DIG3SEP/><DATATYPE/><LANGUAGE/></ROW>\n";
+  out << "</TABLE>\n";
+  return path;
+}
+
 // A one-row control file after the header of bad_number.xml.
 std::string one_row_file(const std::string &type, const std::string &start, const std::string &end,
                          const std::string &label) {
@@ -300,6 +325,34 @@ TEST(control_reader, endless_file_and_reversed_ranges) {
     xfmt::test::read_request q(one_row_file(r.type, r.start, r.end, "x"), r.name);
     EXPECT_EQ(q.rc, r.rc) << r.type << " " << r.start << ".." << r.end;
   }
+}
+
+// Overlapping ranges: the first in the file's order wins, also in a format
+// sorted for bisection ("S" in HLO), which then keeps the linear search;
+// ranges apart keep the bisection.
+TEST(control_reader, overlapping_ranges_first_in_file_order) {
+  for (const char *hlo : {"", "S"}) {
+    xfmt::test::read_request q(
+        rows_file("N", {{"5", "6", "inner", hlo}, {"1", "10", "outer", hlo}, {"20", "30", "far", hlo}}), "REV");
+    ASSERT_EQ(q.rc, 0) << hlo;
+    EXPECT_EQ(q.header()->linear_search, 1) << hlo;
+    EXPECT_EQ(label_of(q, 5, 8), "inner   ") << hlo;
+    EXPECT_EQ(label_of(q, 2, 8), "outer   ") << hlo;
+    EXPECT_EQ(label_of(q, 25, 8), "far     ") << hlo;
+    xfmt::test::read_request c(
+        rows_file("C", {{"b", "c", "inner", hlo}, {"a", "z", "outer", hlo}}), "$REV");
+    ASSERT_EQ(c.rc, 0) << hlo;
+    EXPECT_EQ(c.header()->linear_search, 1) << hlo;
+  }
+  xfmt::test::read_request apart(
+      rows_file("N", {{"20", "30", "far", "S"}, {"1", "10", "near", "S"}, {"10", "12", "edge", "S"}}), "REV");
+  ASSERT_EQ(apart.rc, 0);
+  EXPECT_EQ(apart.header()->linear_search, 1);  // 10 lies in two ranges
+  xfmt::test::read_request sorted(rows_file("N", {{"20", "30", "far", "S"}, {"1", "10", "near", "S"}}), "REV");
+  ASSERT_EQ(sorted.rc, 0);
+  EXPECT_EQ(sorted.header()->linear_search, 0);
+  EXPECT_EQ(label_of(sorted, 25, 8), "far     ");
+  EXPECT_EQ(label_of(sorted, 10, 8), "near    ");
 }
 
 // Label bytes that are not UTF-8 refuse the row; a NUL inside a label is a
