@@ -3,8 +3,10 @@
 // directly and against a plain memcpy/memset of the same field.
 #include <benchmark/benchmark.h>
 
+#include <climits>
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "xfmt/xfmt.h"
 
@@ -113,5 +115,45 @@ void BM_char_utf16_refreshed(benchmark::State &state) {
   }
 }
 BENCHMARK(BM_char_utf16_refreshed)->Unit(benchmark::kNanosecond);
+
+// Frames outside the limits: every built catalogued conversion once per
+// iteration with width INT32_MAX and decimals INT32_MIN into a 64-byte
+// buffer (the entry guard's irregular path, then the routine's own
+// refusal), against the same conversions with a plain frame of their default
+// width. The ratio is the guard's price on a bad frame; the counter gives
+// the conversions per iteration.
+void bad_frame_round(benchmark::State &state, bool bad) {
+  std::vector<fmtinfo_eachfmt> rows;
+  for (const fmtposs_row &p : fmtposs) {
+    std::string name(p.row.name, p.row.name_length);
+    const int32_t kind = name[0] == '@' ? 73 : 0;
+    if (kind == 73) name.erase(0, 1);
+    void *h = nullptr;
+    if (xfname(name.data(), static_cast<int32_t>(name.size()), kind, nullptr, &h) != XF_OK) continue;
+    const fmtinfo_eachfmt row = static_cast<const fmtposs_row *>(h)->row;
+    xfdel(h);
+    if (row.routine != nullptr && row.default_width <= 64) rows.push_back(row);
+  }
+  const double value = 1234.5;
+  char out[64];
+  for (auto _ : state) {
+    for (const fmtinfo_eachfmt &r : rows) {
+      xf_frame f{};
+      f.width = bad ? INT32_MAX : r.default_width;
+      f.decimals = bad ? INT32_MIN : r.default_decimals;
+      f.input = &value;
+      f.input_length = 8;
+      f.output = out;
+      f.output_capacity = sizeof out;
+      benchmark::DoNotOptimize(r.routine(&f));
+    }
+    benchmark::ClobberMemory();
+  }
+  state.counters["conversions"] = static_cast<double>(rows.size());
+}
+void BM_every_conversion_plain_frame(benchmark::State &s) { bad_frame_round(s, false); }
+void BM_every_conversion_bad_frame(benchmark::State &s) { bad_frame_round(s, true); }
+BENCHMARK(BM_every_conversion_plain_frame)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_every_conversion_bad_frame)->Unit(benchmark::kMicrosecond);
 
 }  // namespace

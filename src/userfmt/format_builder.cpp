@@ -63,6 +63,48 @@ int compare_char_starts(const void *a, const void *b) {
   return zstrcomu(char_range_start(x), x->start_length, char_range_start(y), y->start_length);
 }
 
+// Compares the end of a (the furthest end seen so far) with the start of b
+// in the order of the search: LOW starts below everything, HIGH ends above.
+int compare_end_start(const void *a, const void *b, bool character) {
+  if (character) {
+    auto x = static_cast<const xf_range_char *>(a), y = static_cast<const xf_range_char *>(b);
+    if (x->flags & XF_RANGE_HIGH) return 1;
+    if (y->flags & XF_RANGE_LOW) return 1;
+    return zstrcomu(char_range_end(x), x->end_length, char_range_start(y), y->start_length);
+  }
+  auto x = static_cast<const xf_range_numeric *>(a), y = static_cast<const xf_range_numeric *>(b);
+  uint64_t end = load_key(x->end_key), start = load_key(y->start_key);
+  return end < start ? -1 : end > start ? 1 : 0;
+}
+
+// True when some value falls in two ranges of the sorted entries: a start
+// below the furthest end before it, or equal to it with both ends included.
+template <class Ranked>
+bool ranges_overlap(const Ranked *order, std::size_t n, bool character) {
+  if (n < 2) return false;
+  const void *furthest = order[0].first;
+  for (std::size_t i = 1; i < n; ++i) {
+    const void *e = order[i].first;
+    const auto *fe = static_cast<const xf_range_numeric *>(furthest);
+    const uint8_t ef = character ? static_cast<const xf_range_char *>(e)->flags
+                                 : static_cast<const xf_range_numeric *>(e)->flags;
+    const uint8_t ff = character ? static_cast<const xf_range_char *>(furthest)->flags : fe->flags;
+    const int c = compare_end_start(furthest, e, character);
+    if (c > 0 || (c == 0 && !(ff & XF_RANGE_END_EXCL) && !(ef & XF_RANGE_START_EXCL))) return true;
+    // e ends further when its end lies above the furthest end so far.
+    const bool further =
+        character ? ((ef & XF_RANGE_HIGH) ||
+                     (!(ff & XF_RANGE_HIGH) &&
+                      zstrcomu(char_range_end(static_cast<const xf_range_char *>(e)),
+                               static_cast<const xf_range_char *>(e)->end_length,
+                               char_range_end(static_cast<const xf_range_char *>(furthest)),
+                               static_cast<const xf_range_char *>(furthest)->end_length) > 0))
+                  : load_key(static_cast<const xf_range_numeric *>(e)->end_key) > load_key(fe->end_key);
+    if (further) furthest = e;
+  }
+  return false;
+}
+
 }  // namespace
 
 int column_of(std::string_view name) {
@@ -317,7 +359,12 @@ int format_builder::finish(xf_ufmt_context *context) {
       int c = character ? compare_char_starts(a.first, b.first) : compare_numeric_starts(a.first, b.first);
       return c != 0 ? c < 0 : a.second < b.second;
     });
-    for (std::size_t i = 0; i < order.size(); ++i) entries_[i] = order[i].first;
+    // One rule for overlapping ranges, whatever the search: the first range
+    // in the file's order wins. A bisection could land on any of them, so a
+    // format whose ranges overlap is searched linearly in the file's order.
+    if (ranges_overlap(order.data(), order.size(), character)) header_->linear_search = 1;
+    else
+      for (std::size_t i = 0; i < order.size(); ++i) entries_[i] = order[i].first;
   }
   // One leading word before the range pointers holds the search index of a
   // numeric format searched by bisection (null otherwise).

@@ -106,6 +106,75 @@ TEST(allocations, none_per_value) {
   EXPECT_EQ(allocations.load(), 0u) << "checksum " << sum;
 }
 
+// Every other family through the handles a host resolves: dates, times,
+// national formats (after the first value in each locale, which reads the
+// locale), money, the euro formats, text, binary, and the informats. Each
+// handle converts a date and a datetime before counting starts.
+TEST(allocations, none_per_value_in_every_family) {
+  struct request {
+    const char *name;
+    int32_t kind, w, d;
+    uint64_t locale;
+    const char *text;  // informat input; formats read a number
+  };
+  const request requests[] = {
+      {"DATE", 0, 9, 0, 0, nullptr},        {"WEEKDATE", 0, 29, 0, 0, nullptr},
+      {"TIME", 0, 12, 2, 0, nullptr},       {"DATETIME", 0, 20, 0, 0, nullptr},
+      {"E8601DT", 0, 19, 0, 0, nullptr},    {"E8601LZ", 0, 14, 0, 0, nullptr},
+      {"WORDDATX", 0, 25, 0, 0, nullptr},   {"NLDATE", 0, 30, 0, 64, nullptr},
+      {"NLDATE", 0, 30, 0, 79, nullptr},    {"NLDATM", 0, 40, 2, 131, nullptr},
+      {"NLMNIEUR", 0, 16, 2, 97, nullptr},  {"NLMNLJPY", 0, 16, 2, 19, nullptr},
+      {"EURFRDEM", 0, 12, 2, 0, nullptr},   {"WORDS", 0, 80, 0, 0, nullptr},
+      {"ROMAN", 0, 12, 0, 0, nullptr},      {"HEX", 0, 16, 0, 0, nullptr},
+      {"PD", 0, 8, 0, 0, nullptr},          {"PVALUE", 0, 8, 3, 0, nullptr},
+      {"F", 73, 12, 2, 0, "  1234.5  "},    {"COMMA", 73, 12, 0, 0, "$1,234.50"},
+      {"DATE", 73, 9, 0, 0, "04JUL2023"},   {"DATETIME", 73, 18, 0, 0, "04JUL2023:10:11:12"},
+      {"TIME", 73, 8, 0, 0, "10:11:12"},    {"MMDDYY", 73, 10, 0, 0, "07:04:2023"},
+      {"$CHAR", 73, 8, 0, 0, "abc"},        {"HEX", 73, 4, 0, 0, "1F2E"},
+  };
+  constexpr size_t n = std::size(requests);
+  void *handles[n] = {};
+  char out[128];
+  double value = 1.5e9 + 0.25;
+  auto convert = [&](size_t i) {
+    const request &r = requests[i];
+    xf_frame f{};
+    f.width = r.w;
+    f.decimals = r.d;
+    f.option_word = r.locale;
+    if (r.text != nullptr) {
+      f.input = r.text;
+      f.input_length = static_cast<uint32_t>(std::strlen(r.text));
+    } else {
+      f.input = &value;
+      f.input_length = 8;
+    }
+    f.output = out;
+    f.output_capacity = sizeof out;
+    return xffmt(&f, handles[i]) + f.output_length;
+  };
+  for (size_t i = 0; i < n; ++i) {
+    const request &r = requests[i];
+    ASSERT_EQ(xfname(r.name, static_cast<int32_t>(std::strlen(r.name)), r.kind, nullptr, &handles[i]), XF_OK)
+        << r.name;
+    for (double v : {0.0, 23451.0, 1.5e9 + 0.25}) {  // a date, a datetime: the first values
+      value = v;
+      convert(i);
+    }
+  }
+  const uint64_t count = xfmt::test::scaled(200000);
+  uint64_t sum = 0;
+  allocations = 0;
+  counting = true;
+  for (uint64_t k = 0; k < count; ++k) {
+    value = static_cast<double>(k % 30000) * 86400.0 / 7.0 + 0.5;
+    sum += convert(k % n);
+  }
+  counting = false;
+  EXPECT_EQ(allocations.load(), 0u) << "checksum " << sum;
+  for (void *h : handles) xfdel(h);
+}
+
 TEST(allocations, the_counter_sees_an_allocation) {
   allocations = 0;
   counting = true;

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <random>
 #include <sstream>
+#include <vector>
 
 #include "catalog/chain.hpp"
 #include "support/frame.hpp"
@@ -270,31 +271,59 @@ TEST(control_reader, character_format_named_with_its_dollar) {
 
 namespace {
 
+struct file_row {
+  std::string start, end, label, hlo;
+};
+
+// A control file of format REV after the header of bad_number.xml.
+std::string rows_file(const std::string &type, const std::vector<file_row> &rows) {
+  std::ifstream in(xfmt::test::data_dir() / "userfmt/bad_number.xml");
+  std::stringstream template_text;
+  template_text << in.rdbuf();
+  const std::string xml = template_text.str();
+  const std::string path = ::testing::TempDir() + "/rows.xml";
+  std::ofstream out(path, std::ios::binary | std::ios::trunc);
+  out << xml.substr(0, xml.find("<ROW>"));
+  for (const file_row &r : rows)
+    out << "<ROW><FMTNAME>REV</FMTNAME><START>" << r.start << "</START><END>" << r.end
+        << "</END><LABEL>" << r.label
+        << "</LABEL><MIN>1</MIN><MAX>40</MAX><DEFAULT>8</DEFAULT><FUZZ>0</FUZZ>"
+           "<PREFIX/><MULT>0</MULT><FILL/><NOEDIT>0</NOEDIT><TYPE>"
+        << type << "</TYPE><SEXCL>N</SEXCL><EEXCL>N</EEXCL><HLO>" << r.hlo
+        << "</HLO><DECSEP/><DIG3SEP/><DATATYPE/><LANGUAGE/></ROW>\n";
+  out << "</TABLE>\n";
+  return path;
+}
+
+// A one-row control file after the header of bad_number.xml.
+std::string one_row_file(const std::string &type, const std::string &start, const std::string &end,
+                         const std::string &label) {
+  std::ifstream in(xfmt::test::data_dir() / "userfmt/bad_number.xml");
+  std::stringstream template_text;
+  template_text << in.rdbuf();
+  const std::string xml = template_text.str();
+  const std::string path = ::testing::TempDir() + "/one_row.xml";
+  std::ofstream out(path, std::ios::binary | std::ios::trunc);
+  out << xml.substr(0, xml.find("<ROW>")) << "<ROW><FMTNAME>REV</FMTNAME><START>" << start
+      << "</START><END>" << end << "</END><LABEL>" << label
+      << "</LABEL><MIN>1</MIN><MAX>40</MAX><DEFAULT>8</DEFAULT><FUZZ>0</FUZZ>"
+         "<PREFIX/><MULT>0</MULT><FILL/><NOEDIT>0</NOEDIT><TYPE>"
+      << type
+      << "</TYPE><SEXCL>N</SEXCL><EEXCL>N</EEXCL><HLO/><DECSEP/><DIG3SEP/><DATATYPE/>"
+         "<LANGUAGE/></ROW>\n</TABLE>\n";
+  return path;
+}
+
 // A file that never ends is read up to the limit and refused with its own
 // code, never parsed; a range whose START lies above its END is a bad row.
 TEST(control_reader, endless_file_and_reversed_ranges) {
   xfmt::test::read_request endless("/dev/zero", "X");
   EXPECT_EQ(endless.rc, -21);
-  // The one-row file of bad_number.xml with other cells.
-  std::ifstream in(xfmt::test::data_dir() / "userfmt/bad_number.xml");
-  std::stringstream template_text;
-  template_text << in.rdbuf();
-  const std::string xml = template_text.str();
-  const std::string row_start = "<ROW>", head = xml.substr(0, xml.find(row_start));
   const struct { const char *name, *type, *start, *end; int rc; } rows[] = {
       {"REV", "N", "5", "1", -3}, {"REV", "N", "1", "5", 0}, {"REV", "N", "3", "3", 0},
       {"$REV", "C", "b", "a", -3}, {"$REV", "C", "a", "b", 0}};
-  const std::string path = ::testing::TempDir() + "/reversed.xml";
   for (const auto &r : rows) {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out << head << "<ROW><FMTNAME>REV</FMTNAME><START>" << r.start << "</START><END>" << r.end
-        << "</END><LABEL>x</LABEL><MIN>1</MIN><MAX>40</MAX><DEFAULT>8</DEFAULT><FUZZ>0</FUZZ>"
-           "<PREFIX/><MULT>0</MULT><FILL/><NOEDIT>0</NOEDIT><TYPE>"
-        << r.type
-        << "</TYPE><SEXCL>N</SEXCL><EEXCL>N</EEXCL><HLO/><DECSEP/><DIG3SEP/><DATATYPE/>"
-           "<LANGUAGE/></ROW>\n</TABLE>\n";
-    out.close();
-    xfmt::test::read_request q(path, r.name);
+    xfmt::test::read_request q(one_row_file(r.type, r.start, r.end, "x"), r.name);
     EXPECT_EQ(q.rc, r.rc) << r.type << " " << r.start << ".." << r.end;
   }
 }
@@ -344,6 +373,44 @@ TEST(control_reader, diagnosis_names_line_and_reason) {
   p = diagnose(no_columns, "AGEGRP");
   EXPECT_EQ(p.code, -14);
   EXPECT_EQ(p.line, 4u);
+}
+
+// Overlapping ranges: the first in the file's order wins, also in a format
+// sorted for bisection ("S" in HLO), which then keeps the linear search;
+// ranges apart keep the bisection.
+TEST(control_reader, overlapping_ranges_first_in_file_order) {
+  for (const char *hlo : {"", "S"}) {
+    xfmt::test::read_request q(
+        rows_file("N", {{"5", "6", "inner", hlo}, {"1", "10", "outer", hlo}, {"20", "30", "far", hlo}}), "REV");
+    ASSERT_EQ(q.rc, 0) << hlo;
+    EXPECT_EQ(q.header()->linear_search, 1) << hlo;
+    EXPECT_EQ(label_of(q, 5, 8), "inner   ") << hlo;
+    EXPECT_EQ(label_of(q, 2, 8), "outer   ") << hlo;
+    EXPECT_EQ(label_of(q, 25, 8), "far     ") << hlo;
+    xfmt::test::read_request c(
+        rows_file("C", {{"b", "c", "inner", hlo}, {"a", "z", "outer", hlo}}), "$REV");
+    ASSERT_EQ(c.rc, 0) << hlo;
+    EXPECT_EQ(c.header()->linear_search, 1) << hlo;
+  }
+  xfmt::test::read_request apart(
+      rows_file("N", {{"20", "30", "far", "S"}, {"1", "10", "near", "S"}, {"10", "12", "edge", "S"}}), "REV");
+  ASSERT_EQ(apart.rc, 0);
+  EXPECT_EQ(apart.header()->linear_search, 1);  // 10 lies in two ranges
+  xfmt::test::read_request sorted(rows_file("N", {{"20", "30", "far", "S"}, {"1", "10", "near", "S"}}), "REV");
+  ASSERT_EQ(sorted.rc, 0);
+  EXPECT_EQ(sorted.header()->linear_search, 0);
+  EXPECT_EQ(label_of(sorted, 25, 8), "far     ");
+  EXPECT_EQ(label_of(sorted, 10, 8), "near    ");
+}
+
+// Label bytes that are not UTF-8 refuse the row; a NUL inside a label is a
+// character like any other, never the end of the label.
+TEST(control_reader, labels_that_do_not_convert_and_nul_bytes) {
+  xfmt::test::read_request bad(one_row_file("N", "1", "", std::string("x\xFF\xFEy")), "REV");
+  EXPECT_LT(bad.rc, 0);
+  xfmt::test::read_request nul(one_row_file("N", "1", "", std::string("ab\0cd", 5)), "REV");
+  ASSERT_EQ(nul.rc, 0);
+  EXPECT_EQ(label_of(nul, 1, 8), std::string("ab\0cd   ", 8));
 }
 
 }  // namespace
