@@ -44,6 +44,14 @@ def test_character_formats_take_utf8_text():
     assert xfmt.format([1234], "S370FIB4.") == [b"\x00\x00\x04\xd2"]
 
 
+def test_bidirectional_formats_take_and_give_utf8():
+    logical, visual = "AB \u05d0\u05d1\u05d2 CD", "AB \u05d2\u05d1\u05d0 CD"
+    assert xfmt.format([logical], "$LOGVS12.") == [visual]
+    assert xfmt.format([visual], "$VSLOG12.") == [logical]
+    assert xfmt.format([logical], "$LOGVSR12.") == ["CD \u05d2\u05d1\u05d0 AB"]
+    assert xfmt.format([logical], "$LOGVS12.", as_array=True, dtype="S")[0] == visual.encode("utf-8")
+
+
 def test_numpy_and_pandas_columns():
     days = np.array([0.0, 23451.0, np.nan, 23451.5])
     assert xfmt.format(days, "DATE9.") == ["01JAN1960", "16MAR2024", ".", "16MAR2024"]
