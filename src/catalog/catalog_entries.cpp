@@ -89,14 +89,14 @@ const example_input *example_input_for(const xfx_spec &s) {
 }
 
 // Copies bytes into a NUL-terminated field of N bytes, writing \xHH for
-// bytes outside printable ASCII and backslashes when raw (so the bytes can be
-// read back), and for controls otherwise; a UTF-8 sequence is never split.
+// every byte when raw (the bytes of a layout, which read back unambiguously),
+// and for controls otherwise; a UTF-8 sequence is never split.
 template <size_t N>
 void put_shown(char (&field)[N], const unsigned char *src, size_t n, bool raw) {
   size_t out = 0;
   for (size_t i = 0; i < n;) {
     unsigned char b = src[i];
-    bool escape = b < 0x20 || b == 0x7F || (raw && (b >= 0x80 || b == '\\'));
+    bool escape = raw || b < 0x20 || b == 0x7F;
     size_t take = 1;
     if (!escape && b >= 0x80) take = b >= 0xF0 ? 4 : b >= 0xE0 ? 3 : 2;
     size_t need = escape ? 4 : take;
