@@ -152,8 +152,8 @@ XF_API uint32_t xfx_catalog_count(void);
  * converts a value chosen by the family (2023-07-04, 12:34:56, 1234.5678,
  * "Hello", ...) at the default width, doubled while the field shows only
  * stars; a "$" format gets a width its text fits; an informat reads the
- * text its format writes (or a usual text of its family) at the text's
- * length. National names convert in the locale ZAV_LOCALE names, and every
+ * text its format writes (or a usual text of its family; a byte layout no
+ * format writes: bytes of that layout) at the text's length. National names convert in the locale ZAV_LOCALE names, and every
  * example output is UTF-8. Returns XFX_OK or XFX_E_ARGUMENT. Allocates
  * nothing that outlives the call; thread safe. */
 XF_API xfx_error xfx_catalog_entry_at(uint32_t index, xfx_catalog_entry *entry);

@@ -5,6 +5,7 @@ import datetime
 import math
 import os
 import pickle
+import struct
 import subprocess
 import sys
 
@@ -39,7 +40,16 @@ def test_character_formats_take_utf8_text():
         xfmt.format(["ok", "\u0142odz"], "$CHAR6.")
     assert e.value.index == 1
     assert xfmt.format(["ok", "\u0142odz"], "$CHAR6.", errors="empty") == ["ok", ""]
-    assert xfmt.format([1234], "IB4.") == [b"\x00\x00\x04\xd2"]
+    assert xfmt.format([1234], "IB4.") == [struct.pack("=i", 1234)]
+    assert xfmt.format([1234], "S370FIB4.") == [b"\x00\x00\x04\xd2"]
+
+
+def test_bidirectional_formats_take_and_give_utf8():
+    logical, visual = "AB \u05d0\u05d1\u05d2 CD", "AB \u05d2\u05d1\u05d0 CD"
+    assert xfmt.format([logical], "$LOGVS12.") == [visual]
+    assert xfmt.format([visual], "$VSLOG12.") == [logical]
+    assert xfmt.format([logical], "$LOGVSR12.") == ["CD \u05d2\u05d1\u05d0 AB"]
+    assert xfmt.format([logical], "$LOGVS12.", as_array=True, dtype="S")[0] == visual.encode("utf-8")
 
 
 def test_numpy_and_pandas_columns():
@@ -109,10 +119,10 @@ def test_formatter_is_thread_safe():
     assert got == want
 
 
-def test_unknown_and_unbuilt_conversions():
+def test_unknown_conversions_and_locales():
     with pytest.raises(xfmt.SpecError) as e:
-        xfmt.Formatter("$BIDI5.")
-    assert e.value.code == "not_built"
+        xfmt.Formatter("NOSUCH.")
+    assert e.value.code == "unknown_name"
     with pytest.raises(ValueError):
         xfmt.Formatter("NLDATE20.", locale="xx_NOWHERE")
     with pytest.raises(TypeError):

@@ -55,15 +55,48 @@ example_value example_for(const xfx_spec &s) {
   return v;
 }
 
+// Informats that read a byte layout no format writes (or a text no family
+// value gives): the example input is bytes of their layout that read to the
+// family's moment (2023-07-04 12:34:56) or a plain number, with the width and
+// decimals the layout wants (width < 0: the input's length).
+struct example_input {
+  const char *name;
+  std::string_view bytes;
+  int32_t width;
+  int32_t decimals;
+};
+using namespace std::string_view_literals;
+constexpr example_input example_inputs[] = {
+    {"CB", "\x04\x00\x02\x00\x01\x00\x00\x20"sv, -1, 0},         // punches 1, 2, 3, 4: 1234
+    {"PUNCH", "\x04\x10"sv, 0, 1},                                  // rows 1 and 5; row 1 punched: 1
+    {"ROW", "\x00\x10"sv, 3, 4},                                    // row 5, third of rows 3-6: 3
+    {"S370FZDB", "\xF1\xF2\xF3\xF4"sv, -1, 0},                      // EBCDIC zoned 1234
+    {"PDTIME", "\x01\x23\x45\x6F"sv, -1, 0},                        // 12:34:56
+    {"RMFDUR", "\x01\x30\x50\x0F"sv, -1, 0},                        // 1 minute 30.5 seconds
+    {"RMFSTAMP", "\x01\x23\x45\x6F\x01\x23\x18\x5F"sv, -1, 0},  // 12:34:56, day 185 of 2023
+    {"SMFSTAMP", "\x00\x45\x1D\xC0\x01\x23\x18\x5F"sv, -1, 0},  // 4529600 hundredths, day 185 of 2023
+    {"SHRSTAMP", "\x01\x23\x18\x5F\x12\x34\x56\x00"sv, -1, 0},  // day 185 of 2023, 12:34:56.00
+    {"TODSTAMP", "\xDD\x8B\x8C\xB7\x0F\xC0\x00\x00"sv, -1, 0},  // microseconds since 1900, shifted 12
+    {"TU", "\x67\xAC\xA0\x00"sv, -1, 0},                            // 45296 * 38400 timer units
+    {"MSEC", "\x00\x00\xA8\xBD\xA1\xC0\x00\x00"sv, -1, 0},      // 45296 seconds in microseconds, shifted 12
+    {"YMDDTTM", "2023-07-04 12:34:56"sv, -1, 0},
+};
+
+const example_input *example_input_for(const xfx_spec &s) {
+  for (const example_input &x : example_inputs)
+    if (std::string_view(x.name) == std::string_view(s.name, s.name_length)) return &x;
+  return nullptr;
+}
+
 // Copies bytes into a NUL-terminated field of N bytes, writing \xHH for
-// bytes outside printable ASCII when raw, and for controls otherwise; a
-// UTF-8 sequence is never split.
+// every byte when raw (the bytes of a layout, which read back unambiguously),
+// and for controls otherwise; a UTF-8 sequence is never split.
 template <size_t N>
 void put_shown(char (&field)[N], const unsigned char *src, size_t n, bool raw) {
   size_t out = 0;
   for (size_t i = 0; i < n;) {
     unsigned char b = src[i];
-    bool escape = b < 0x20 || b == 0x7F || (raw && b >= 0x80);
+    bool escape = raw || b < 0x20 || b == 0x7F;
     size_t take = 1;
     if (!escape && b >= 0x80) take = b >= 0xF0 ? 4 : b >= 0xE0 ? 3 : 2;
     size_t need = escape ? 4 : take;
@@ -169,7 +202,8 @@ void informat_example(xfx_catalog_entry &e) {
   catalog_match m;
   xfx_spec f{};
   bool from_format = false;
-  if (find_catalog_name(s.name, s.name_length, m) && !m.intrinsic) {
+  const example_input *given = example_input_for(s);
+  if (given == nullptr && find_catalog_name(s.name, s.name_length, m) && !m.intrinsic) {
     fill_from_catalog(f, m);
     if (f.flags & XFX_CHARACTER) {
       int32_t len = static_cast<int32_t>(std::strlen(v.text));
@@ -181,13 +215,18 @@ void informat_example(xfx_catalog_entry &e) {
   }
   std::string_view text;
   bool raw = (s.flags & XFX_BYTES) != 0;
-  if (from_format) text = raw ? std::string_view(reinterpret_cast<const char *>(input), n) : trim(input, n);
+  if (given) text = given->bytes;
+  else if (from_format) text = raw ? std::string_view(reinterpret_cast<const char *>(input), n) : trim(input, n);
   else text = (s.flags & XFX_CHARACTER) ? v.text : v.fallback;
   put_shown(e.example_value, reinterpret_cast<const unsigned char *>(text.data()), text.size(), raw);
 
-  int32_t w = static_cast<int32_t>(text.size());
+  int32_t w = given && given->width >= 0 ? given->width : static_cast<int32_t>(text.size());
   s.width = w < s.min_width ? s.min_width : w > s.max_width ? s.max_width : w;
   s.flags |= XFX_WIDTH_GIVEN;
+  if (given && given->decimals > 0) {
+    s.decimals = given->decimals;
+    s.flags |= XFX_DECIMALS_GIVEN;
+  }
   xfx_spec_text(&s, e.example_spec, sizeof e.example_spec);
   xfx_conversion *c = nullptr;
   if (column::open_conversion(s, nullptr, 0, c) != XFX_OK) {

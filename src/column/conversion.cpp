@@ -48,6 +48,11 @@ xfx_error open_user(const xfx_spec &spec, void *context, xfx_conversion &c) {
   return XFX_OK;
 }
 
+// The bidirectional formats read UTF-8 (or UTF-16) text and write the same.
+bool reads_utf8(xf_routine r) {
+  return r == zfmlogvs || r == zfmlogvsr || r == zfmvslog || r == zfmvslogr || r == zfmbidi;
+}
+
 xfx_error open_catalog(const xfx_spec &spec, xfx_conversion &c) {
   char name[sizeof spec.name + 1];
   uint32_t n = 0;
@@ -58,6 +63,7 @@ xfx_error open_catalog(const xfx_spec &spec, xfx_conversion &c) {
   if (!catalog::find_catalog_name(name, n, m) || m.row->routine == nullptr) return XFX_E_NOT_BUILT;
   c.routine = m.row->routine;
   if (spec.flags & XFX_BYTES) c.route = route::bytes;
+  else if (reads_utf8(c.routine)) c.route = route::utf8;
   else if (!m.intrinsic && std::memcmp(m.poss->module_name, "JAZWFNLS", 8) == 0) c.route = route::national;
   else c.route = route::windows_1252;
   return XFX_OK;
@@ -148,13 +154,14 @@ xf_status convert_one(const xfx_conversion &c, xf_frame &f, const value_input &i
   length = 0;
   switch (c.route) {
     case route::windows_1252:
-    case route::bytes: {
+    case route::bytes:
+    case route::utf8: {
       f.output = out;
       f.output_capacity = cap32;
       xf_status st = c.routine(&f);
       if (wrote_nothing(st)) return st;
       size_t n = f.output_length < cap32 ? f.output_length : cap32;
-      if (c.ascii_only || c.route == route::bytes) {
+      if (c.ascii_only || c.route != route::windows_1252) {
         length = n;
         return st;
       }
@@ -240,6 +247,16 @@ xf_status prepare_text(const xfx_conversion &c, const unsigned char *text, size_
     set_width(c, in, in.length);
     return XF_OK;
   }
+  if (c.route == route::utf8) {
+    // The routine reads the caller's UTF-8 in place once it is known valid.
+    for (size_t i = 0; i < n;)
+      if (next_code_point(text, n, i) < 0) return XFX_S_BAD_UTF8;
+    in.data = text;
+    in.length = static_cast<uint32_t>(n > UINT32_MAX ? UINT32_MAX : n);
+    in.encoding = XF_ENC_SINGLE_BYTE;
+    set_width(c, in, in.length);
+    return XF_OK;
+  }
   if (c.route == route::user && (c.spec.flags & XFX_CHARACTER)) {
     size_t units = 0;
     r = utf8_to_utf16(text, n, reinterpret_cast<uint16_t *>(scratch), text_scratch_bytes / 2, units);
@@ -286,7 +303,8 @@ size_t xfx_max_field_bytes(const xfx_conversion *c) {
   size_t w = static_cast<size_t>(c->spec.width < 0 ? 0 : c->spec.width);
   if ((c->spec.flags & XFX_INFORMAT) && !(c->spec.flags & XFX_WIDTH_GIVEN)) w = c->spec.max_width;
   switch (c->route) {
-    case route::bytes: return w;
+    case route::bytes:
+    case route::utf8: return w;  // the width counts bytes of UTF-8
     case route::user: return w * 4 < 256 ? w * 4 : 256;
     case route::national: return w * 3;
     case route::windows_1252: return c->ascii_only ? w : w * 3;

@@ -15,6 +15,7 @@ enum class route : uint8_t {
   national,      // national-language formats: asked for UTF-16LE
   user,          // user-defined formats: UTF-8 already (labels)
   bytes,         // binary layouts: raw bytes, handed out as they are
+  utf8,          // the bidirectional formats: they read and write UTF-8 themselves
 };
 
 // Column fast paths a conversion qualifies for (see fast_paths.hpp).
@@ -73,7 +74,8 @@ xf_status read_one(const xfx_conversion &c, const value_input &in, double &value
 xf_status read_one(const xfx_conversion &c, xf_frame &frame, const value_input &in, double &value);
 
 // Makes a UTF-8 text the input of the conversion's routine: in place when it
-// is ASCII (or the routine reads bytes), else converted into scratch
+// is ASCII (or the routine reads bytes or UTF-8; UTF-8 that is not valid is
+// refused), else converted into scratch
 // (text_scratch_bytes) to Windows-1252 or UTF-16. Returns 0 or an XFX_S_*
 // status.
 xf_status prepare_text(const xfx_conversion &c, const unsigned char *text, size_t n, unsigned char *scratch,

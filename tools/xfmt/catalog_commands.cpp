@@ -259,7 +259,15 @@ int cmd_describe(const std::vector<std::string> &args, const run_options &opt) {
   }
   out += "  examples:\n";
   std::vector<std::string> values = example_values(s.family);
-  if (informat) {
+  xfx_catalog_entry e;
+  if (informat && (s.flags & XFX_BYTES) != 0) {
+    // Bytes cannot be typed as text: the catalog's example, read by the
+    // library with the width and decimals it shows, stands for them.
+    for (uint32_t i = 0, n = xfx_catalog_count(); i < n; ++i)
+      if (xfx_catalog_entry_at(i, &e) == XFX_OK && (e.spec.flags & XFX_INFORMAT) != 0 && c->name() == e.spec.name)
+        out += "    " + padded(std::string(e.example_spec) + " '" + for_terminal(e.example_value, opt) + "'", 24) +
+               " -> " + for_terminal(e.example_output, opt) + "\n";
+  } else if (informat) {
     // Texts to read: what the format of the same name writes for the
     // family's values, else the catalog's example text.
     std::string ignored;
@@ -273,7 +281,6 @@ int cmd_describe(const std::vector<std::string> &args, const run_options &opt) {
           (st == XF_OK || st == XF_REDUCED))
         texts.push_back(f.bytes);
     }
-    xfx_catalog_entry e;
     for (uint32_t i = 0, n = xfx_catalog_count(); texts.empty() && i < n; ++i)
       if (xfx_catalog_entry_at(i, &e) == XFX_OK && (e.spec.flags & XFX_INFORMAT) != 0 && c->name() == e.spec.name)
         texts.push_back(for_terminal(e.example_value, opt));
