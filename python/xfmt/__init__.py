@@ -18,7 +18,7 @@ datetime.date(2024, 3, 16)
 from .convert import ConversionError, Formatter, format, input, to_python
 from .formats import UserFormats, load_formats
 from .missing import Missing, is_missing
-from .spec import CatalogEntry, FormatSpec, SpecError, catalog, parse_spec
+from .written import CatalogEntry, FormatSpec, SpecError, catalog, parse_spec
 
 __all__ = [
     "CatalogEntry", "ConversionError", "Formatter", "FormatSpec", "Missing", "SpecError", "UserFormats",

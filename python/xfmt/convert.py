@@ -9,7 +9,7 @@ import threading
 
 from . import _lib
 from .missing import Missing, ordinary
-from .spec import ERRORS, FormatSpec, SpecError, _from_c, error_message, parse_c
+from .written import ERRORS, FormatSpec, SpecError, _from_c, error_message, parse_c
 
 try:  # NumPy and pandas are optional
     import numpy as _np
@@ -427,7 +427,7 @@ def _family_of(spec):
         return spec.spec.family
     if isinstance(spec, FormatSpec):
         return spec.family
-    from .spec import parse_spec
+    from .written import parse_spec
 
     return parse_spec(spec).family
 

@@ -93,7 +93,7 @@ def test_docstring_examples():
 
     import xfmt.convert
     import xfmt.formats
-    import xfmt.spec
+    import xfmt.written
 
     for module in (xfmt, xfmt.spec, xfmt.convert, xfmt.formats):
         failed, attempted = doctest.testmod(module)
