@@ -95,6 +95,6 @@ def test_docstring_examples():
     import xfmt.formats
     import xfmt.written
 
-    for module in (xfmt, xfmt.spec, xfmt.convert, xfmt.formats):
+    for module in (xfmt, xfmt.written, xfmt.convert, xfmt.formats):
         failed, attempted = doctest.testmod(module)
         assert failed == 0, module.__name__
