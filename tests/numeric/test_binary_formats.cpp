@@ -100,11 +100,11 @@ TEST(binary_formats, s370fib_and_ib_bytes) {
     check(zfms370ib, "S370FIB", r);
     check_native(zfmib, "IB", r);
   }
-  const row sheet[] = {
+  const row known[] = {
       {-300, 2, 0, "FED4", XF_OK},      {1, 2, 2, "0064", XF_OK},       {70000, 2, 0, "7FFF", XF_E_OVERFLOW},
       {-70000, 2, 0, "8000", XF_E_OVERFLOW}, {2.9, 2, 0, "0003", XF_OK}, {-2.9, 2, 0, "FFFD", XF_OK},
   };
-  for (const row &r : sheet) check(zfms370ib, "S370FIB", r);
+  for (const row &r : known) check(zfms370ib, "S370FIB", r);
   const row native_ib[] = {
       {-300, 4, 0, "D4FEFFFF", XF_OK}, {70000, 4, 0, "70110100", XF_OK}, {12.5, 2, 1, "7D00", XF_OK}};
   if (!xfmt::numeric::host_big)

@@ -108,7 +108,7 @@ TEST(card_informats, phex_bits_and_zoned) {
   for (const get_row &r : zdv) check_get(zifmzdv, "@ZDV", r);
 }
 
-TEST(stamp_informats, sheet_examples_and_refusals) {
+TEST(stamp_informats, known_examples_and_refusals) {
   const get_row pdtime[] = {{"0235959F", 4, 0, 86399, XF_OK}, {"00000000", 4, 0, dot, XF_OK}, {"0000000F", 4, 0, 0, XF_OK},
                             {"0236059F", 4, 0, dot, XF_IN_INVALID}, {"0235959A", 4, 0, dot, XF_IN_INVALID}};
   for (const get_row &r : pdtime) check_get(zifmpdtime, "@PDTIME", r);
