@@ -111,12 +111,12 @@ std::string ours(xf_routine r, int id, double v, int d) {
 std::string theirs(bool money, locale_t loc, double v, int d) {
   char out[128];
   if (money) {
-    char spec[16];
-    std::snprintf(spec, sizeof spec, "%%.%dn", d);
+    char pattern[16];
+    std::snprintf(pattern, sizeof pattern, "%%.%dn", d);
     // The format is built at run time for the precision; strfmon takes no '*'.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
-    ssize_t n = strfmon_l(out, sizeof out, loc, spec, v);
+    ssize_t n = strfmon_l(out, sizeof out, loc, pattern, v);
 #pragma GCC diagnostic pop
     return n < 0 ? std::string("(strfmon failed)") : std::string(out, static_cast<size_t>(n));
   }
