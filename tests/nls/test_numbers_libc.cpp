@@ -26,73 +26,25 @@ enum reason : unsigned {
   sign_space = 16,       // sep_by_space 2 (blank beside the sign) counts as a blank by the value
 };
 
+// The locales (space-separated codes) where a name differs for a reason.
 struct known_difference {
   const char *name;
-  const char *locale;
-  unsigned reasons;
+  unsigned reason;
+  const char *locales;
 };
 
 const known_difference known[] = {
-    {"NLNUM", "af_ZA", fixed_record},
-    {"NLMNY", "af_ZA", fixed_record},
-    {"NLNUM", "cs_CZ", narrow_nbsp},
-    {"NLMNY", "cs_CZ", narrow_nbsp},
-    {"NLNUM", "et_EE", narrow_nbsp},
-    {"NLMNY", "et_EE", narrow_nbsp},
-    {"NLNUM", "fi_FI", narrow_nbsp},
-    {"NLMNY", "fi_FI", narrow_nbsp},
-    {"NLNUM", "fr_CA", narrow_nbsp},
-    {"NLMNY", "fr_CA", narrow_nbsp | paren_blank},
-    {"NLNUM", "fr_FR", narrow_nbsp},
-    {"NLMNY", "fr_FR", narrow_nbsp},
-    {"NLNUM", "fr_LU", narrow_nbsp},
-    {"NLMNY", "fr_LU", narrow_nbsp},
-    {"NLNUM", "lv_LV", narrow_nbsp},
-    {"NLMNY", "lv_LV", narrow_nbsp},
-    {"NLNUM", "mk_MK", narrow_nbsp},
-    {"NLMNY", "mk_MK", narrow_nbsp},
-    {"NLNUM", "nb_NO", narrow_nbsp},
-    {"NLMNY", "nb_NO", narrow_nbsp},
-    {"NLNUM", "nn_NO", narrow_nbsp},
-    {"NLMNY", "nn_NO", narrow_nbsp},
-    {"NLNUM", "pl_PL", narrow_nbsp},
-    {"NLMNY", "pl_PL", narrow_nbsp},
-    {"NLNUM", "ru_RU", narrow_nbsp},
-    {"NLMNY", "ru_RU", narrow_nbsp},
-    {"NLNUM", "kk_KZ", narrow_nbsp},
-    {"NLMNY", "kk_KZ", narrow_nbsp | sign_space},
-    {"NLNUM", "sk_SK", narrow_nbsp},
-    {"NLMNY", "sk_SK", narrow_nbsp},
-    {"NLNUM", "es_CR", narrow_nbsp},
-    {"NLMNY", "es_CR", narrow_nbsp},
-    {"NLNUM", "sv_SE", narrow_nbsp},
-    {"NLMNY", "sv_SE", narrow_nbsp},
-    {"NLNUM", "uk_UA", narrow_nbsp},
-    {"NLMNY", "uk_UA", narrow_nbsp | sign_space},
-    {"NLNUM", "es_MX", narrow_nbsp},
-    {"NLMNY", "bs_BA", narrow_nbsp},
-    {"NLMNY", "bg_BG", narrow_nbsp},
-    {"NLMNY", "be_BY", narrow_nbsp},
-    {"NLMNY", "de_AT", narrow_nbsp},
-    {"NLMNY", "ru_UA", narrow_nbsp},
-    {"NLMNY", "ar_IN", first_group_only},
-    {"NLMNY", "bn_IN", first_group_only},
-    {"NLMNY", "en_IN", first_group_only},
-    {"NLMNY", "hi_IN", first_group_only},
-    {"NLMNY", "mr_IN", first_group_only},
-    {"NLMNY", "ta_IN", first_group_only},
-    {"NLMNY", "te_IN", first_group_only},
-    {"NLMNY", "zh_HK", paren_blank},
-    {"NLMNY", "zh_SG", paren_blank},
-    {"NLMNY", "en_HK", paren_blank},
-    {"NLMNY", "en_PH", paren_blank},
-    {"NLMNY", "en_SG", paren_blank},
-    {"NLMNY", "ms_MY", paren_blank},
-    {"NLMNY", "fr_CH", sign_space},
-    {"NLMNY", "de_LI", sign_space},
-    {"NLMNY", "de_LU", sign_space},
-    {"NLMNY", "de_CH", sign_space},
-    {"NLMNY", "it_CH", sign_space},
+    {"NLNUM", fixed_record, "af_ZA"},
+    {"NLMNY", fixed_record, "af_ZA"},
+    {"NLNUM", narrow_nbsp,
+     "cs_CZ es_CR es_MX et_EE fi_FI fr_CA fr_FR fr_LU kk_KZ lv_LV mk_MK nb_NO nn_NO pl_PL ru_RU "
+     "sk_SK sv_SE uk_UA"},
+    {"NLMNY", narrow_nbsp,
+     "be_BY bg_BG bs_BA cs_CZ de_AT es_CR et_EE fi_FI fr_CA fr_FR fr_LU kk_KZ lv_LV mk_MK nb_NO "
+     "nn_NO pl_PL ru_RU ru_UA sk_SK sv_SE uk_UA"},
+    {"NLMNY", first_group_only, "ar_IN bn_IN en_IN hi_IN mr_IN ta_IN te_IN"},
+    {"NLMNY", paren_blank, "en_HK en_PH en_SG fr_CA ms_MY zh_HK zh_SG"},
+    {"NLMNY", sign_space, "de_CH de_LI de_LU fr_CH it_CH kk_KZ uk_UA"},
 };
 
 const double values[] = {0,    42,    1234567.891, -9876.25, 0.75, -0.25, 12345678901.25,
@@ -159,12 +111,12 @@ std::string ours(xf_routine r, int id, double v, int d) {
 std::string theirs(bool money, locale_t loc, double v, int d) {
   char out[128];
   if (money) {
-    char spec[16];
-    std::snprintf(spec, sizeof spec, "%%.%dn", d);
+    char pattern[16];
+    std::snprintf(pattern, sizeof pattern, "%%.%dn", d);
     // The format is built at run time for the precision; strfmon takes no '*'.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
-    ssize_t n = strfmon_l(out, sizeof out, loc, spec, v);
+    ssize_t n = strfmon_l(out, sizeof out, loc, pattern, v);
 #pragma GCC diagnostic pop
     return n < 0 ? std::string("(strfmon failed)") : std::string(out, static_cast<size_t>(n));
   }
@@ -173,9 +125,12 @@ std::string theirs(bool money, locale_t loc, double v, int d) {
 }
 
 unsigned listed(const char *name, const std::string &code) {
+  unsigned reasons = 0;
   for (const auto &k : known)
-    if (code == k.locale && std::string(name) == k.name) return k.reasons;
-  return 0;
+    if (std::string(name) == k.name && (" " + std::string(k.locales) + " ").find(" " + code + " ") !=
+                                           std::string::npos)
+      reasons |= k.reason;
+  return reasons;
 }
 
 struct outcome {
