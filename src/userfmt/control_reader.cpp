@@ -234,11 +234,13 @@ control_problem diagnose_control_buffer(const char *data, std::size_t size, int3
   }
   void *head = chain;
   std::size_t stop = size;
+  const char *refusal = nullptr;
   try {
     format_builder builder(request_kind, name, &chain);
     table_reader reader(&builder);
     xf_ufmt_context context{};
     p.code = scan_control_xml(data, size, reader, &stop);
+    if (p.code == read_bad_row) refusal = builder.refusal();
     if (p.code == xml_ok) p.code = builder.finish(&context);
   } catch (const std::bad_alloc &) {
     p.code = read_no_memory;
@@ -246,7 +248,7 @@ control_problem diagnose_control_buffer(const char *data, std::size_t size, int3
     p.code = read_malformed;
   }
   xfmt::catalog::free_chain(head);
-  p.reason = reason_of(p.code);
+  p.reason = refusal ? refusal : reason_of(p.code);
   if (p.code < 0 && p.code != read_no_memory) {
     // A reading that ran to the end stopped on the last line, not after it.
     std::size_t end = stop < size ? stop : size;
