@@ -3,9 +3,19 @@
 // range of a format; rows of other formats are checked but not built.
 #include "xfmt/xfmt.h"
 
+#include <sys/stat.h>  // fstat: the size and modification time that key the cache
+#include <time.h>      // clock_gettime: a file changed just now is not kept
+
+#include <algorithm>
+#include <atomic>
 #include <cstdio>  // fopen, fread, fputs: the file and the "Open failed" text
+#include <list>
+#include <memory>
+#include <mutex>
 #include <new>
 #include <string>
+#include <unordered_map>
+#include <vector>
 
 #include "catalog/chain.hpp"
 #include "userfmt/control_reader.hpp"
@@ -70,7 +80,112 @@ class table_reader : public xml_handler {
   char last_type_ = 0;
 };
 
+
+// A control file scanned once: every row in file order, indexed by the
+// name a request matches (trimmed, '$' dropped, upper case), and how the
+// scan ended. Replaying a name's rows into a builder answers exactly as a
+// fresh reading would: rows of other formats never reach the builder, and
+// a builder error comes before any later scan error because it stopped the
+// scan there.
+struct parsed_control {
+  std::array<bool, column_count> declared{};
+  std::vector<row_cells> rows;
+  std::unordered_map<std::string, std::vector<std::size_t>> rows_of;
+  int scan_code = xml_ok;
+};
+
+// The row's name as the builder compares it; a request's name is only
+// stripped of its padding.
+std::string upper_key(std::string_view n) {
+  std::string k(n);
+  for (char &c : k)
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  return k;
+}
+
+// Records the rows the table reader would hand the builder, with the same
+// column checks, so that a missing column ends the scan at the same row.
+class row_recorder : public xml_handler {
+ public:
+  explicit row_recorder(parsed_control *out) : out_(out) {}
+  int column(std::string_view name) override {
+    int c = column_of(name);
+    if (c >= 0) out_->declared[static_cast<std::size_t>(c)] = true;
+    return xml_ok;
+  }
+  int header_done() override {
+    for (int c = 0; c < column_count; ++c)
+      if (needed_column(c) && !out_->declared[static_cast<std::size_t>(c)]) return read_missing_column;
+    return xml_ok;
+  }
+  int row_begin() override {
+    row_.present.fill(false);
+    for (auto &t : row_.text) t.clear();
+    return xml_ok;
+  }
+  int cell(std::string_view name, const std::string &text) override {
+    int c = column_of(name);
+    if (c < 0) return xml_ok;
+    auto i = static_cast<std::size_t>(c);
+    if (!out_->declared[i] || row_.present[i]) return read_malformed;
+    row_.present[i] = true;
+    row_.text[i] = text;
+    return xml_ok;
+  }
+  int row_end() override {
+    for (int c = 0; c < column_count; ++c)
+      if (needed_column(c) && !row_.present[static_cast<std::size_t>(c)]) return read_missing_column;
+    std::string_view n = row_.text[col_fmtname];
+    while (!n.empty() && (n.front() == ' ' || n.front() == '\t' || n.front() == '\n')) n.remove_prefix(1);
+    while (!n.empty() && (n.back() == ' ' || n.back() == '\t' || n.back() == '\n')) n.remove_suffix(1);
+    if (!n.empty() && n[0] == '$') n.remove_prefix(1);
+    out_->rows_of[upper_key(n)].push_back(out_->rows.size());
+    out_->rows.push_back(row_);
+    return xml_ok;
+  }
+
+ private:
+  parsed_control *out_;
+  row_cells row_;
+};
+
+std::atomic<std::size_t> control_parse_count{0};
+
+std::shared_ptr<const parsed_control> parse_control(const char *data, std::size_t size) {
+  control_parse_count.fetch_add(1, std::memory_order_relaxed);
+  auto parsed = std::make_shared<parsed_control>();
+  row_recorder recorder(parsed.get());
+  parsed->scan_code = scan_control_xml(data, size, recorder);
+  return parsed;
+}
+
+int32_t replay_control(const parsed_control &parsed, int32_t request_kind, const char *name,
+                       xf_ufmt_context *context, void **chain) {
+  try {
+    format_builder builder(request_kind, name, chain);
+    std::string_view n(name, 32);
+    while (!n.empty() && n.back() == ' ') n.remove_suffix(1);
+    auto found = parsed.rows_of.find(upper_key(n));
+    if (found != parsed.rows_of.end())
+      for (std::size_t i : found->second) {
+        const row_cells &row = parsed.rows[i];
+        if (!builder.wanted(row)) continue;
+        int rc = builder.add(row, parsed.declared);
+        if (rc != xml_ok) return rc;
+      }
+    if (parsed.scan_code != xml_ok) return parsed.scan_code;
+    return builder.finish(context);
+  } catch (const std::bad_alloc &) {
+    return read_no_memory;
+  } catch (...) {
+    return read_malformed;
+  }
+}
+
 }  // namespace
+
+std::size_t control_file_parses() { return control_parse_count.load(std::memory_order_relaxed); }
+
 
 int32_t read_control_buffer(const char *data, std::size_t size, int32_t request_kind,
                             const char *name, xf_ufmt_context *context, void **chain) {
@@ -119,11 +234,13 @@ control_problem diagnose_control_buffer(const char *data, std::size_t size, int3
   }
   void *head = chain;
   std::size_t stop = size;
+  const char *refusal = nullptr;
   try {
     format_builder builder(request_kind, name, &chain);
     table_reader reader(&builder);
     xf_ufmt_context context{};
     p.code = scan_control_xml(data, size, reader, &stop);
+    if (p.code == read_bad_row) refusal = builder.refusal();
     if (p.code == xml_ok) p.code = builder.finish(&context);
   } catch (const std::bad_alloc &) {
     p.code = read_no_memory;
@@ -131,7 +248,7 @@ control_problem diagnose_control_buffer(const char *data, std::size_t size, int3
     p.code = read_malformed;
   }
   xfmt::catalog::free_chain(head);
-  p.reason = reason_of(p.code);
+  p.reason = refusal ? refusal : reason_of(p.code);
   if (p.code < 0 && p.code != read_no_memory) {
     // A reading that ran to the end stopped on the last line, not after it.
     std::size_t end = stop < size ? stop : size;
@@ -165,11 +282,73 @@ namespace {
 // a stop for a path that never ends (/dev/zero, a pipe left open).
 constexpr std::size_t control_file_limit = std::size_t{256} << 20;
 
-// The whole file in memory: one read, linear in its size; read_too_large
-// once it passes the limit, before the memory for more is taken.
-int read_file(const char *path, std::string &bytes) {
+bool in_memory_library(const char *library) {
+  return std::string_view(library, 8) == "INMEMORY" || std::string_view(library, 8) == "INMEMX64";
+}
+
+// The parsed-file cache: a control file is scanned once and its rows kept,
+// so that resolving many names from one file reads and parses it once. An
+// entry is keyed by path, size and modification time (a rewritten file is
+// read again). At most control_cache_files files are kept, the least
+// recently used dropped first; each costs about twice its file's size.
+// The mutex is held only to look up or insert, never while reading,
+// parsing or building, and never on the per-value path. Only regular files
+// are kept: a device or a pipe is read afresh each time, and so is a file
+// modified within the last two seconds.
+constexpr std::size_t control_cache_files = 4;
+
+struct cache_entry {
+  std::string path;
+  off_t size;
+  struct timespec mtime;
+  std::shared_ptr<const parsed_control> parsed;
+};
+
+std::mutex cache_lock;
+std::list<cache_entry> &cache_entries() {
+  static auto *entries = new std::list<cache_entry>;  // never destroyed: threads may outlive exit
+  return *entries;
+}
+
+bool same_file(const cache_entry &e, const std::string &path, const struct stat &st) {
+  return e.size == st.st_size && e.mtime.tv_sec == st.st_mtim.tv_sec &&
+         e.mtime.tv_nsec == st.st_mtim.tv_nsec && e.path == path;
+}
+
+std::shared_ptr<const parsed_control> cached_control(const std::string &path, const struct stat &st) {
+  std::lock_guard<std::mutex> hold(cache_lock);
+  auto &entries = cache_entries();
+  for (auto i = entries.begin(); i != entries.end(); ++i)
+    if (same_file(*i, path, st)) {
+      entries.splice(entries.begin(), entries, i);
+      return i->parsed;
+    }
+  return nullptr;
+}
+
+void remember_control(const std::string &path, const struct stat &st,
+                      std::shared_ptr<const parsed_control> parsed) {
+  std::lock_guard<std::mutex> hold(cache_lock);
+  auto &entries = cache_entries();
+  // An older reading of the same path is stale now.
+  entries.remove_if([&](const cache_entry &e) { return e.path == path; });
+  entries.push_front(cache_entry{path, st.st_size, st.st_mtim, std::move(parsed)});
+  while (entries.size() > control_cache_files) entries.pop_back();
+}
+
+// Reads and parses the control file at path, or takes the cached parse.
+// Returns read_found with *out set, or the reader's code.
+int parsed_control_file(const char *path, std::shared_ptr<const parsed_control> *out) {
   std::FILE *f = std::fopen(path, "rb");
   if (!f) return read_open_failed;
+  struct stat st {};
+  const bool regular = ::fstat(fileno(f), &st) == 0 && S_ISREG(st.st_mode);
+  std::string key(path);
+  if (regular && (*out = cached_control(key, st))) {
+    std::fclose(f);
+    return read_found;
+  }
+  std::string bytes;
   char buf[65536];
   std::size_t n;
   int rc = read_found;
@@ -182,11 +361,19 @@ int read_file(const char *path, std::string &bytes) {
   }
   if (rc == read_found && std::ferror(f)) rc = read_open_failed;
   std::fclose(f);
-  return rc;
-}
-
-bool in_memory_library(const char *library) {
-  return std::string_view(library, 8) == "INMEMORY" || std::string_view(library, 8) == "INMEMX64";
+  if (rc != read_found) return rc;
+  *out = parse_control(bytes.data(), bytes.size());
+  // The key is the state seen at opening; a file written meanwhile differs
+  // in size or time and is read again next time.
+  // A file changed within the last two seconds is not kept: a rewrite of
+  // the same size in the same clock tick would keep its time and look
+  // unchanged.
+  struct timespec now {};
+  ::clock_gettime(CLOCK_REALTIME, &now);
+  const bool settled = st.st_mtim.tv_sec < now.tv_sec - 2;
+  if (regular && settled && static_cast<std::size_t>(st.st_size) == bytes.size())
+    remember_control(key, st, *out);
+  return read_found;
 }
 
 }  // namespace
@@ -197,9 +384,9 @@ extern "C" int32_t xfrdexp(int32_t request_kind, const char *name, xf_ufmt_conte
   // In-memory libraries are never read from a file.
   if (in_memory_library(context->library)) return read_not_found;
   const char *path = context->control_path ? context->control_path : "cntlout.xml";
-  std::string bytes;
+  std::shared_ptr<const parsed_control> parsed;
   try {
-    const int rc = read_file(path, bytes);
+    const int rc = parsed_control_file(path, &parsed);
     if (rc == read_too_large) return rc;
     if (rc != read_found) {
       std::fputs("Open failed\n", stdout);
@@ -208,5 +395,5 @@ extern "C" int32_t xfrdexp(int32_t request_kind, const char *name, xf_ufmt_conte
   } catch (...) {
     return read_no_memory;
   }
-  return read_control_buffer(bytes.data(), bytes.size(), request_kind, name, context, chain);
+  return replay_control(*parsed, request_kind, name, context, chain);
 }

@@ -21,6 +21,10 @@ int32_t list_control_formats(const char *data, std::size_t size,
                              void (*visit)(void *user, const char *name, std::size_t length, char type),
                              void *user);
 
+// How many times a control file has been scanned in this process (the
+// parsed-file cache's tests count parses with it).
+std::size_t control_file_parses();
+
 // Why a control file's bytes do not give the requested format, for a
 // person: the reader's code (0 found, 1 not found, negative as xfrdexp's),
 // the line the reading stopped on (1-based; 0 when it did not stop early)

@@ -231,6 +231,8 @@ const void *format_builder::picture_label(const row_cells &row, int &rc) {
   return p;
 }
 
+constexpr const char *start_above_end = "a range whose START lies above its END";
+
 int format_builder::numeric_entry(const row_cells &row, uint8_t flags, const void *label, bool low,
                                   bool high) {
   double start = 0, end = 0;
@@ -246,7 +248,10 @@ int format_builder::numeric_entry(const row_cells &row, uint8_t flags, const voi
   }
   // A range whose start lies above its end can match nothing under the
   // linear search yet would mislead the bisection: the row is refused.
-  if (!low && !high && key_of(start) > key_of(end)) return read_bad_row;
+  if (!low && !high && key_of(start) > key_of(end)) {
+    refusal_ = start_above_end;
+    return read_bad_row;
+  }
   double fuzz = header_->fuzz;
   auto *e = static_cast<xf_range_numeric *>(alloc(sizeof(xf_range_numeric)));
   if (!e) return read_no_memory;
@@ -278,8 +283,10 @@ int format_builder::character_entry(const row_cells &row, uint8_t flags, const v
   if (start.size() > 65535 || units_.size() > 65535) return read_bad_row;
   if (!low && !high &&
       zstrcomu(start.data(), static_cast<int32_t>(start.size()), units_.data(),
-               static_cast<int32_t>(units_.size())) > 0)
-    return read_bad_row;  // START above END, as for numbers
+               static_cast<int32_t>(units_.size())) > 0) {
+    refusal_ = start_above_end;  // as for numbers
+    return read_bad_row;
+  }
   std::size_t size = char_range_text_offset + 2 * (start.size() + units_.size());
   auto *e = static_cast<xf_range_char *>(alloc((size + 7) & ~std::size_t{7}));
   if (!e) return read_no_memory;

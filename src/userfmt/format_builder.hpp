@@ -55,6 +55,9 @@ class format_builder {
   // Completes the format: read_not_found when no row was taken, else
   // read_found with the header and its ranges stored in the context.
   int finish(xf_ufmt_context *context);
+  // Why the last row was refused, in words, when the refusal has a more
+  // precise reason than its code's; else null.
+  const char *refusal() const { return refusal_; }
 
  private:
   int start_header(char type);
@@ -72,6 +75,7 @@ class format_builder {
   xf_user_format *header_ = nullptr;
   std::vector<const void *> entries_;
   std::vector<uint16_t> units_;
+  const char *refusal_ = nullptr;
 };
 
 // Number of a cell: "." ordinary missing, ".A"-".Z" and "._" special

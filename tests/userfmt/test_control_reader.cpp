@@ -368,6 +368,22 @@ TEST(control_reader, diagnosis_names_line_and_reason) {
   EXPECT_EQ(p.line, line_of(bad_type, at));
   EXPECT_STREQ(p.reason, "an unknown TYPE");
 
+  // A reversed range is named as such, on its own line; another bad row
+  // keeps the general reason.
+  std::string reversed = good;
+  at = reversed.find("<START>13</START><END>20</END>");
+  reversed.replace(at, 30, "<START>20</START><END>13</END>");
+  p = diagnose(reversed, "AGEGRP");
+  EXPECT_EQ(p.code, -3);
+  EXPECT_EQ(p.line, line_of(reversed, at));
+  EXPECT_STREQ(p.reason, "a range whose START lies above its END");
+  std::string unreadable = good;
+  unreadable.replace(at, 30, "<START>1x</START><END>20</END>");
+  p = diagnose(unreadable, "AGEGRP");
+  EXPECT_EQ(p.code, -3);
+  EXPECT_EQ(p.line, line_of(unreadable, at));
+  EXPECT_EQ(std::string(p.reason).find("above"), std::string::npos);
+
   // A header without the columns every row needs ends at its last line.
   const std::string no_columns = "<TABLE>\n<HEADER><COLUMN name=\"FMTNAME\"/>\n</HEADER>\n</TABLE>\n";
   p = diagnose(no_columns, "AGEGRP");
