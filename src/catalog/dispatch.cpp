@@ -4,7 +4,9 @@
 
 #include <cstring>
 
+#include "catalog/chain.hpp"
 #include "catalog/output_encoding.hpp"
+#include "userfmt/nested_binding.hpp"
 
 namespace xfmt::catalog {
 namespace {
@@ -20,6 +22,13 @@ bool is_user_handle(const void *handle) {
 // input length counts units.
 xf_status call_user(xf_frame *frame, const xf_user_handle *h) {
   if (h->routine == nullptr) return XF_E_NOT_BUILT;
+  // The labels this format nests were bound at resolution; the table is the
+  // last block of the handle's chain.
+  const userfmt::nested_table *bound = nullptr;
+  if (h->reserved1[0] == userfmt::handle_has_nested && h->chain_last != nullptr)
+    bound = reinterpret_cast<const userfmt::nested_table *>(
+        static_cast<const unsigned char *>(h->chain_last) + chain_header_bytes);
+  userfmt::nested_scope scope(bound);
   if (h->kind != '+' || frame->input_encoding != XF_ENC_SINGLE_BYTE)
     return h->routine(frame, h->header, h->ranges);
   uint16_t wide[512];

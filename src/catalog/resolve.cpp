@@ -17,6 +17,7 @@
 #include "catalog/catalog.hpp"
 #include "catalog/chain.hpp"
 #include "catalog/intrinsics.hpp"
+#include "userfmt/nested_binding.hpp"
 
 namespace xfmt::catalog {
 namespace {
@@ -70,7 +71,7 @@ void write_width_block(void *width_block, const xf_user_handle &h) {
 // the context carries, then lets setfptr choose its routine (setfptr also
 // copies the format's three widths into the handle).
 void fill_user_handle(xf_user_handle *h, const char *name, uint32_t length,
-                      const xf_ufmt_context &ctx, void *first, void *last) {
+                      const xf_ufmt_context &ctx, void *first, void *last, bool nested) {
   std::memset(h, 0, sizeof *h);
   h->link = static_cast<uint64_t>(reinterpret_cast<uintptr_t>(h));
   h->kind = name[0] == '$' ? '+' : '-';
@@ -83,6 +84,7 @@ void fill_user_handle(xf_user_handle *h, const char *name, uint32_t length,
   h->ranges = ctx.word2;
   h->chain_first = first;
   h->chain_last = last;
+  if (nested) h->reserved1[0] = xfmt::userfmt::handle_has_nested;
   setfptr(ctx.control, h);
 }
 
@@ -103,6 +105,16 @@ xf_user_handle *user_storage(void **slot, void *&chain) {
   return static_cast<xf_user_handle *>(xfmalloc(&chain, sizeof(xf_user_handle)));
 }
 
+// Nested labels are resolved here, once, on the handle's chain; the table
+// of bindings is left as the chain's last block.
+xf_status bind_labels(const xf_ufmt_context &ctx, void *&chain,
+                      const xfmt::userfmt::nested_table *&table) {
+  return xfmt::userfmt::bind_nested(static_cast<const xf_user_format *>(ctx.control),
+                                    static_cast<const void *const *>(ctx.word2), &chain, &table) == 0
+             ? XF_OK
+             : 1;
+}
+
 // Step 2: a control block the host already loaded.
 xf_status resolve_ready(const char *name, uint32_t length, const xf_ufmt_context &ctx,
                         void *width_block, void **slot) {
@@ -110,7 +122,12 @@ xf_status resolve_ready(const char *name, uint32_t length, const xf_ufmt_context
   xf_user_handle *h = user_storage(slot, chain);
   if (h == nullptr) return 1;
   void *first = chain;  // the handle's block, or the anchor block
-  fill_user_handle(h, name, length, ctx, first, chain);
+  const xfmt::userfmt::nested_table *nested = nullptr;
+  if (bind_labels(ctx, chain, nested) != XF_OK) {
+    free_chain(first);
+    return 1;
+  }
+  fill_user_handle(h, name, length, ctx, first, chain, nested != nullptr);
   write_width_block(width_block, *h);
   *slot = h;
   return XF_OK;
@@ -130,7 +147,12 @@ xf_status resolve_user(const char *name, uint32_t length, const xf_ufmt_context 
     free_chain(first);
     return 1;
   }
-  fill_user_handle(h, name, length, copy, first, chain);
+  const xfmt::userfmt::nested_table *nested = nullptr;
+  if (bind_labels(copy, chain, nested) != XF_OK) {
+    free_chain(first);
+    return 1;
+  }
+  fill_user_handle(h, name, length, copy, first, chain, nested != nullptr);
   write_width_block(width_block, *h);
   *slot = h;
   return XF_OK;

@@ -9,6 +9,7 @@
 #include "catalog/chain.hpp"
 #include "catalog/missing.hpp"
 #include "userfmt/output.hpp"
+#include "userfmt/nested_binding.hpp"
 #include "userfmt/records.hpp"
 #include "catalog/routine_guard.hpp"
 
@@ -241,10 +242,9 @@ extern "C" int32_t getmulti(int32_t collect, xf_frame *frame, int64_t count,
 
 namespace {
 
-// Nesting depth of yfmtlbl on this thread: a catalog whose label names its
-// own format would otherwise recurse without end.
+// Nesting depth of yfmtlbl on this thread: a guard behind the cycle check of
+// the binding, and the only one for a host that calls yfmtlbl itself.
 thread_local int nested_depth = 0;
-constexpr int max_nested_depth = 8;
 
 xf_status nested_failed(xf_frame *f) {
   uint32_t c = byte_field(f);
@@ -256,39 +256,18 @@ xf_status nested_failed(xf_frame *f) {
 
 bool is_anchor(const xf_user_format *h) { return std::memcmp(h->marker, "00000000", 8) == 0; }
 
-}  // namespace
+const nested_binding *bound_row(const void *label) {
+  const nested_table *t = current_nested();
+  if (t == nullptr) return nullptr;
+  for (uint64_t i = 0; i < t->count; ++i)
+    if (t->rows[i].label == label) return &t->rows[i];
+  return nullptr;
+}
 
-XF_ROUTINE_WITH(yfmtlbl, frame, (void *header, void *ranges, const void *label), (header, ranges, label)) {
-  auto lf = static_cast<const xf_label_format *>(label);
-  // 1. Walk back to the anchor so that the name may resolve to any format of
-  // the same catalog.
-  auto h = as_header(header);
-  auto r = as_ranges(ranges);
-  while (!is_anchor(h)) {
-    --h;
-    r -= h->range_count;
-  }
-  // 2. The name without trailing blanks.
-  int32_t len = 32;
-  while (len > 0 && lf->name[len - 1] == ' ') --len;
-  if (len == 0 || nested_depth >= max_nested_depth) return nested_failed(frame);
-
-  xf_ufmt_context ctx{};
-  ctx.source = 5;
-  ctx.catalog = h;
-  ctx.catalog_ranges = r;
-  // Handle storage of our own: resolution fills it in place, so nothing is
-  // allocated per value and nothing needs releasing.
-  alignas(16) unsigned char storage[sizeof(xf_user_handle) + sizeof(fmtposs_row)] = {};
-  void *handle = storage;
-  uint16_t widths[8] = {};
-  ++nested_depth;
-  xf_status st = xfname3(lf->name, len, 0, widths, &handle, &ctx);
-  if (st != XF_OK || handle == nullptr) {
-    --nested_depth;
-    return nested_failed(frame);
-  }
-  // 4. Width: the label's, within the caller's and the format's limits.
+// Writes the value through the inner handle with the label's width, within
+// the caller's and the inner format's limits.
+xf_status write_nested(xf_frame *frame, const void *header, const xf_label_format *lf,
+                       void *handle, const uint16_t *widths) {
   int32_t lw = lf->width < 0 ? -lf->width : lf->width;
   int32_t w = std::min(frame->width, lw);
   w = std::min<int32_t>(widths[1], std::max<int32_t>(widths[0], w));
@@ -306,13 +285,55 @@ XF_ROUTINE_WITH(yfmtlbl, frame, (void *header, void *ranges, const void *label),
   inner.output = frame->output;
   inner.output_capacity = std::min(frame->output ? frame->output_capacity : 0u,
                                    static_cast<uint32_t>(lw));
-  st = xffmt(&inner, handle);
+  ++nested_depth;
+  xf_status st = xffmt(&inner, handle);
   --nested_depth;
+  frame->output_length = inner.output_length;
+  frame->output_encoding = inner.output_encoding;
+  return st;
+}
+
+}  // namespace
+
+XF_ROUTINE_WITH(yfmtlbl, frame, (void *header, void *ranges, const void *label), (header, ranges, label)) {
+  auto lf = static_cast<const xf_label_format *>(label);
+  if (nested_depth >= max_nested_depth) return nested_failed(frame);
+  // A label bound when its format was resolved: no look-up, no allocation.
+  // A cycle, an unknown name or too deep a nesting writes stars.
+  if (const nested_binding *b = bound_row(label)) {
+    if (b->state != nested_bound) return nested_failed(frame);
+    return write_nested(frame, header, lf, b->handle, b->widths);
+  }
+  // A host calling this routine with records no handle bound: resolve the
+  // name for this value. 1. Walk back to the anchor so that the name may
+  // resolve to any format of the same catalog.
+  auto h = as_header(header);
+  auto r = as_ranges(ranges);
+  while (!is_anchor(h)) {
+    --h;
+    r -= h->range_count;
+  }
+  // 2. The name without trailing blanks.
+  int32_t len = 32;
+  while (len > 0 && lf->name[len - 1] == ' ') --len;
+  if (len == 0) return nested_failed(frame);
+
+  xf_ufmt_context ctx{};
+  ctx.source = 5;
+  ctx.catalog = h;
+  ctx.catalog_ranges = r;
+  // Handle storage of our own: resolution fills it in place.
+  alignas(16) unsigned char storage[sizeof(xf_user_handle) + sizeof(fmtposs_row)] = {};
+  void *handle = storage;
+  uint16_t widths[8] = {};
+  ++nested_depth;
+  xf_status st = xfname3(lf->name, len, 0, widths, &handle, &ctx);
+  --nested_depth;
+  if (st != XF_OK || handle == nullptr) return nested_failed(frame);
+  st = write_nested(frame, header, lf, handle, widths);
   // A user-defined format resolved into our storage still anchors a chain
   // block of its own; a catalogued one allocated nothing.
   char kind = static_cast<const char *>(handle)[8];
   if (kind == '+' || kind == '-') xfmt::catalog::free_user_handle(static_cast<xf_user_handle *>(handle));
-  frame->output_length = inner.output_length;
-  frame->output_encoding = inner.output_encoding;
   return st;
 }
