@@ -10,11 +10,12 @@
 #include <atomic>
 #include <cstdio>  // fopen, fread, fputs: the file and the "Open failed" text
 #include <list>
-#include <memory>
+#include <string_view>
 #include <mutex>
 #include <new>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "catalog/chain.hpp"
@@ -87,18 +88,56 @@ class table_reader : public xml_handler {
 // fresh reading would: rows of other formats never reach the builder, and
 // a builder error comes before any later scan error because it stopped the
 // scan there.
+//
+// The key and the counted reference below are this file's own types rather
+// than std::string and std::shared_ptr: containers of purely standard types
+// would be instantiated with default visibility and exported from the
+// shared library.
+struct name_key {
+  std::string text;
+  bool operator==(const name_key &o) const { return text == o.text; }
+};
+struct name_key_hash {
+  std::size_t operator()(const name_key &k) const noexcept { return std::hash<std::string_view>{}(k.text); }
+};
+
 struct parsed_control {
   std::array<bool, column_count> declared{};
   std::vector<row_cells> rows;
-  std::unordered_map<std::string, std::vector<std::size_t>> rows_of;
+  std::unordered_map<name_key, std::vector<std::size_t>, name_key_hash> rows_of;
   int scan_code = xml_ok;
+  std::atomic<int> refs{1};
+};
+
+// A counted reference to a parse: a parse in use stays alive when the cache
+// drops it meanwhile.
+class parsed_ref {
+ public:
+  parsed_ref() = default;
+  explicit parsed_ref(parsed_control *p) : p_(p) {}  // takes over the first count
+  parsed_ref(const parsed_ref &o) : p_(o.p_) {
+    if (p_) p_->refs.fetch_add(1, std::memory_order_relaxed);
+  }
+  parsed_ref(parsed_ref &&o) noexcept : p_(o.p_) { o.p_ = nullptr; }
+  parsed_ref &operator=(parsed_ref o) noexcept {
+    std::swap(p_, o.p_);
+    return *this;
+  }
+  ~parsed_ref() {
+    if (p_ && p_->refs.fetch_sub(1, std::memory_order_acq_rel) == 1) delete p_;
+  }
+  const parsed_control &operator*() const { return *p_; }
+  explicit operator bool() const { return p_ != nullptr; }
+
+ private:
+  parsed_control *p_ = nullptr;
 };
 
 // The row's name as the builder compares it; a request's name is only
 // stripped of its padding.
-std::string upper_key(std::string_view n) {
-  std::string k(n);
-  for (char &c : k)
+name_key upper_key(std::string_view n) {
+  name_key k{std::string(n)};
+  for (char &c : k.text)
     if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
   return k;
 }
@@ -151,12 +190,13 @@ class row_recorder : public xml_handler {
 
 std::atomic<std::size_t> control_parse_count{0};
 
-std::shared_ptr<const parsed_control> parse_control(const char *data, std::size_t size) {
+parsed_ref parse_control(const char *data, std::size_t size) {
   control_parse_count.fetch_add(1, std::memory_order_relaxed);
-  auto parsed = std::make_shared<parsed_control>();
-  row_recorder recorder(parsed.get());
+  auto *parsed = new parsed_control;
+  parsed_ref ref(parsed);
+  row_recorder recorder(parsed);
   parsed->scan_code = scan_control_xml(data, size, recorder);
-  return parsed;
+  return ref;
 }
 
 int32_t replay_control(const parsed_control &parsed, int32_t request_kind, const char *name,
@@ -301,7 +341,7 @@ struct cache_entry {
   std::string path;
   off_t size;
   struct timespec mtime;
-  std::shared_ptr<const parsed_control> parsed;
+  parsed_ref parsed;
 };
 
 std::mutex cache_lock;
@@ -315,7 +355,7 @@ bool same_file(const cache_entry &e, const std::string &path, const struct stat 
          e.mtime.tv_nsec == st.st_mtim.tv_nsec && e.path == path;
 }
 
-std::shared_ptr<const parsed_control> cached_control(const std::string &path, const struct stat &st) {
+parsed_ref cached_control(const std::string &path, const struct stat &st) {
   std::lock_guard<std::mutex> hold(cache_lock);
   auto &entries = cache_entries();
   for (auto i = entries.begin(); i != entries.end(); ++i)
@@ -323,11 +363,11 @@ std::shared_ptr<const parsed_control> cached_control(const std::string &path, co
       entries.splice(entries.begin(), entries, i);
       return i->parsed;
     }
-  return nullptr;
+  return parsed_ref();
 }
 
 void remember_control(const std::string &path, const struct stat &st,
-                      std::shared_ptr<const parsed_control> parsed) {
+                      parsed_ref parsed) {
   std::lock_guard<std::mutex> hold(cache_lock);
   auto &entries = cache_entries();
   // An older reading of the same path is stale now.
@@ -338,7 +378,7 @@ void remember_control(const std::string &path, const struct stat &st,
 
 // Reads and parses the control file at path, or takes the cached parse.
 // Returns read_found with *out set, or the reader's code.
-int parsed_control_file(const char *path, std::shared_ptr<const parsed_control> *out) {
+int parsed_control_file(const char *path, parsed_ref *out) {
   std::FILE *f = std::fopen(path, "rb");
   if (!f) return read_open_failed;
   struct stat st {};
@@ -384,7 +424,7 @@ extern "C" int32_t xfrdexp(int32_t request_kind, const char *name, xf_ufmt_conte
   // In-memory libraries are never read from a file.
   if (in_memory_library(context->library)) return read_not_found;
   const char *path = context->control_path ? context->control_path : "cntlout.xml";
-  std::shared_ptr<const parsed_control> parsed;
+  parsed_ref parsed;
   try {
     const int rc = parsed_control_file(path, &parsed);
     if (rc == read_too_large) return rc;
