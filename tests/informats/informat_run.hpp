@@ -7,6 +7,7 @@
 #include <string>
 
 #include "catalog/missing.hpp"
+#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "xfmt/xfmt.h"
 
@@ -27,12 +28,6 @@ inline informat_outcome run_informat(xf_routine routine, const std::string &text
   return {st, bits, b.f.output_length};
 }
 
-inline uint64_t num(double v) { return double_bits(v); }
-inline uint64_t miss(char letter) {
-  if (letter == '_') return double_bits(missing_value(0));
-  if (letter == '.') return missing_ordinary_bits;
-  return double_bits(missing_value(letter - 'A' + 2));
-}
 
 inline std::string hex(uint64_t bits) {
   char buf[24];

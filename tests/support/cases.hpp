@@ -1,0 +1,87 @@
+// One conversion case and the check every table of cases goes through: the
+// routine named in the catalogue (or given directly) runs on a fresh frame
+// whose output buffer is followed by guard bytes, twice; the delivered bytes,
+// the output length, the status and the untouched guard are compared.
+//
+// Case files under tests/data hold one case per line, fields separated by
+// blanks or tabs, "#" starting a comment outside quotes:
+//
+//   # name   w   d   input          expected          status      options
+//   COMMA    12  2   1234567.891    "1,234,567.89"    OK
+//   @COMMA   8   0   "1,234.56"     1234.56           OK
+//   $QUOTE   1   0   "abc"          "*"               E_OVERFLOW  cap=4
+//
+// name      catalogued name ("@" before an informat, "$" before a character one)
+// input     a number (strtod syntax, inf, nan), a missing value (. ._ .A-.Z),
+//           raw:HEX (the double's 64 bits), or quoted text
+// expected  quoted text: the delivered field; a number, missing value or
+//           raw:HEX: the 8 bytes of the double an informat stores
+// status    OK, REDUCED, E_OVERFLOW, IN_INVALID ... (the XF_ name without
+//           "XF_") or a number
+// options   cap=N output capacity (default w; 8 for a stored double),
+//           opt=N option word, flags=N option flags, enc=N input encoding,
+//           renc=N requested output encoding
+// Quoted text takes the escapes \" \\ \t \n \0 and \xHH (exactly two digits).
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "xfmt/xfmt.h"
+
+namespace xfmt::test {
+
+struct format_case {
+  std::string name;             // catalogued name, used when routine is null
+  xf_routine routine = nullptr;
+  int32_t w = 0, d = 0;
+  bool text_input = false;
+  double value = 0;             // the input when !text_input
+  std::string text;             // the input when text_input
+  bool stores_double = false;   // the result is the 8 bytes of a double
+  std::string want;             // the expected field when !stores_double
+  uint64_t want_bits = 0;       // the expected double's bits when stores_double
+  xf_status status = XF_OK;
+  int64_t capacity = -1;        // -1: w, or 8 when stores_double
+  uint64_t option_word = 0;
+  uint32_t option_flags = 0;
+  uint32_t input_encoding = 0;
+  uint32_t requested_encoding = 0;
+  std::string where;            // "file:line" of a case read from a file
+};
+
+// Builders for cases written in code.
+format_case number_case(xf_routine r, double v, int32_t w, int32_t d, std::string want,
+                        xf_status st = XF_OK);
+format_case text_case(xf_routine r, std::string in, int32_t w, int32_t d, std::string want,
+                      xf_status st = XF_OK);
+format_case informat_case(xf_routine r, std::string in, int32_t w, int32_t d, uint64_t bits,
+                          xf_status st = XF_OK);
+
+// The routine of a catalogued name (exact, case sensitive), or null.
+xf_routine routine_named(std::string_view name);
+
+// Whether the case holds; the failure message says where it came from and
+// what differed.
+testing::AssertionResult holds(const format_case &c);
+
+// The cases of a file under tests/data (a path relative to it); a line that
+// does not parse fails the calling test, naming the file and line.
+std::vector<format_case> read_cases(const std::string &file);
+
+// Checks every case of the file; an empty file fails.
+void run_case_file(const std::string &file);
+
+// The expected bits of a stored double: a number, or a missing value
+// ('.', '_', 'A'..'Z').
+uint64_t num(double v);
+uint64_t miss(char letter);
+
+// Bytes shown with every non-printing byte as \xHH, for messages.
+std::string shown(std::string_view bytes);
+
+}  // namespace xfmt::test
