@@ -8,7 +8,7 @@
 
 #include "catalog/platform.hpp"
 #include "catalog/missing.hpp"
-#include "support/case_file.hpp"
+#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "xfmt/xfmt.h"
 
@@ -19,12 +19,12 @@ using namespace xfmt::test;
 const char *const tables[] = {"date_parts", "numeric_dates", "further_date_layouts",
                               "iso_and_names", "time", "word_dates"};
 
-TEST(datetime_tables, date_parts) { check_format_file("datetime/date_parts.tsv"); }
-TEST(datetime_tables, numeric_dates) { check_format_file("datetime/numeric_dates.tsv"); }
-TEST(datetime_tables, further_date_layouts) { check_format_file("datetime/further_date_layouts.tsv"); }
-TEST(datetime_tables, iso_and_names) { check_format_file("datetime/iso_and_names.tsv"); }
-TEST(datetime_tables, time) { check_format_file("datetime/time.tsv"); }
-TEST(datetime_tables, word_dates) { check_format_file("datetime/word_dates.tsv"); }
+TEST(datetime_tables, date_parts) { run_case_file("datetime/date_parts.tsv"); }
+TEST(datetime_tables, numeric_dates) { run_case_file("datetime/numeric_dates.tsv"); }
+TEST(datetime_tables, further_date_layouts) { run_case_file("datetime/further_date_layouts.tsv"); }
+TEST(datetime_tables, iso_and_names) { run_case_file("datetime/iso_and_names.tsv"); }
+TEST(datetime_tables, time) { run_case_file("datetime/time.tsv"); }
+TEST(datetime_tables, word_dates) { run_case_file("datetime/word_dates.tsv"); }
 
 // Clocks in zones east and west of UTC with minutes in the offset.
 xfmt::platform::wall_time zero_now() { return {0, 0}; }
@@ -36,20 +36,20 @@ constexpr xfmt::platform::clock_source west_clock{zero_now, no_local, west_offse
 
 TEST(datetime_tables, local_zone_forms) {
   xfmt::platform::set_clock(&east_clock);
-  check_format_file("datetime/zone_east.tsv");
+  run_case_file("datetime/zone_east.tsv");
   xfmt::platform::set_clock(&west_clock);
-  check_format_file("datetime/zone_west.tsv");
+  run_case_file("datetime/zone_west.tsv");
   xfmt::platform::set_clock(nullptr);
 }
 
 TEST(datetime_tables, every_format_shows_missing_values_and_respects_capacity) {
   std::set<std::string> names;
   for (const char *t : tables)
-    for (const case_line &c : read_cases(std::string("datetime/") + t + ".tsv")) names.insert(c.fields.at(0));
+    for (const format_case &c : read_cases(std::string("datetime/") + t + ".tsv")) names.insert(c.name);
   const char symbols[] = "_.ABCDEFGHIJKLMNOPQRSTUVWXYZ";
   for (const std::string &name : names) {
     const xf_routine r = routine_named(name);
-    if (r == nullptr) continue;
+    ASSERT_NE(r, nullptr) << name;
     for (int i = 0; i < 28; ++i) {
       frame_box b = frame_box::number(xfmt::missing_value(i), 10);
       EXPECT_EQ(r(&b.f), XF_OK) << name;

@@ -285,13 +285,16 @@ format_case informat_case(xf_routine r, std::string in, int32_t w, int32_t d, ui
   return c;
 }
 
+// Through resolution, as a host finds it: the possible-format rows carry
+// names and widths, the routine comes from the module row a handle copies.
 xf_routine routine_named(std::string_view name) {
-  for (const fmtposs_row &p : fmtposs) {
-    std::string_view n(p.row.name, p.row.name_length <= sizeof p.row.name ? p.row.name_length : 0);
-    while (!n.empty() && n.back() == ' ') n.remove_suffix(1);
-    if (n == name) return p.row.routine;
-  }
-  return nullptr;
+  const bool informat = !name.empty() && name[0] == '@';
+  if (informat) name.remove_prefix(1);
+  void *handle = nullptr;
+  if (xfname(name.data(), static_cast<int32_t>(name.size()), informat ? 73 : 0, nullptr, &handle) != 0) return nullptr;
+  const xf_routine r = static_cast<const fmtposs_row *>(handle)->row.routine;
+  xfdel(handle);
+  return r;
 }
 
 testing::AssertionResult holds(const format_case &c) {
