@@ -4,13 +4,9 @@
 // input gives the same bytes, and a numeric format that succeeds reads back
 // through its informat as round(value x 10^d) / 10^d.
 #include <cmath>
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
-#include <vector>
+#include <cmath>
 
-#include "xfmt/xfmt.h"
+#include "fuzz_support.hpp"
 
 namespace {
 
@@ -44,48 +40,29 @@ const xf_routine text[] = {
     zifmzdb,      zifmzdv,     zifmpdtime,   zifmrmfdur,   zifmrmfstamp, zifmsmfstamp, zifmshrstamp, zifmtodstamp,
     zifmmsec,     zifmtu};
 
-void run(xf_routine r, xf_frame f, std::vector<unsigned char> &out) {
-  f.output = out.empty() ? nullptr : out.data();
-  f.output_capacity = static_cast<uint32_t>(out.size());
-  r(&f);
-  if (f.output_length > out.size()) std::abort();
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+  using namespace xfmt::fuzz;
   if (size < 12) return 0;
   int32_t w = static_cast<int32_t>(data[8] % 72) - 4;
   int32_t d = data[9] < 200 ? static_cast<int32_t>(data[9] % 34) : 99;
   uint32_t capacity = data[11] % 80;
-  xf_frame f{};
-  f.width = w;
-  f.decimals = d;
-  std::vector<unsigned char> first(capacity), second(capacity);
   if (data[10] & 0x80) {
     // Text input: the bytes after the header, exactly their length.
-    std::vector<unsigned char> in(data + 12, data + size);
-    f.input = in.empty() ? nullptr : in.data();
-    f.input_length = static_cast<uint32_t>(in.size());
+    const exact_copy in(data + 12, size - 12);
     xf_routine r = text[(data[10] & 0x7F) % (sizeof text / sizeof text[0])];
-    run(r, f, first);
-    run(r, f, second);
-    if (first != second) std::abort();
+    check(run_twice(r, frame_of(w, d, in.data_or_null(), in.size), capacity).length <= capacity);
     return 0;
   }
-  double value;
-  std::memcpy(&value, data, 8);
-  f.input = &value;
-  f.input_length = 8;
+  reader rd{data, 8};
+  double value = rd.number();
+  const xf_frame f = frame_of(w, d, &value, 8);
   const pair_entry &p = numeric[data[10] % (sizeof numeric / sizeof numeric[0])];
-  run(p.format, f, first);
-  run(p.format, f, second);
-  if (first != second) std::abort();
+  const outcome o = run_twice(p.format, f, capacity);
+  check(o.length <= capacity);
   // Read back what a successful integer field holds.
-  xf_frame g = f;
-  g.output = first.empty() ? nullptr : first.data();
-  g.output_capacity = capacity;
-  if (p.informat == nullptr || p.format(&g) != XF_OK || d > 22 || w < 1) return 0;
+  if (p.informat == nullptr || o.status != XF_OK || d > 22 || w < 1) return 0;
   double scaled = std::round(value * std::pow(10.0, d));
   if (!(std::fabs(scaled) <= 9007199254740992.0)) return 0;  // exact integers only
   if (!p.keeps_sign && scaled < 0) return 0;
@@ -93,12 +70,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   xf_frame h{};
   h.width = w;
   h.decimals = d;
-  h.input = first.data();
-  h.input_length = g.output_length;
+  h.input = o.bytes.data();
+  h.input_length = o.length;
   h.output = &back;
   h.output_capacity = 8;
-  if (p.informat(&h) != XF_OK) std::abort();
+  check(p.informat(&h) == XF_OK);
   double want = std::isnan(value) ? 0.0 : scaled / std::pow(10.0, d);
-  if (back != want) std::abort();
+  check(back == want);
   return 0;
 }

@@ -4,38 +4,15 @@
 // exact-size buffers, twice, which must agree byte for byte and stay inside
 // their buffers; the fast paths never differ from the routines they stand
 // in for.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <string>
-#include <vector>
 
+#include "fuzz_support.hpp"
 #include "column/fast_paths.hpp"
 #include "xfmt/xfx.h"
 
 namespace {
 
-struct reader {
-  const uint8_t *p;
-  size_t n;
-  uint8_t byte() {
-    if (n == 0) return 0;
-    --n;
-    return *p++;
-  }
-  double number() {
-    uint64_t b = 0;
-    for (int i = 0; i < 8; ++i) b |= static_cast<uint64_t>(byte()) << (8 * i);
-    double v;
-    std::memcpy(&v, &b, 8);
-    return v;
-  }
-};
-
-void check(bool ok) {
-  if (!ok) std::abort();
-}
+using namespace xfmt::fuzz;
 
 // The messages of a parse, into exact-size buffers.
 void messages(xfx_error e, const std::string &text, const xfx_spec &s) {

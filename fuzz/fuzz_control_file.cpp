@@ -1,12 +1,9 @@
 // Fuzz target of the control-file reader: any bytes as a control file. A
 // format that reads is then applied to a few values with exact-size buffers,
 // twice, and must give the same bytes both times.
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <string>
-#include <vector>
 
+#include "fuzz_support.hpp"
 #include "catalog/chain.hpp"
 #include "userfmt/control_reader.hpp"
 #include "xfmt/xfmt.h"
@@ -21,30 +18,15 @@ void apply(xf_user_format *h, void *ranges, bool character) {
   static const char16_t *texts[] = {u"", u"E", u"P", u"W  "};
   for (int i = 0; i < 4; ++i) {
     for (int32_t w : {0, 7, 40}) {
-      std::string first;
-      for (int pass = 0; pass < 2; ++pass) {
-        std::vector<unsigned char> out(static_cast<size_t>(w));
-        xf_frame f{};
-        double v = numbers[i];
-        std::u16string t = texts[i];
-        if (character) {
-          f.input = t.data();
-          f.input_length = static_cast<uint32_t>(2 * t.size());
-          f.input_encoding = XF_ENC_UTF16LE;
-        } else {
-          f.input = &v;
-          f.input_length = 8;
-        }
-        f.width = w;
-        f.output = out.empty() ? nullptr : out.data();
-        f.output_capacity = static_cast<uint32_t>(out.size());
-        f.option_flags = i % 2 ? XF_FLAG_MULTILABEL : 0;
-        handle.routine(&f, h, ranges);
-        if (f.output_length > out.size()) std::abort();
-        std::string got(reinterpret_cast<char *>(out.data()), f.output_length);
-        if (pass == 0) first = got;
-        else if (got != first) std::abort();
-      }
+      double v = numbers[i];
+      std::u16string t = texts[i];
+      xf_frame f = character ? xfmt::fuzz::frame_of(w, 0, t.data(), static_cast<uint32_t>(2 * t.size()))
+                             : xfmt::fuzz::frame_of(w, 0, &v, 8);
+      if (character) f.input_encoding = XF_ENC_UTF16LE;
+      f.option_flags = i % 2 ? XF_FLAG_MULTILABEL : 0;
+      const auto o = xfmt::fuzz::run_twice([&](xf_frame *fr) { return handle.routine(fr, h, ranges); }, f,
+                                           static_cast<uint32_t>(w));
+      xfmt::fuzz::check(o.length <= o.bytes.size());
     }
   }
 }
@@ -68,7 +50,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     xfmt::catalog::free_chain(first);
     // The diagnosis agrees with the reading and names a line of the text.
     xfmt::userfmt::control_problem p = xfmt::userfmt::diagnose_control_buffer(text, size, character ? 11 : 1, name);
-    if (p.code != rc || p.reason == nullptr || p.line > size + 1) std::abort();
+    xfmt::fuzz::check(p.code == rc && p.reason != nullptr && p.line <= size + 1);
   }
   xfmt::userfmt::list_control_formats(text, size, [](void *, const char *, size_t, char) {}, nullptr);
   return 0;

@@ -8,45 +8,14 @@
 // a stored date is a whole day of the calendar's range, a time is not
 // negative, a datetime lies inside the datetime range.
 #include <cmath>
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
-#include <memory>
+#include <cmath>
 #include <string_view>
-#include <vector>
 
 #include "catalog/missing.hpp"
 #include "datetime/calendar.hpp"
-#include "xfmt/xfmt.h"
+#include "fuzz_support.hpp"
 
 namespace {
-
-struct outcome {
-  xf_status status;
-  uint32_t length;
-  std::unique_ptr<unsigned char[]> bytes;
-};
-
-outcome run(xf_routine routine, const unsigned char *text, size_t n, int32_t w, int32_t d,
-            uint32_t capacity, uint64_t locale) {
-  std::unique_ptr<unsigned char[]> in(new unsigned char[n == 0 ? 1 : n]);
-  if (n) std::memcpy(in.get(), text, n);
-  outcome o{0, 0, std::unique_ptr<unsigned char[]>(new unsigned char[capacity == 0 ? 1 : capacity])};
-  std::memset(o.bytes.get(), 0xEE, capacity == 0 ? 1 : capacity);
-  xf_frame f{};
-  f.width = w;
-  f.decimals = d;
-  f.input = in.get();
-  f.input_length = static_cast<uint32_t>(n);
-  f.output = capacity == 0 ? nullptr : o.bytes.get();
-  f.output_capacity = capacity;
-  f.option_word = locale;
-  o.status = routine(&f);
-  o.length = f.output_length;
-  if (o.length > capacity) std::abort();
-  return o;
-}
 
 // The date informats of JAZWIUWI by name: the module also holds binary and
 // number informats, which other targets cover.
@@ -77,6 +46,7 @@ void check_value(const fmtinfo_eachfmt &row, double v) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+  using namespace xfmt::fuzz;
   if (size < 3) return 0;
   static const std::vector<const fmtinfo_eachfmt *> rows = [] {
     std::vector<const fmtinfo_eachfmt *> all;
@@ -92,23 +62,19 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   // The packed informats take w 4 only: give it to them half the time.
   if (row.max_width == 4 && (data[1] & 1)) w = 4;
   int32_t d = data[2] % 104;                 // 0 .. 103, past 31 and through 98/99
-  const unsigned char *text = data + 3;
-  size_t n = size - 3;
-  uint32_t capacity = data[2] >= 240 ? data[2] - 240u : 8;  // now and then a short buffer
-
-  const uint64_t locale = data[0] >> 1;  // 0 .. 127: records, and 0 for the process locale
-  outcome a = run(row.routine, text, n, w, d, capacity, locale);
-  outcome b = run(row.routine, text, n, w, d, capacity, locale);
-  if (a.status != b.status || a.length != b.length ||
-      std::memcmp(a.bytes.get(), b.bytes.get(), capacity) != 0)
-    std::abort();
+  const exact_copy text(data + 3, size - 3);
+  const uint32_t capacity = data[2] >= 240 ? data[2] - 240u : 8;  // now and then a short buffer
+  xf_frame f = frame_of(w, d, text.data(), text.size);
+  f.option_word = data[0] >> 1;  // 0 .. 127: records, and 0 for the process locale
+  const outcome a = run_twice(row.routine, f, capacity);
+  check(a.length <= capacity);
   if (capacity < 8) {
     if (a.status != XF_E_CAPACITY || a.length != 0) std::abort();
     return 0;
   }
-  if (a.length != 8) std::abort();
+  check(a.length == 8);
   uint64_t bits;
-  std::memcpy(&bits, a.bytes.get(), 8);
+  std::memcpy(&bits, a.bytes.data(), 8);
   double v;
   std::memcpy(&v, &bits, 8);
   const bool missing = xfmt::is_missing_bits(bits);

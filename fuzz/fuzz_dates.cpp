@@ -1,8 +1,7 @@
 // Every date and time routine of the library on fuzzed input: the format
 // routines registered in JAZWFDTE and JAZWFTME, and the date formats of
-// JAZWFUWF (DTDATE, DTMONYY, DTYEAR, DTYYQC, MINGUO, XYYMMDD, YYQZ), with
-// widths and decimals
-// inside their rows' limits, exact-size output buffers (a one-byte overrun
+// JAZWFUWF (DTDATE, DTMONYY, DTYEAR, DTYYQC, MINGUO, XYYMMDD, YYQZ), with widths
+// and decimals inside their rows' limits, exact-size output buffers (a one-byte overrun
 // shows under AddressSanitizer) and the same call twice giving the same
 // bytes; then the calendar routines on the same doubles.
 //
@@ -11,50 +10,25 @@
 // second count), bytes 4-11 the value; further bytes feed the calendar calls.
 // The character formats ($N8601..) take bytes 4-11 and up to 16 more as
 // their value, of the length byte 3 says (0 .. 24 bytes).
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <string_view>
-#include <vector>
 
-#include "xfmt/xfmt.h"
+#include "fuzz_support.hpp"
 
 namespace {
 
-struct cursor {
-  const uint8_t *data;
-  size_t size, pos = 0;
-  uint8_t byte() { return pos < size ? data[pos++] : 0; }
-  uint64_t u64() {
-    uint64_t v = 0;
-    for (int i = 0; i < 8; ++i) v |= static_cast<uint64_t>(byte()) << (8 * i);
-    return v;
-  }
-  double bits() {
-    const uint64_t b = u64();
-    double v;
-    std::memcpy(&v, &b, sizeof v);
-    return v;
-  }
-};
-
-double from_bits(uint64_t b) {
-  double v;
-  std::memcpy(&v, &b, sizeof v);
-  return v;
-}
+using namespace xfmt::fuzz;
 
 // A value of the chosen kind: raw bits, one of the 28 missing values (and
 // byte 5 = 0), a day count around the valid range, or a second count.
-double value_of_kind(uint8_t kind, cursor &c) {
+double value_of_kind(uint8_t kind, reader &c) {
   const uint64_t raw = c.u64();
   switch (kind % 5) {
-    case 0: return from_bits(raw);
-    case 1: return from_bits(0xFFFF000000000000ull | (static_cast<uint64_t>(0xE4 + raw % 28) << 40));
+    case 0: return reader::from_bits(raw);
+    case 1: return reader::from_bits(0xFFFF000000000000ull | (static_cast<uint64_t>(0xE4 + raw % 28) << 40));
     case 2: return static_cast<double>(static_cast<int64_t>(raw % 6800000) - 140000) +
                    static_cast<double>(raw >> 56) / 256.0;
     case 3: return static_cast<double>(static_cast<int64_t>(raw % 1200000000000ull) - 600000000000ll) / 1000.0;
-    default: return from_bits(0xFFFF000000000000ull);
+    default: return reader::from_bits(0xFFFF000000000000ull);
   }
 }
 
@@ -85,28 +59,13 @@ const std::vector<target> &targets() {
 }
 
 void run_format(const target &t, int32_t w, int32_t d, const void *value, uint32_t length) {
-  std::vector<char> first(static_cast<size_t>(w)), second(static_cast<size_t>(w));
-  // An exact-size copy of the value: reading past it shows under ASan.
-  std::vector<unsigned char> in(static_cast<const unsigned char *>(value),
-                                static_cast<const unsigned char *>(value) + length);
-  xf_frame f{};
-  f.width = w;
-  f.decimals = d;
-  f.input = in.data();
-  f.input_length = length;
-  f.output = first.data();
-  f.output_capacity = static_cast<uint32_t>(w);
-  const xf_status s1 = t.routine(&f);
-  const uint32_t len1 = f.output_length;
-  f.output = second.data();
-  f.output_length = 0;
-  const xf_status s2 = t.routine(&f);
-  if (s1 != s2 || len1 != f.output_length || first != second) std::abort();
-  if (len1 > static_cast<uint32_t>(w)) std::abort();
+  const exact_copy in(value, length);
+  check(run_twice(t.routine, frame_of(w, d, in.data(), length), static_cast<uint32_t>(w)).length <=
+        static_cast<uint32_t>(w));
 }
 
-void run_calendar(double v, cursor &c) {
-  const double a = c.bits(), b = c.bits();
+void run_calendar(double v, reader &c) {
+  const double a = c.number(), b = c.number();
   volatile double sink = zjulymd(v, a, b) + zdatjul(v) + zjuldat(v) + zmdy(a, b, v) + zyear(v) +
                          zmonth(v) + zday(v) + zqtr(v) + zwekday(v) + zhms(v, a, b) +
                          zdhms(v, a, b, v) + zdatprt(v) + ztimprt(v) + zhour(v) + zminute(v) +
@@ -130,12 +89,12 @@ void run_calendar(double v, cursor &c) {
   std::vector<char> week(static_cast<size_t>(week_w < 11 ? 11 : week_w));
   int32_t ww = week_w;
   zkfweek(week.data(), &ww, &rule, 0, v);
-  if (ww > static_cast<int32_t>(week.size())) std::abort();
+  check(ww <= static_cast<int32_t>(week.size()));
   const int32_t digits = c.byte() % 21;
   const char fills[] = {'0', ' ', '\0', '*'};
   const char fill = fills[c.byte() % 4];
   std::vector<char> text(fill == '\0' ? 20 : static_cast<size_t>(digits ? digits : 1));
-  if (i2s(static_cast<int64_t>(c.u64()), text.data(), digits, fill) > static_cast<int32_t>(text.size())) std::abort();
+  check(i2s(static_cast<int64_t>(c.u64()), text.data(), digits, fill) <= static_cast<int32_t>(text.size()));
   std::vector<char> field(10);
   zfmcprt(1 + (i1 & 0xF) % 10, static_cast<char>(c.byte()), field.data(), i1 % 100000, i2 % 100, i1 % 32);
   double fy, fm, fd;
@@ -146,7 +105,7 @@ void run_calendar(double v, cursor &c) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   if (size < 4) return 0;
-  cursor c{data, size};
+  reader c{data, size};
   const auto &all = targets();
   const target &t = all[c.byte() % all.size()];
   const int32_t w = t.min_w + c.byte() % (t.max_w - t.min_w + 1);

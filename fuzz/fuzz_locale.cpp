@@ -2,18 +2,11 @@
 // buffers, getZAVLocDB with any capacity, field and id. Checks the promises:
 // nothing read or written out of bounds, only a-z changed, the id cell
 // consistent with the result, the destination zero past the copied field.
-#include <cstddef>
-#include <cstdint>
-#include <cstring>
-#include <vector>
-
-#include "xfmt/xfmt.h"
+#include "fuzz_support.hpp"
 
 namespace {
 
-void check(bool ok) {
-  if (!ok) __builtin_trap();
-}
+using xfmt::fuzz::check;
 
 void upper_ascii_ref(std::vector<char> &v) {
   for (char &c : v)

@@ -2,13 +2,9 @@
 // ranges and single values (with shared, excluded boundaries and fuzz) and
 // the values to look up. The bisection must give the bytes of the linear
 // search, within exact-size buffers.
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <string>
-#include <vector>
 
-#include "xfmt/xfmt.h"
+#include "fuzz_support.hpp"
 
 namespace {
 
@@ -29,6 +25,7 @@ double missing(int i) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+  using namespace xfmt::fuzz;
   if (size < 2) return 0;
   size_t pos = 0;
   auto next = [&]() -> uint8_t { return pos < size ? data[pos++] : 0; };
@@ -77,18 +74,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     std::string out[2];
     int k = 0;
     for (xf_label_routine r : {yfpfnfn, yfpfnfm}) {
-      std::vector<unsigned char> buf(static_cast<size_t>(w));
-      xf_frame f{};
-      f.input = &v;
-      f.input_length = 8;
-      f.width = w;
-      f.output = buf.empty() ? nullptr : buf.data();
-      f.output_capacity = static_cast<uint32_t>(buf.size());
-      r(&f, &t.header[1], ranges);
-      if (f.output_length > buf.size()) std::abort();
-      out[k++] = std::string(reinterpret_cast<char *>(buf.data()), f.output_length);
+      const outcome o = run_call([&](xf_frame *f) { return r(f, &t.header[1], ranges); }, frame_of(w, 0, &v, 8),
+                                 static_cast<uint32_t>(w));
+      check(o.length <= o.bytes.size());
+      out[k++] = std::string(o.bytes.begin(), o.bytes.begin() + o.length);
     }
-    if (out[0] != out[1]) std::abort();
+    check(out[0] == out[1]);
   }
   return 0;
 }

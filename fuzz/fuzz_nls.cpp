@@ -5,12 +5,7 @@
 // call runs twice and must give the same status and bytes, stay inside the
 // capacity and never deliver more than the width. Also the pattern expander
 // on arbitrary patterns, and those patterns compiled into date steps.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
-#include <vector>
-
+#include "fuzz_support.hpp"
 #include "datetime/calendar.hpp"
 #include "nls/date_plan.hpp"
 #include "nls/locale_reader.hpp"
@@ -19,24 +14,7 @@
 
 namespace {
 
-struct reader {
-  const uint8_t *p;
-  size_t n;
-  uint8_t byte() {
-    if (n == 0) return 0;
-    --n;
-    return *p++;
-  }
-  uint64_t u64() {
-    uint64_t v = 0;
-    for (int i = 0; i < 8; ++i) v |= static_cast<uint64_t>(byte()) << (8 * i);
-    return v;
-  }
-};
-
-void check(bool ok) {
-  if (!ok) std::abort();
-}
+using namespace xfmt::fuzz;
 
 // A value: raw bits, or one near the calendar and money ranges, or an amount
 // in hundredths (the grouped numbers, percents and their ties).
@@ -58,23 +36,6 @@ double value_of(reader &r) {
   }
 }
 
-struct run_result {
-  xf_status st;
-  uint32_t length;
-  std::vector<uint8_t> bytes;
-};
-
-run_result run(xf_routine routine, const xf_frame &model, double v) {
-  std::vector<uint8_t> buf(model.output_capacity);
-  xf_frame f = model;
-  f.input = &v;
-  f.input_length = 8;
-  f.output = buf.empty() ? nullptr : buf.data();
-  run_result r{routine(&f), f.output_length, {}};
-  r.bytes = buf;
-  return r;
-}
-
 void one_format(reader &r) {
   const fmtinfo *nls = jazwfnls();
   const fmtinfo *msc = jazwfmsc();
@@ -91,8 +52,10 @@ void one_format(reader &r) {
   f.option_word = r.byte() | (r.byte() & 1 ? XF_OPT_VALIDATE : 0);
   f.requested_output_encoding = r.byte() & 1 ? XF_ENC_UTF16LE : 0;
   const double v = value_of(r);
-  run_result a = run(row.routine, f, v), b = run(row.routine, f, v);
-  check(a.st == b.st && a.length == b.length && a.bytes == b.bytes);
+  const exact_copy in(&v, 8);
+  f.input = in.data();
+  f.input_length = 8;
+  const outcome a = run_twice(row.routine, f, f.output_capacity);
   check(a.length <= f.output_capacity);
   const uint32_t unit = f.requested_output_encoding == XF_ENC_UTF16LE ? 2 : 1;
   if (f.width >= 0 && m == nls) check(a.length <= static_cast<uint32_t>(f.width) * unit);

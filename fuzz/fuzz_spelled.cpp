@@ -2,13 +2,7 @@
 // value (or text), width, decimals, routine and capacity from the input. The
 // output must stay inside an exact-size buffer (AddressSanitizer), report a
 // length within the capacity, and repeat byte for byte.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
-#include <vector>
-
-#include "xfmt/xfmt.h"
+#include "fuzz_support.hpp"
 
 namespace {
 
@@ -19,6 +13,7 @@ const xf_routine text_routines[] = {zfmquote, zfmupcase, zfmrevers, zfmreverj, z
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+  using namespace xfmt::fuzz;
   if (size < 12) return 0;
   int32_t w = static_cast<int32_t>(data[8] % 140) - 4;  // -4 .. 135
   int32_t d = static_cast<int32_t>(data[9] % 40) - 2;   // -2 .. 37
@@ -26,29 +21,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   uint32_t capacity = data[11] % 150;
   xf_routine routine = text ? text_routines[(data[10] & 0x7F) % (sizeof text_routines / sizeof text_routines[0])]
                             : numeric_routines[data[10] % (sizeof numeric_routines / sizeof numeric_routines[0])];
-  double value;
-  std::memcpy(&value, data, 8);
+  reader r{data, 8};
+  double value = r.number();
   // Text input: the bytes after the header, in a buffer of exactly that size.
-  std::vector<uint8_t> chars(data + 12, data + size);
-
-  std::vector<unsigned char> first(capacity), second(capacity);
-  for (std::vector<unsigned char> *out : {&first, &second}) {
-    xf_frame f{};
-    f.width = w;
-    f.decimals = d;
-    if (text) {
-      f.input = chars.empty() ? nullptr : chars.data();
-      f.input_length = static_cast<uint32_t>(chars.size());
-    } else {
-      f.input = &value;
-      f.input_length = 8;
-    }
-    f.output = out->empty() ? nullptr : out->data();
-    f.output_capacity = capacity;
-    routine(&f);
-    if (f.output_length > capacity) std::abort();
-    if (f.width != w || f.decimals != d) std::abort();
-  }
-  if (first != second) std::abort();
+  const exact_copy chars(data + 12, size - 12);
+  const outcome o = run_twice(routine, text ? frame_of(w, d, chars.data_or_null(), chars.size) : frame_of(w, d, &value, 8),
+                              capacity);
+  check(o.length <= capacity);
+  check(o.frame.width == w && o.frame.decimals == d);
   return 0;
 }

@@ -1,20 +1,12 @@
 // UTF-8 decoding, UTF-16 conversions, transcoding and Base64 decoding on
 // arbitrary bytes, each into exact-size heap buffers so that a one-byte
 // overrun is caught. The first byte picks the output room.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
-#include <vector>
-
+#include "fuzz_support.hpp"
 #include "text/utf16_kernels.hpp"
-#include "xfmt/xfmt.h"
 
 namespace {
 
-void check(bool ok) {
-  if (!ok) std::abort();
-}
+using xfmt::fuzz::check;
 
 // An exact-size buffer; a zero-size one still has an address (the routines
 // refuse null pointers), and nothing may be written to it.
@@ -111,7 +103,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   const uint8_t *rest = data + 1;
   const uint32_t n = static_cast<uint32_t>(size - 1);
   // Exact-size copy of the text so reads past its end are caught too.
-  std::vector<uint8_t> text(rest, rest + n);
+  const xfmt::fuzz::exact_copy text(rest, n);
   utf8_routines(text.data(), n, room);
   utf16_routines(text.data(), n, room);
   transcoding(text.data(), n, room);
