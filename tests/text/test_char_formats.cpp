@@ -1,5 +1,5 @@
-// $QUOTE, $UPCASE, $REVERS, $REVERJ, $ASCII and $EBCDIC: every blank of the
-// field, cuts at w and at the capacity, then sweeps against the oracle.
+// $QUOTE, $UPCASE, $REVERS, $REVERJ, $ASCII and $EBCDIC against the oracle
+// and over every byte (their table is in tests/data/text).
 #include <gtest/gtest.h>
 
 #include <random>
@@ -14,37 +14,6 @@ namespace {
 
 using xfmt::test::frame_box;
 
-struct row {
-  const char *text;
-  int32_t w;
-  const char *field;
-  xf_status status;
-};
-
-void check(xf_routine routine, const row &r) {
-  frame_box b = frame_box::chars(r.text, r.w);
-  xf_status st = routine(&b.f);
-  EXPECT_EQ(b.str(), r.field) << "text '" << r.text << "' w " << r.w;
-  EXPECT_EQ(st, r.status) << "text '" << r.text << "' w " << r.w;
-}
-
-TEST(Quote, Table) {
-  const row rows[] = {
-      {"abc", 5, "\"abc\"", XF_OK},
-      {"abc   ", 8, "\"abc\"   ", XF_OK},
-      {"", 2, "\"\"", XF_OK},
-      {"say \"hi\"", 12, "\"say \"\"hi\"\"\"", XF_OK},
-      {"abcdefg", 6, "\"abcd\"", XF_OK},
-      {"ab\"cd", 5, "\"ab\" ", XF_OK},   // the doubled quote does not fit: cut before it
-      {"ab\"cd", 6, "\"ab\"\"\"", XF_OK},
-      {"abc", 1, "*", XF_E_OVERFLOW},
-  };
-  for (const row &r : rows) check(zfmquote, r);
-  frame_box c = frame_box::chars("abcdef", 8, 0, 3);
-  EXPECT_EQ(zfmquote(&c.f), XF_E_CAPACITY);
-  EXPECT_EQ(c.buffer(), "\"ab");
-}
-
 TEST(Quote, AgainstOracle) {
   auto g = xfmt::test::rng(301);
   std::uniform_int_distribution<int> len(0, 20), pick(0, 3), wd(2, 30);
@@ -57,18 +26,6 @@ TEST(Quote, AgainstOracle) {
     ASSERT_EQ(zfmquote(&b.f), XF_OK);
     ASSERT_EQ(b.str(), xfmt::oracle::quote(s, w)) << "'" << s << "' " << w;
   }
-}
-
-TEST(Upcase, Table) {
-  const row rows[] = {
-      {"abc xyz", 8, "ABC XYZ ", XF_OK},
-      {"Mixed-1_z", 4, "MIXE", XF_OK},
-      {"m\xfcller", 6, "M\xdcLLER", XF_OK},  // Windows-1252 letters: ü -> Ü
-      {"\xe9t\xe9 \xf7 \xdf\xb5", 7, "\xc9T\xc9 \xf7 \xdf", XF_OK},  // the division sign stays
-      {"\xdf\xb5\xff\x9a\x9c\x9e\x83", 7, "\xdf\xb5\x9f\x8a\x8c\x8e\x83", XF_OK},
-      {"", 3, "   ", XF_OK},
-  };
-  for (const row &r : rows) check(zfmupcase, r);
 }
 
 // Every byte against the Unicode upper case of its character: the byte of
@@ -85,30 +42,6 @@ TEST(Upcase, EveryByteFollowsUnicode) {
     ASSERT_EQ(zfmupcase(&f.f), XF_OK);
     EXPECT_EQ(static_cast<unsigned char>(f.str()[0]), want) << "byte " << b;
   }
-}
-
-TEST(Revers, Table) {
-  const row rows[] = {
-      {"abc  ", 5, "cba  ", XF_OK},
-      {"  abc", 5, "cba  ", XF_OK},
-      {"abcdef", 4, "dcba", XF_OK},
-      {"ab", 4, "ba  ", XF_OK},
-      {"", 2, "  ", XF_OK},
-  };
-  for (const row &r : rows) check(zfmrevers, r);
-}
-
-TEST(Reverj, Table) {
-  const row rows[] = {
-      {"abc  ", 5, "  cba", XF_OK},
-      {"  abc", 5, "cba  ", XF_OK},
-      {"abcdef", 4, "dcba", XF_OK},
-      {"ab", 4, "  ba", XF_OK},
-  };
-  for (const row &r : rows) check(zfmreverj, r);
-  frame_box c = frame_box::chars("abcdef", 6, 0, 2);
-  EXPECT_EQ(zfmreverj(&c.f), XF_E_CAPACITY);
-  EXPECT_EQ(c.buffer(), "fe");
 }
 
 TEST(Reverj, AgainstOracle) {
@@ -137,8 +70,6 @@ TEST(Ebcdic, EveryByteBothWays) {
   }
   EXPECT_EQ(e.out[256], 0x40);  // the EBCDIC blank pads
   EXPECT_EQ(a.out[257], 0x20);
-  check(zfmebcdic, {"AB", 3, "\xC1\xC2\x40", XF_OK});
-  check(zfmascii, {"AB", 3, "AB ", XF_OK});
 }
 
 TEST(CharFormats, WidthAndCapacity) {
