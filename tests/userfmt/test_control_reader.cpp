@@ -9,6 +9,8 @@
 #include <sstream>
 #include <vector>
 
+#include "support/random.hpp"
+
 #include "catalog/chain.hpp"
 #include "support/frame.hpp"
 #include "userfmt/control_files.hpp"
@@ -172,12 +174,6 @@ TEST(control_reader, memory_buffer_and_listing) {
   }
 }
 
-}  // namespace
-
-#include "support/random.hpp"
-
-namespace {
-
 std::string random_control_text(std::mt19937_64 &g, bool sorted_search) {
   std::string s = "<TABLE><HEADER>";
   for (const char *c : {"FMTNAME", "START", "END", "LABEL", "MIN", "MAX", "DEFAULT", "FUZZ", "TYPE",
@@ -240,10 +236,6 @@ TEST(control_reader, indexed_bisection_agrees_with_linear_search) {
   }
 }
 
-}  // namespace
-
-namespace {
-
 TEST(control_reader, character_format_named_with_its_dollar) {
   std::string text =
       "<TABLE><HEADER><COLUMN name='FMTNAME'/><COLUMN name='START'/><COLUMN name='END'/>"
@@ -266,10 +258,6 @@ TEST(control_reader, character_format_named_with_its_dollar) {
   EXPECT_EQ(run_text_on(ctx.control, ctx.word2, u"A", 6), "A     ");
   xfmt::catalog::free_chain(first);
 }
-
-}  // namespace
-
-namespace {
 
 struct file_row {
   std::string start, end, label, hlo;
@@ -295,23 +283,10 @@ std::string rows_file(const std::string &type, const std::vector<file_row> &rows
   return path;
 }
 
-// A one-row control file after the header of bad_number.xml.
+// A one-row control file of format REV.
 std::string one_row_file(const std::string &type, const std::string &start, const std::string &end,
                          const std::string &label) {
-  std::ifstream in(xfmt::test::data_dir() / "userfmt/bad_number.xml");
-  std::stringstream template_text;
-  template_text << in.rdbuf();
-  const std::string xml = template_text.str();
-  const std::string path = ::testing::TempDir() + "/one_row.xml";
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  out << xml.substr(0, xml.find("<ROW>")) << "<ROW><FMTNAME>REV</FMTNAME><START>" << start
-      << "</START><END>" << end << "</END><LABEL>" << label
-      << "</LABEL><MIN>1</MIN><MAX>40</MAX><DEFAULT>8</DEFAULT><FUZZ>0</FUZZ>"
-         "<PREFIX/><MULT>0</MULT><FILL/><NOEDIT>0</NOEDIT><TYPE>"
-      << type
-      << "</TYPE><SEXCL>N</SEXCL><EEXCL>N</EEXCL><HLO/><DECSEP/><DIG3SEP/><DATATYPE/>"
-         "<LANGUAGE/></ROW>\n</TABLE>\n";
-  return path;
+  return rows_file(type, {{start, end, label, ""}});
 }
 
 // A file that never ends is read up to the limit and refused with its own
