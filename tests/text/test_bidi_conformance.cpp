@@ -94,7 +94,7 @@ TEST(bidi_conformance, tables_come_from_the_installed_database) {
       << "the tables were generated from Unicode " << bidi_unicode_version << ", the test file says: " << first;
 }
 
-TEST(bidi_conformance, bidi_test_txt) {
+TEST(bidi_conformance, exhaustive_bidi_test_txt) {
   const std::string path = std::string(ucd_dir) + "BidiTest.txt";
   std::ifstream f(path);
   ASSERT_TRUE(f.is_open()) << path << " is missing (Debian package unicode-data)";
@@ -147,7 +147,7 @@ TEST(bidi_conformance, bidi_test_txt) {
   EXPECT_EQ(t.failures, 0);
 }
 
-TEST(bidi_conformance, bidi_character_test_txt) {
+TEST(bidi_conformance, exhaustive_bidi_character_test_txt) {
   const std::string path = std::string(ucd_dir) + "BidiCharacterTest.txt";
   std::ifstream f(path);
   ASSERT_TRUE(f.is_open()) << path << " is missing (Debian package unicode-data)";
@@ -260,7 +260,7 @@ std::string run_format(xf_routine routine, const std::string &text) {
 // Then $VSLOG and $VSLOGR on each visual text: where the visual text's own
 // levels are those of the logical text (the inverse is then defined), the
 // logical text must come back byte for byte.
-TEST(bidi_conformance, the_formats_on_bidi_character_test_txt) {
+TEST(bidi_conformance, exhaustive_the_formats_on_bidi_character_test_txt) {
   const std::string path = std::string(ucd_dir) + "BidiCharacterTest.txt";
   std::ifstream f(path);
   ASSERT_TRUE(f.is_open()) << path << " is missing (Debian package unicode-data)";
