@@ -9,6 +9,8 @@
 #include <string>
 
 #include "catalog/missing.hpp"
+#include "record.hpp"
+#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 
@@ -80,89 +82,24 @@ std::string narrow(xf_routine r, int locale, double v, int w, int d, xf_status *
   return b.str();
 }
 
-struct exact_case {
-  const char *name;
-  xf_routine routine;
-  int locale;
-  double value;
-  int w, d;
-  const char *text;  // UTF-8; U+00A0 written as \u00A0
-  xf_status status;
-};
-
-const exact_case exact_cases[] = {
-    // English_UnitedStates
-    {"NLNUM", nlnum, en_us, 1234567.891, 14, 2, "  1,234,567.89", XF_OK},
-    {"NLNUM", nlnum, en_us, -9876.5, 10, 1, "  -9,876.5", XF_OK},
-    {"NLNUM", nlnum, en_us, 0, 6, 2, "  0.00", XF_OK},
-    {"NLNUM", nlnum, en_us, 0.125, 6, 2, "  0.13", XF_OK},  // ties round away from zero
-    {"NLNUM", nlnum, en_us, -2.5, 4, 0, "  -3", XF_OK},
-    {"NLNUM", nlnum, en_us, 1234567.891, 10, 2, " 1,234,568", XF_REDUCED},  // decimals go first
-    {"NLNUM", nlnum, en_us, 1234567.891, 11, 2, "1,234,567.9", XF_REDUCED},
-    {"NLNUM", nlnum, en_us, 1234567.891, 8, 2, " 1234568", XF_REDUCED},  // then the grouping
-    {"NLNUM", nlnum, en_us, 1234567, 3, 0, "***", XF_E_OVERFLOW},
-    {"NLNUMI", nlnumi, en_us, 1234.5, 8, 1, " 1,234.5", XF_OK},
-    {"NLMNY", nlmny, en_us, 1234.5, 12, 2, "   $1,234.50", XF_OK},
-    {"NLMNY", nlmny, en_us, -1234.5, 12, 2, "  -$1,234.50", XF_OK},
-    {"NLMNY", nlmny, en_us, 1234.5, 8, 2, "$1234.50", XF_OK},  // grouping dropped first
-    {"NLMNY", nlmny, en_us, 1234.5, 7, 2, "1234.50", XF_OK},   // then the symbol
-    {"NLMNYI", nlmnyi, en_us, 1234.5, 12, 2, " USD1,234.50", XF_OK},
-    {"NLPCT", nlpct, en_us, 0.256, 8, 1, "   25.6%", XF_OK},
-    {"NLPCT", nlpct, en_us, 1.23456, 7, 2, "123.46%", XF_OK},
-    {"NLPCTN", nlpctn, en_us, 1.23456, 7, 2, " 123.5%", XF_REDUCED},  // a place for the minus
-    {"NLPCTN", nlpctn, en_us, -1.23456, 7, 2, "-123.5%", XF_REDUCED},
-    {"NLPCTP", nlpctp, en_us, -0.035, 7, 1, "  -3.5%", XF_OK},
-    {"NLPCT", nlpct, en_us, 123.45, 8, 1, " 12,345%", XF_REDUCED},
-    {"NLPCT", nlpct, en_us, 123.45, 6, 1, "12345%", XF_REDUCED},  // groups go, "%" stays
-    {"NLPCT", nlpct, en_us, 123.45, 4, 1, "****", XF_E_OVERFLOW},
-    {"NLBEST", nlbest, en_us, -2.5, 5, 0, " -2.5", XF_OK},
-    // German_Germany
-    {"NLNUM", nlnum, de_de, 1234567.891, 14, 2, "  1.234.567,89", XF_OK},
-    {"NLNUMI", nlnumi, de_de, 1234567.891, 14, 2, "  1,234,567.89", XF_OK},
-    {"NLMNY", nlmny, de_de, -1234.5, 14, 2, "   -1.234,50 \u20AC", XF_OK},
-    {"NLMNYI", nlmnyi, de_de, -1234.5, 14, 2, " -1.234,50 EUR", XF_OK},
-    {"NLPCT", nlpct, de_de, 12.5, 8, 0, "  1.250%", XF_OK},
-    {"NLPCTI", nlpcti, de_de, 12.5, 8, 0, "  1,250%", XF_OK},
-    {"NLPCTP", nlpctp, de_de, 0.125, 7, 1, "  12,5%", XF_OK},
-    {"NLPCTP", nlpctp, de_de, 0.5, 6, 0, "   50%", XF_OK},
-    {"NLPVALUE", nlpvalue, de_de, 0.0371, 6, 4, "0,0371", XF_OK},
-    {"NLPVALUE", nlpvalue, de_de, 0.00002, 6, 4, "<,0001", XF_OK},
-    {"NLBEST", nlbest, de_de, 2.5, 4, 0, " 2,5", XF_OK},
-    // French_France
-    {"NLNUM", nlnum, fr_fr, 1234567.891, 14, 2, "  1\u00A0234\u00A0567,89", XF_OK},
-    {"NLNUMI", nlnumi, fr_fr, 1234567.891, 14, 2, "  1,234,567.89", XF_OK},
-    {"NLMNY", nlmny, fr_fr, 1234.5, 12, 2, "  1\u00A0234,50 \u20AC", XF_OK},
-    {"NLPCT", nlpct, fr_fr, -0.5, 6, 0, "  -50%", XF_OK},
-    {"NLPCT", nlpct, fr_fr, 12.345, 8, 1, "1\u00A0234,5%", XF_OK},
-    {"NLPCTN", nlpctn, fr_fr, 0.5, 7, 0, "    50%", XF_OK},
-    {"NLPCTN", nlpctn, fr_fr, -0.5, 7, 0, "   -50%", XF_OK},
-    {"NLPVALUE", nlpvalue, fr_fr, 0.5, 8, 2, "    0,50", XF_OK},
-    {"NLBEST", nlbest, fr_fr, 0.25, 6, 0, "  0,25", XF_OK},
-    // Japanese_Japan
-    {"NLNUM", nlnum, ja_jp, 1234567.891, 14, 2, "  1,234,567.89", XF_OK},
-    {"NLMNY", nlmny, ja_jp, -1234, 10, 0, "   \uFFE5-1,234", XF_OK},
-    {"NLMNYI", nlmnyi, ja_jp, 1234, 10, 0, "  JPY1,234", XF_OK},
-    {"NLPCT", nlpct, ja_jp, 0.5, 5, 0, "  50%", XF_OK},
-    {"NLBEST", nlbest, ja_jp, -2.5, 5, 0, " -2.5", XF_OK},  // 182 is 4: beside a leading symbol
-    // Arabic_Bahrain: the minus follows the number (field 182 = 2)
-    {"NLBEST", nlbest, ar_bh, -2.5, 5, 0, " 2.5-", XF_OK},
-    {"NLBEST", nlbest, ar_bh, -1234.5, 8, 0, " 1234.5-", XF_OK},
-    {"NLBEST", nlbest, ar_bh, 1234.5, 8, 0, "  1234.5", XF_OK},
-    {"NLNUM", nlnum, ar_bh, -1234.5, 10, 1, "  -1,234.5", XF_OK},  // NLNUM keeps "-" in front
-    {"NLMNY", nlmny, ar_bh, -1234.5, 16, 3, " \u062F.\u0628. 1,234.500-", XF_OK},
-    {"NLMNYI", nlmnyi, ar_bh, 1234.5, 14, 3, " BHD 1,234.500", XF_OK},
-    // English_India: groups of 3, then 2
-    {"NLNUM", nlnum, en_in, 1234567.891, 14, 2, "  12,34,567.89", XF_OK},
-    {"NLPCT", nlpct, en_in, 1234.5, 10, 0, " 1,23,450%", XF_OK},
-};
-
+// The fields of tests/data/nls/national_numbers.tsv; "<U00A0>" there stands
+// for the no-break space.
 TEST(numbers, exact_fields_in_five_locales) {
-  for (const exact_case &c : exact_cases) {
+  const auto lines = xfmt::test::tab_lines("nls/national_numbers.tsv");
+  EXPECT_GT(lines.size(), 50u);
+  for (const auto &l : lines) {
+    ASSERT_GE(l.size(), 7u);
+    std::string want = l[5].substr(1, l[5].size() - 2);
+    for (size_t at; (at = want.find("<U00A0>")) != std::string::npos;) want.replace(at, 7, "\u00A0");
+    const xf_status status = l[6] == "OK"           ? XF_OK
+                             : l[6] == "REDUCED"    ? XF_REDUCED
+                             : l[6] == "E_OVERFLOW" ? XF_E_OVERFLOW
+                                                    : ~0u;  // no other status is expected here
     xf_status st;
-    const std::string got = wide(c.routine, c.locale, c.value, c.w, c.d, &st);
-    EXPECT_EQ(got, c.text) << c.name << " locale " << c.locale << " " << c.value << " w" << c.w
-                           << "." << c.d;
-    EXPECT_EQ(st, c.status) << c.name << " locale " << c.locale << " " << c.value;
+    const std::string got = wide(xfmt::test::routine_named(l[0]), std::stoi(l[1]), std::stod(l[2]),
+                                 std::stoi(l[3]), std::stoi(l[4]), &st);
+    EXPECT_EQ(got, want) << l[0] << " locale " << l[1] << " " << l[2] << " w" << l[3] << "." << l[4];
+    EXPECT_EQ(st, status) << l[0] << " locale " << l[1] << " " << l[2];
   }
 }
 
