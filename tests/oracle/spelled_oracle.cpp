@@ -20,8 +20,7 @@ std::string below_thousand(int64_t n) {
   return std::string(small[n / 100]) + " hundred" + (n % 100 ? " " + below_thousand(n % 100) : "");
 }
 
-}  // namespace
-
+// 0 <= n < 10^15 in lower-case English words: "one million two thousand three".
 std::string integer_words(int64_t n) {
   struct scale {
     int64_t size;
@@ -37,6 +36,8 @@ std::string integer_words(int64_t n) {
   }
   return below_thousand(n);
 }
+
+}  // namespace
 
 std::string amount_words(double v, bool figures) {
   double a = std::fabs(v);

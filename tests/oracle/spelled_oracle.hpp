@@ -8,8 +8,6 @@
 
 namespace xfmt::oracle {
 
-// 0 <= n < 10^15 in lower-case English words: "one million two thousand three".
-std::string integer_words(int64_t n);
 // The WORDS (figures false) or WORDF (figures true) text of v, before any
 // padding; "" when |v| rounds to 10^15 or more.
 std::string amount_words(double v, bool figures);

@@ -66,8 +66,7 @@ int estimate(double m) {
   return e2 * 77 / 256;
 }
 
-}  // namespace
-
+// Decimals for `digits` significant digits in `room` positions, or -999.
 int zfmtd_oracle(double m, int room, int digits) {
   if (digits < 1) digits = 1;
   if (!(m > 0) || !std::isfinite(m)) return 0;
@@ -84,6 +83,8 @@ int zfmtd_oracle(double m, int room, int digits) {
   return dd;
 }
 
+// The E text of m (without blanks) for the available width and code; empty
+// when it does not fit.
 std::string fmte_oracle(double m, int room, int code) {
   if (room < 1) return {};
   double mant = 0;
@@ -129,7 +130,6 @@ std::string fmte_oracle(double m, int room, int code) {
   return text + ex;
 }
 
-namespace {
 
 // The field of w positions for a finite, non-missing value, and its status.
 xf_status layout(double v, int w, int d, std::string &field) {

@@ -20,11 +20,4 @@ struct field_result {
 // zfmt on a value with width w, decimals code d and an output capacity.
 field_result zfmt_oracle(double value, int32_t w, int32_t d, uint32_t capacity);
 
-// The E text of m (without blanks) for the available width and code; empty
-// when it does not fit.
-std::string fmte_oracle(double m, int room, int code);
-
-// Decimals for `digits` significant digits in `room` positions, or -999.
-int zfmtd_oracle(double m, int room, int digits);
-
 }  // namespace xfmt::oracle
