@@ -8,6 +8,7 @@
 
 #include "catalog/missing.hpp"
 #include "oracle/binary_oracle.hpp"
+#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -16,72 +17,7 @@ namespace {
 
 using xfmt::test::frame_box;
 
-struct row {
-  double value;
-  int32_t w;
-  const char *field;
-  xf_status status;
-};
-
-void check(xf_routine routine, const char *name, const row &r) {
-  frame_box b = frame_box::number(r.value, r.w, 0);
-  xf_status st = routine(&b.f);
-  EXPECT_EQ(b.str(), r.field) << name << " value " << r.value << " w " << r.w;
-  EXPECT_EQ(st, r.status) << name << " value " << r.value << " w " << r.w;
-}
-
 const double dot = xfmt::missing_ordinary();
-
-TEST(radix_formats, hex_fields) {
-  const row rows[] = {
-      {255, 2, "FF", XF_OK},
-      {256, 2, "**", XF_E_OVERFLOW},
-      {-1, 4, "FFFF", XF_OK},
-      {-128, 2, "80", XF_OK},
-      {-129, 2, "**", XF_E_OVERFLOW},
-      {10, 8, "0000000A", XF_OK},
-      {10.5, 1, "B", XF_OK},
-      {-0.3, 3, "000", XF_OK},
-      {1, 16, "3FF0000000000000", XF_OK},
-      {-2, 16, "C000000000000000", XF_OK},
-      {dot, 16, "FFFFFE0000000000", XF_OK},
-      {dot, 4, "   .", XF_OK},
-      {xfmt::missing_value(2), 3, "  A", XF_OK},
-      {std::numeric_limits<double>::infinity(), 4, "****", XF_E_OVERFLOW},
-      {1152921504606846975.0, 15, "***************", XF_E_OVERFLOW},  // the double is 2^60
-      {1152921504606846720.0, 15, "FFFFFFFFFFFFF00", XF_OK},
-      {-576460752303423488.0, 15, "800000000000000", XF_OK},
-      {1, 0, "", XF_E_OVERFLOW},
-      {1, 17, "*****************", XF_E_OVERFLOW},
-  };
-  for (const row &r : rows) check(zfmhex, "HEX", r);
-}
-
-TEST(radix_formats, octal_and_binary_fields) {
-  const row oct[] = {
-      {8, 3, "010", XF_OK},
-      {511, 3, "777", XF_OK},
-      {512, 3, "***", XF_E_OVERFLOW},
-      {-8, 3, "770", XF_OK},
-      {-256, 3, "400", XF_OK},
-      {-257, 3, "***", XF_E_OVERFLOW},
-      {-1, 24, "777777777777777777777777", XF_OK},
-      {1, 24, "000000000000000000000001", XF_OK},
-  };
-  for (const row &r : oct) check(zfmoct, "OCTAL", r);
-  const row bin[] = {
-      {5, 8, "00000101", XF_OK},
-      {-1, 8, "11111111", XF_OK},
-      {-128, 8, "10000000", XF_OK},
-      {256, 8, "********", XF_E_OVERFLOW},
-      {1, 1, "1", XF_OK},
-      {-1, 1, "1", XF_OK},
-      {2, 1, "*", XF_E_OVERFLOW},
-      {-9223372036854775808.0, 64, "1000000000000000000000000000000000000000000000000000000000000000", XF_OK},
-      {dot, 8, "       .", XF_OK},
-  };
-  for (const row &r : bin) check(zfmbin, "BINARY", r);
-}
 
 TEST(radix_formats, capacity_cuts_the_field) {
   frame_box b = frame_box::number(255, 8, 0, 5);
@@ -157,5 +93,7 @@ TEST(radix_formats, every_byte) {
     EXPECT_EQ(std::stoi(bi.str(), nullptr, 2), c);
   }
 }
+
+TEST(case_files, radix_formats) { xfmt::test::run_case_file("numeric/radix_formats.txt"); }
 
 }  // namespace

@@ -6,31 +6,22 @@
 #include <cmath>
 #include <limits>
 
-#include "binary_rows.hpp"
+#include "catalog/missing.hpp"
 #include "numeric/binary_codec.hpp"
+#include "numeric/hex_bytes.hpp"
 #include "oracle/binary_oracle.hpp"
+#include "support/cases.hpp"
+#include "support/frame.hpp"
 #include "support/random.hpp"
+#include "xfmt/xfmt.h"
 
 namespace {
 
-using xfmt::test::check_get;
-using xfmt::test::check_put;
 using xfmt::test::frame_box;
-using xfmt::test::put_row;
 
 const double dot = xfmt::missing_ordinary();
 
-TEST(transport, pcpib_and_xportint_bytes) {
-  const put_row pc[] = {{128, 4, 0, "80000000", XF_OK}, {256, 2, 0, "0001", XF_OK}, {-5, 2, 0, "FBFF", XF_OK},
-                        {70000, 2, 0, "FFFF", XF_E_OVERFLOW}, {-70000, 2, 0, "0080", XF_E_OVERFLOW},
-                        {1.5, 1, 1, "0F", XF_OK}, {dot, 2, 0, "0000", XF_OK}};
-  for (const put_row &r : pc) check_put(zfmpcpib, "PCPIB", r);
-  const put_row xi[] = {{1, 4, 0, "00000001", XF_OK}, {-2, 2, 0, "FFFE", XF_OK}, {2.5, 1, 0, "03", XF_OK},
-                        {128, 1, 0, "7F", XF_E_OVERFLOW}, {dot, 4, 0, "00000000", XF_OK}};
-  for (const put_row &r : xi) check_put(zfmxportint, "XPORTINT", r);
-  check_get(zifmpcpib, "@PCPIB", {"0001", 2, 0, 256, XF_OK});
-  check_get(zifmpcpib, "@PCPIB", {"FBFF", 2, 1, 6553.1, XF_OK});
-  check_get(zifmpcpib, "@PCPIB", {"FB", 2, 0, dot, XF_IN_INVALID});
+TEST(transport, pcpib_against_the_oracle) {
   // The oracle's unsigned little-endian rule over random values and widths.
   std::mt19937_64 g = xfmt::test::rng(0xB7);
   for (uint64_t i = 0; i < xfmt::test::scaled(5000); ++i) {
@@ -44,16 +35,7 @@ TEST(transport, pcpib_and_xportint_bytes) {
   }
 }
 
-TEST(transport, xportflt_bytes_and_missing_codes) {
-  const put_row rows[] = {
-      {1, 8, 0, "4110000000000000", XF_OK},  {1, 4, 0, "41100000", XF_OK},
-      {-0.5, 8, 0, "C080000000000000", XF_OK}, {1, 8, 1, "41A0000000000000", XF_OK},
-      {dot, 8, 0, "2E00000000000000", XF_OK}, {xfmt::missing_value(2), 8, 0, "4100000000000000", XF_OK},
-      {xfmt::missing_value(0), 4, 0, "5F000000", XF_OK}, {xfmt::missing_value(27), 2, 0, "5A00", XF_OK},
-      {xfmt::bits_double(0xFFFF000000000000ull), 2, 0, "2E00", XF_OK},
-      {1e80, 2, 0, "7FFF", XF_E_OVERFLOW},
-  };
-  for (const put_row &r : rows) check_put(zfmxportflt, "XPORTFLT", r);
+TEST(transport, xportflt_reads_back) {
   // The decoder reads the codes back and every other field as its value.
   for (int i = 0; i < 28; ++i) {
     frame_box b = frame_box::number(xfmt::missing_value(i), 8, 0);
@@ -116,5 +98,7 @@ TEST(transport, character_fields) {
   ASSERT_EQ(zifmcstr(&in.f), XF_OK);
   EXPECT_EQ(in.str(), "hello       ");
 }
+
+TEST(case_files, transport) { xfmt::test::run_case_file("numeric/transport.txt"); }
 
 }  // namespace
