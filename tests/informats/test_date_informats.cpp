@@ -120,7 +120,7 @@ const int64_t y1582 = days_from_ymd(1582, 1, 1);
 const int64_t y1950 = days_from_ymd(1950, 1, 1), y2049 = days_from_ymd(2049, 12, 31);
 const int64_t y2200 = days_from_ymd(2200, 12, 31), y9999 = days_from_ymd(9999, 12, 31);
 
-TEST(DateInformatsRoundTrip, FourDigitYearsEveryDay) {
+TEST(DateInformatsRoundTrip, exhaustive_FourDigitYearsEveryDay) {
   round_trip(zfmdate, 9, zifmdate, y1582, y2200);
   round_trip(zfmdate, 11, zifmdate, y1582, y2200, 3);
   // Width 10 is the only one with four year digits: 8 prints "07/04/23".
@@ -147,7 +147,7 @@ TEST(DateInformatsRoundTrip, TwoDigitYearsEveryDay) {
 // Every day-month-year layout (no separator, blank, colon, dash, period,
 // slash) at every width that shows a whole date reads back with the matching
 // informat; "01:01:1582" was once refused.
-TEST(DateInformatsRoundTrip, EverySeparatorAndWidth) {
+TEST(DateInformatsRoundTrip, exhaustive_EverySeparatorAndWidth) {
   const struct {
     const char *prefix;
     xf_routine informat;

@@ -23,7 +23,6 @@ using xfmt::test::num;
 using xfmt::test::run_informat;
 
 constexpr xf_status ok = XF_OK;
-constexpr xf_status bad = XF_IN_INVALID;
 
 
 // Nothing past input_length is read: the frame's text ends before a digit

@@ -24,7 +24,6 @@ using xfmt::test::num;
 using xfmt::test::run_informat;
 
 constexpr xf_status ok = XF_OK;
-constexpr xf_status bad = XF_IN_INVALID;
 const uint64_t none = miss('.');
 
 struct language {

@@ -27,9 +27,6 @@ struct row {
 };
 
 constexpr xf_status ok = XF_OK;
-constexpr xf_status bad = XF_IN_INVALID;
-constexpr xf_status range = XF_IN_RANGE_WARNING;
-constexpr xf_status width = XF_IN_BAD_WIDTH;
 
 TEST(number_informat, output_too_small_writes_nothing) {
   xfmt::test::frame_box b = xfmt::test::frame_box::chars("123", 3, 0, 7);

@@ -14,9 +14,6 @@ using xfmt::test::miss;
 using xfmt::test::num;
 using xfmt::test::run_informat;
 
-constexpr xf_status ok = XF_OK;
-constexpr xf_status bad = XF_IN_INVALID;
-constexpr xf_status width = XF_IN_BAD_WIDTH;
 
 TEST(commax_informat, reads_the_whole_field) {
   std::string text = std::string(31, ' ') + "12";

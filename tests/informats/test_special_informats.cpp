@@ -23,7 +23,6 @@ using xfmt::test::num;
 using xfmt::test::run_informat;
 
 constexpr xf_status ok = XF_OK;
-constexpr xf_status bad = XF_IN_INVALID;
 const uint64_t none = miss('.');
 
 std::string read_chars(xf_routine r, const std::string &text, int32_t w) {

@@ -24,7 +24,6 @@ using xfmt::test::frame_box;
 
 const double missing_a = xfmt::missing_value(2);
 const double dot = xfmt::missing_ordinary();
-const double inf = std::numeric_limits<double>::infinity();
 
 TEST(binary_formats, zoned_signs_need_two_positions) {
   for (xf_routine r : {zfms370zds, zfms370zdt}) {

@@ -17,28 +17,7 @@ namespace {
 using xfmt::test::frame_box;
 using xfmt::test::from_hex;
 
-std::string cb_text(const std::string &hex, int32_t w, xf_status want) {
-  frame_box b = frame_box::chars(from_hex(hex), w, 0, w / 2);
-  EXPECT_EQ(zifmccb(&b.f), want) << hex;
-  return b.str();
-}
-
-TEST(card_informats, characters) {
-  EXPECT_EQ(cb_text("2400", 2, XF_OK), "A");
-  EXPECT_EQ(cb_text("1400", 2, XF_OK), "J");
-  EXPECT_EQ(cb_text("0A00", 2, XF_OK), "S");
-  EXPECT_EQ(cb_text("0010", 2, XF_OK), "5");
-  EXPECT_EQ(cb_text("2000", 2, XF_OK), "&");
-  EXPECT_EQ(cb_text("0000", 2, XF_OK), " ");
-  EXPECT_EQ(cb_text("1000", 2, XF_OK), "-");
-  EXPECT_EQ(cb_text("0C00", 2, XF_OK), "/");          // 0-1
-  EXPECT_EQ(cb_text("2001", 2, XF_OK), "I");          // 12-9
-  EXPECT_EQ(cb_text("E0C1", 2, XF_OK), "I");          // the two high bits are ignored
-  EXPECT_EQ(cb_text("2C00", 2, XF_OK), "a");          // 12-0-1
-  EXPECT_EQ(cb_text("000A", 2, XF_OK), "=");          // 8-6 is 7E
-  EXPECT_EQ(cb_text("2102", 2, XF_OK), ".");          // 12-8-3 is 4B
-  EXPECT_EQ(cb_text("3F3F", 2, XF_IN_INVALID), " ");  // every row
-  EXPECT_EQ(cb_text("240000102000", 6, XF_OK), "A5&");
+TEST(card_informats, bad_width) {
   frame_box neg = frame_box::chars("", -1, 0, 1);
   EXPECT_EQ(zifmccb(&neg.f), XF_IN_BAD_WIDTH);
 }

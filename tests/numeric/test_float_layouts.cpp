@@ -20,7 +20,6 @@ namespace {
 using xfmt::test::frame_box;
 
 const double dot = xfmt::missing_ordinary();
-const double inf = std::numeric_limits<double>::infinity();
 
 TEST(float_layouts, float_needs_four_bytes) {
   frame_box b = frame_box::number(1, 3, 0);

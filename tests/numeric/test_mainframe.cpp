@@ -18,7 +18,6 @@ namespace {
 using xfmt::test::frame_box;
 
 const double dot = xfmt::missing_ordinary();
-const double inf = std::numeric_limits<double>::infinity();
 
 TEST(mainframe, s370frb_bytes) {
   frame_box b = frame_box::number(1, 1, 0, 8);

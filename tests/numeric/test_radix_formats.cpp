@@ -46,39 +46,6 @@ TEST(radix_formats, oracle_random) {
   }
 }
 
-struct char_row {
-  const char *text;
-  int32_t w;
-  const char *field;
-};
-
-TEST(radix_formats, character_fields) {
-  const char_row hex[] = {
-      {"AB", 4, "4142"}, {"AB", 3, "414"}, {"A", 4, "4120"}, {"", 2, "20"}, {"\xFF\x00", 4, "FF00"}};
-  for (const char_row &r : hex) {
-    frame_box b = frame_box::chars(std::string(r.text, r.text[0] == '\xFF' ? 2 : std::char_traits<char>::length(r.text)), r.w);
-    EXPECT_EQ(zfmchex(&b.f), XF_OK);
-    EXPECT_EQ(b.str(), r.field) << r.text;
-  }
-  const char_row oct[] = {{"A", 3, "101"}, {"\xFF", 3, "377"}, {"AB", 5, "10110"}, {"", 3, "040"}};
-  for (const char_row &r : oct) {
-    frame_box b = frame_box::chars(r.text, r.w);
-    EXPECT_EQ(zfmcoct(&b.f), XF_OK);
-    EXPECT_EQ(b.str(), r.field) << r.text;
-  }
-  const char_row bin[] = {{"A", 8, "01000001"}, {"A", 10, "0100000100"}, {"AB", 16, "0100000101000010"}};
-  for (const char_row &r : bin) {
-    frame_box b = frame_box::chars(r.text, r.w);
-    EXPECT_EQ(zfmcbin(&b.f), XF_OK);
-    EXPECT_EQ(b.str(), r.field) << r.text;
-  }
-  frame_box cut = frame_box::chars("AB", 4, 0, 3);
-  EXPECT_EQ(zfmchex(&cut.f), XF_E_CAPACITY);
-  EXPECT_EQ(cut.str(), "414");
-  frame_box bad = frame_box::chars("AB", 0, 0, 4);
-  EXPECT_EQ(zfmchex(&bad.f), XF_E_OVERFLOW);
-  EXPECT_EQ(bad.f.output_length, 0u);
-}
 
 // Every byte through each character form: the digits read back as the byte.
 TEST(radix_formats, every_byte) {

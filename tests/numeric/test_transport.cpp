@@ -52,46 +52,8 @@ TEST(transport, xportflt_reads_back) {
   }
 }
 
-TEST(transport, character_fields) {
-  struct row {
-    xf_routine routine;
-    const char *value;
-    int32_t w;
-    const char *hex;
-    xf_status status;
-  };
-  const row rows[] = {
-      {zfmxportch, "AB", 4, "41422020", XF_OK},  {zfmxportch, "ABCDE", 3, "414243", XF_OK},
-      {zfmxportch, "A", 201, "", XF_E_OVERFLOW}, {zfmcstr, "ab  ", 5, "6162000000", XF_OK},
-      {zfmcstr, "ab", 3, "616200", XF_OK},       {zfmcstr, "xyz", 3, "78797A", XF_OK},
-      {zfmcstr, "   ", 2, "0000", XF_OK},        {zfmcstr, "a", 0, "", XF_E_OVERFLOW},
-      {zfmbyval, "ab", 4, "61620000", XF_OK},    {zfmbyval, "abcdefghij", 8, "6162636465666768", XF_OK},
-      {zfmbyval, "a", 1, "", XF_E_OVERFLOW},
-  };
-  for (const row &r : rows) {
-    frame_box b = frame_box::chars(r.value, r.w);
-    EXPECT_EQ(r.routine(&b.f), r.status) << r.value << " w " << r.w;
-    EXPECT_EQ(xfmt::test::to_hex(b.str()), r.hex) << r.value << " w " << r.w;
-  }
-  frame_box cut = frame_box::chars("abc", 5, 0, 2);
-  EXPECT_EQ(zfmcstr(&cut.f), XF_E_CAPACITY);
-  EXPECT_EQ(cut.str(), "ab");
-  struct read {
-    xf_routine routine;
-    const char *hex;
-    int32_t w;
-    const char *text;
-    xf_status status;
-  };
-  const read reads[] = {{zifmcstr, "6162007A", 4, "ab  ", XF_OK}, {zifmcstr, "616263", 3, "abc", XF_OK},
-                        {zifmcstr, "6162", 4, "ab  ", XF_OK},     {zifmbyval, "610042", 3, "a  ", XF_OK},
-                        {zifmbyval, "00", 2, "  ", XF_OK},         {zifmbyval, "61", 9, "", XF_IN_BAD_WIDTH}};
-  for (const read &r : reads) {
-    frame_box b = frame_box::chars(xfmt::test::from_hex(r.hex), r.w, 0, r.w > 0 ? r.w : 0);
-    EXPECT_EQ(r.routine(&b.f), r.status) << r.hex;
-    EXPECT_EQ(b.str(), r.text) << r.hex;
-  }
-  // $CSTR then @$CSTR gives back the value with its trailing blanks.
+// $CSTR then @$CSTR gives back the value with its trailing blanks.
+TEST(transport, cstr_round_trip) {
   frame_box out = frame_box::chars("hello  ", 12);
   ASSERT_EQ(zfmcstr(&out.f), XF_OK);
   frame_box in = frame_box::chars(out.str(), 12, 0, 12);
