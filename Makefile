@@ -1,13 +1,14 @@
 # Two commands do all the set-up on a fresh machine:
 #   make run    builds the library and the xfmt command only, then formats the bundled sample data
 #   make test   builds everything (tests, fuzz replays, benchmarks) and runs the tests through ctest
+#               (all but the long sweeps labelled exhaustive: make test-exhaustive runs those)
 # Nothing is installed silently: a missing Debian package is named and the build stops.
 
 BUILD ?= build
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=Release
 
-.PHONY: all run test bench check-deps clean sanitize
+.PHONY: all run test test-exhaustive bench check-deps clean sanitize
 
 all: $(BUILD)/build.ninja
 	cmake --build $(BUILD) -j $(JOBS)
@@ -31,7 +32,10 @@ run: $(BUILD)/build.ninja
 	./tools/run-sample.sh $(BUILD)
 
 test: all
-	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
+	cd $(BUILD) && ctest --output-on-failure -j $(JOBS) -LE exhaustive
+
+test-exhaustive: all
+	cd $(BUILD) && ctest --output-on-failure -j $(JOBS) -L exhaustive
 
 bench: all
 	$(BUILD)/bench/xfmt_bench
@@ -39,7 +43,7 @@ bench: all
 sanitize: check-deps
 	cmake -S . -B $(BUILD)-asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DXFMT_SANITIZE=ON -DXFMT_BENCH=OFF
 	cmake --build $(BUILD)-asan -j $(JOBS)
-	cd $(BUILD)-asan && ctest --output-on-failure -j $(JOBS)
+	cd $(BUILD)-asan && ctest --output-on-failure -j $(JOBS) -LE exhaustive
 
 clean:
 	rm -rf $(BUILD) $(BUILD)-asan

@@ -23,94 +23,7 @@ using xfmt::test::num;
 using xfmt::test::run_informat;
 
 constexpr xf_status ok = XF_OK;
-constexpr xf_status bad = XF_IN_INVALID;
 
-struct row {
-  xf_routine routine;
-  const char *name;
-  std::string text;
-  int32_t w;
-  xf_status status;
-  uint64_t bits;
-  int32_t d = 0;
-};
-
-uint64_t day(int64_t y, int32_t m, int32_t d) { return num(static_cast<double>(days_from_ymd(y, m, d))); }
-const uint64_t none = miss('.');
-
-void check(const std::vector<row> &rows) {
-  for (const row &r : rows) {
-    auto got = run_informat(r.routine, r.text, r.w, r.d);
-    EXPECT_EQ(got.status, r.status) << r.name << " [" << r.text << "] w " << r.w;
-    EXPECT_EQ(hex(got.bits), hex(r.bits)) << r.name << " [" << r.text << "] w " << r.w;
-  }
-}
-
-TEST(FurtherDateInformats, Minguo) {
-  check({
-      {zifmmingo, "MINGUO", "59/01/01", 8, ok, num(3653)},
-      {zifmmingo, "MINGUO", "1120704", 7, ok, num(23195)},
-      {zifmmingo, "MINGUO", "112-07-04", 9, ok, num(23195)},
-      {zifmmingo, "MINGUO", "1 1 1", 6, ok, num(-17532)},
-      {zifmmingo, "MINGUO", "0112/07/04", 10, ok, num(23195)},
-      {zifmmingo, "MINGUO", "101/02/29", 10, ok, day(2012, 2, 29)},
-      {zifmmingo, "MINGUO", "18089/12/31", 11, ok, day(20000, 12, 31)},
-      {zifmmingo, "MINGUO", "  590101", 8, ok, num(3653)},
-      {zifmmingo, "MINGUO", "0/01/01", 7, bad, none},
-      {zifmmingo, "MINGUO", "00101", 6, bad, none},
-      {zifmmingo, "MINGUO", "100/02/29", 9, bad, none},  // 2011 is no leap year
-      {zifmmingo, "MINGUO", "112/07/04x", 10, bad, none},
-      {zifmmingo, "MINGUO", "112/0704", 8, bad, none},
-      {zifmmingo, "MINGUO", "1120704", 6, bad, none},  // w cuts the day short
-      {zifmmingo, "MINGUO", ".", 6, ok, none},
-  });
-}
-
-TEST(FurtherDateInformats, XyymmddYyqzYymmn) {
-  check({
-      {zifmxymd, "XYYMMDD", "2023-07-04", 10, ok, num(23195)},
-      {zifmxymd, "XYYMMDD", "23-07-04", 8, ok, num(23195)},
-      {zifmxymd, "XYYMMDD", "20230704", 8, ok, num(23195)},
-      {zifmxymd, "XYYMMDD", "230704", 6, ok, num(23195)},
-      {zifmxymd, "XYYMMDD", "2023-02-29", 10, bad, none},
-      {zifmxymd, "XYYMMDD", "2023-07-0", 10, bad, none},
-      {zifmyyqz, "YYQZ", "2303", 4, ok, num(23192)},
-      {zifmyyqz, "YYQZ", "202303", 6, ok, num(23192)},
-      {zifmyyqz, "YYQZ", "9904", 4, ok, num(14518)},
-      {zifmyyqz, "YYQZ", "202305", 6, bad, none},
-      {zifmyyqz, "YYQZ", "2023Q3", 6, bad, none},
-      {zifmyyqz, "YYQZ", "158101", 6, bad, none},
-      {zifmyymn, "YYMMN", "6001", 4, ok, num(0)},
-      {zifmyymn, "YYMMN", "202307", 6, ok, num(23192)},
-      {zifmyymn, "YYMMN", "9912", 4, ok, num(14579)},
-      {zifmyymn, "YYMMN", "202313", 6, bad, none},
-      {zifmyymn, "YYMMN", "20237", 5, bad, none},
-      {zifmyymn, "YYMMN", "2023-07", 7, bad, none},
-  });
-}
-
-uint64_t stamp(int64_t y, int32_t m, int32_t d, int64_t h, int64_t mi, double s) {
-  return num(static_cast<double>(days_from_ymd(y, m, d)) * 86400.0 + static_cast<double>(h * 3600 + mi * 60) + s);
-}
-
-TEST(FurtherDateInformats, Ymddttm) {
-  check({
-      {zifmymdt, "YMDDTTM", "2023-07-04 12:30:00", 19, ok, num(2004093000)},
-      {zifmymdt, "YMDDTTM", "23/07/04 12:30", 19, ok, num(2004093000)},
-      {zifmymdt, "YMDDTTM", "1960-01-01 00:00:00.5", 21, ok, num(0.5)},
-      {zifmymdt, "YMDDTTM", "2023.7.4.1.2.3.25", 20, ok, stamp(2023, 7, 4, 1, 2, 3.25)},
-      {zifmymdt, "YMDDTTM", "2023-07-04T12:30", 16, ok, stamp(2023, 7, 4, 12, 30, 0)},
-      {zifmymdt, "YMDDTTM", "2023-07-04 12:30:00", 19, ok, num(2004093000), 39},
-      {zifmymdt, "YMDDTTM", "2023-07-04 12:30:00", 19, XF_IN_BAD_WIDTH, none, 40},
-      {zifmymdt, "YMDDTTM", "2023-07-04 24:00", 16, bad, none},
-      {zifmymdt, "YMDDTTM", "2023-07-04 12:60", 16, bad, none},
-      {zifmymdt, "YMDDTTM", "2023-07-04 12:30:60", 19, bad, none},
-      {zifmymdt, "YMDDTTM", "2023-07-04", 10, bad, none},
-      {zifmymdt, "YMDDTTM", "2023-07-04  12:30", 17, bad, none},
-      {zifmymdt, "YMDDTTM", "2023-07-04 12:30:", 17, bad, none},
-      {zifmymdt, "YMDDTTM", "2023-02-30 12:30", 16, bad, none},
-  });
-}
 
 // Nothing past input_length is read: the frame's text ends before a digit
 // that would complete the date.
@@ -172,5 +85,7 @@ TEST(FurtherDateInformatsRoundTrip, EveryDayEveryWidth) {
   round_trip(zfmdtmy, true, 7, zifmmony, y1582, y2400, month_start);
   for (int32_t w = 5; w <= 6; ++w) round_trip(zfmdtmy, true, w, zifmmony, y1950, y2049, month_start);
 }
+
+TEST(case_files, further_date_informats) { xfmt::test::run_case_file("informats/further_date_informats.txt"); }
 
 }  // namespace

@@ -23,86 +23,7 @@ using xfmt::test::num;
 using xfmt::test::run_informat;
 
 constexpr xf_status ok = XF_OK;
-constexpr xf_status bad = XF_IN_INVALID;
 const uint64_t none = miss('.');
-
-struct row {
-  xf_routine routine;
-  const char *name;
-  std::string text;
-  int32_t w;
-  int32_t d;
-  xf_status status;
-  uint64_t bits;
-};
-
-void check(const std::vector<row> &rows) {
-  for (const row &r : rows) {
-    auto got = run_informat(r.routine, r.text, r.w, r.d);
-    EXPECT_EQ(got.status, r.status) << r.name << " [" << r.text << "] w " << r.w << " d " << r.d;
-    EXPECT_EQ(hex(got.bits), hex(r.bits)) << r.name << " [" << r.text << "] w " << r.w << " d " << r.d;
-  }
-}
-
-std::string bytes(std::initializer_list<int> b) {
-  std::string s;
-  for (int c : b) s.push_back(static_cast<char>(c));
-  return s;
-}
-
-TEST(SpecialInformats, PackedJulian) {
-  check({
-      {zifmpdjg, "PDJULG", bytes({0x19, 0x60, 0x00, 0x1F}), 4, 0, ok, num(0)},
-      {zifmpdjg, "PDJULG", bytes({0x20, 0x00, 0x06, 0x0F}), 4, 0, ok, num(14669)},
-      {zifmpdjg, "PDJULG", bytes({0x20, 0x23, 0x36, 0x5C}), 4, 0, ok, num(days_from_ymd(2023, 12, 31))},
-      {zifmpdjg, "PDJULG", bytes({0x20, 0x23, 0x36, 0x6F}), 4, 0, bad, none},  // day 366 of 2023
-      {zifmpdjg, "PDJULG", bytes({0x20, 0x23, 0x00, 0x0F}), 4, 0, bad, none},
-      {zifmpdjg, "PDJULG", bytes({0x15, 0x81, 0x36, 0x5F}), 4, 0, bad, none},
-      {zifmpdjg, "PDJULG", bytes({0x20, 0x23, 0x18, 0x5D}), 4, 0, bad, none},
-      {zifmpdjg, "PDJULG", bytes({0x20, 0x2A, 0x18, 0x5F}), 4, 0, bad, none},
-      {zifmpdjg, "PDJULG", bytes({0x20, 0x23, 0x18}), 4, 0, bad, none},
-      {zifmpdjg, "PDJULG", "    ", 4, 0, ok, none},
-      {zifmpdjg, "PDJULG", bytes({0x20, 0x23, 0x18, 0x5F}), 5, 0, XF_IN_BAD_WIDTH, none},
-      {zifmpdji, "PDJULI", bytes({0x00, 0x60, 0x00, 0x1F}), 4, 0, ok, num(0)},
-      {zifmpdji, "PDJULI", bytes({0x01, 0x23, 0x04, 0x5F}), 4, 0, ok, num(23055)},
-      {zifmpdji, "PDJULI", bytes({0x00, 0x99, 0x00, 0x1F}), 4, 0, ok, num(days_from_ymd(1999, 1, 1))},
-      {zifmpdji, "PDJULI", bytes({0x02, 0x18, 0x00, 0x1F}), 4, 0, ok, num(days_from_ymd(2118, 1, 1))},
-  });
-}
-
-TEST(SpecialInformats, Numbers) {
-  check({
-      {zifmnumx, "NUMX", "12,5", 4, 0, ok, num(12.5)},
-      {zifmnumx, "NUMX", "-0,75", 5, 0, ok, num(-0.75)},
-      {zifmnumx, "NUMX", "1250", 4, 2, ok, num(12.5)},
-      {zifmnumx, "NUMX", "12,50", 5, 2, ok, num(12.5)},
-      {zifmnumx, "NUMX", "  1234,5 ", 9, 0, ok, num(1234.5)},
-      {zifmnumx, "NUMX", "1.250,5", 7, 0, bad, none},
-      {zifmnumx, "NUMX", "1,2,3", 5, 0, bad, none},
-      {zifmnumx, "NUMX", ".", 1, 0, ok, none},
-      {zifmyen, "YEN", "\\1,000", 6, 0, ok, num(1000)},
-      {zifmyen, "YEN", "\\12.50", 6, 2, ok, num(12.5)},
-      {zifmyen, "YEN", "\\12.5", 5, 2, ok, num(12.5)},
-      {zifmyen, "YEN", "1250", 4, 2, ok, num(12.5)},
-      {zifmyen, "YEN", "-\\1,234", 7, 0, ok, num(-1234)},
-      {zifmyen, "YEN", "\\", 1, 0, bad, none},
-      {zifmyen, "YEN", "\xA5" "1,234.50", 9, 2, ok, num(1234.5)},
-      {zifmyen, "YEN", "\\12x", 4, 0, bad, none},
-      {zifmsizekmg, "SIZEKMG", "4KB", 3, 0, ok, num(4096)},
-      {zifmsizekmg, "SIZEKMG", "1.5 mb", 6, 0, ok, num(1572864)},
-      {zifmsizekmg, "SIZEKMG", "2GB", 3, 0, ok, num(2147483648.0)},
-      {zifmsizekmg, "SIZEKMG", "100", 3, 0, ok, num(100)},
-      {zifmsizekmg, "SIZEKMG", "15KB", 4, 1, ok, num(1536)},
-      {zifmsizekmg, "SIZEKMG", "1TB", 3, 0, ok, num(1099511627776.0)},
-      {zifmsizekmg, "SIZEKMG", "  -2.5Kb ", 9, 0, ok, num(-2560)},
-      {zifmsizekmg, "SIZEKMG", "KB", 2, 0, bad, none},
-      {zifmsizekmg, "SIZEKMG", "4  KB", 5, 0, bad, none},
-      {zifmsizekmg, "SIZEKMG", "4XB", 3, 0, bad, none},
-      {zifmsizekmg, "SIZEKMG", "4K", 2, 0, bad, none},
-      {zifmsizekmg, "SIZEKMG", "4KBB", 4, 0, bad, none},
-      {zifmsizekmg, "SIZEKMG", "1e308GB", 7, 0, XF_IN_RANGE_WARNING, none},
-  });
-}
 
 std::string read_chars(xf_routine r, const std::string &text, int32_t w) {
   frame_box b = frame_box::chars(text, w);
@@ -201,5 +122,7 @@ TEST(SpecialInformats, NumberRoundTrips) {
     EXPECT_EQ(hex(run_informat(zifmsizekmg, t, 12, 2).bits), hex(num(shown * scale))) << t;
   }
 }
+
+TEST(case_files, special_informats) { xfmt::test::run_case_file("informats/special_informats.txt"); }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "catalog/missing.hpp"
 #include "numeric/binary_codec.hpp"
+#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -15,93 +16,11 @@ namespace {
 
 using xfmt::test::frame_box;
 
-struct read_row {
-  std::string bytes;
-  int32_t w;
-  int32_t d;
-  double value;
-  xf_status status;
-};
-
-void check_read(xf_routine routine, const char *name, const read_row &r) {
-  frame_box b = frame_box::chars(r.bytes, r.w, r.d, 8);
-  xf_status st = routine(&b.f);
-  EXPECT_EQ(st, r.status) << name << " w " << r.w;
-  EXPECT_EQ(b.f.output_length, 8u);
-  if (xfmt::is_missing(r.value)) EXPECT_EQ(xfmt::double_bits(b.result()), xfmt::double_bits(r.value)) << name;
-  else EXPECT_EQ(b.result(), r.value) << name << " w " << r.w;
-}
-
 const double dot = xfmt::missing_ordinary();
-std::string B(std::initializer_list<int> v) {
-  std::string s;
-  for (int c : v) s.push_back(static_cast<char>(c));
-  return s;
-}
 
 // Big-endian bytes in the host's order: the native informats read these.
-std::string N(std::initializer_list<int> v) {
-  std::string s = B(v);
-  return xfmt::numeric::host_big ? s : std::string(s.rbegin(), s.rend());
-}
-
-TEST(binary_informats, integer_bytes) {
-  check_read(zifmib, "@IB", {N({0xFF, 0xFE}), 2, 0, -2, XF_OK});
-  check_read(zifmib, "@IB", {N({0x80}), 1, 0, -128, XF_OK});
-  check_read(zifmib, "@IB", {N({0x04, 0xD2}), 2, 2, 12.34, XF_OK});
-  check_read(zifmib, "@IB", {N({0x80, 0, 0, 0, 0, 0, 0, 0}), 8, 0, -9223372036854775808.0, XF_OK});
-  check_read(zifmib, "@IB", {B({0x01}), 2, 0, dot, XF_IN_INVALID});  // one byte short
-  check_read(zifmib, "@IB", {B({0x01}), 0, 0, dot, XF_IN_BAD_WIDTH});
-  check_read(zifmib, "@IB", {B({0x01}), 9, 0, dot, XF_IN_BAD_WIDTH});
-  check_read(zifmib, "@IB", {B({0x01}), 1, 32, dot, XF_IN_BAD_WIDTH});
-  check_read(zifmibr, "@IBR", {B({0xFE, 0xFF}), 2, 0, -2, XF_OK});
-  check_read(zifmpib, "@PIB", {N({0xFF, 0xFE}), 2, 0, 65534, XF_OK});
-  check_read(zifmpibr, "@PIBR", {B({0x01, 0x02}), 2, 0, 513, XF_OK});
-  check_read(zifmpib, "@PIB", {B({0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}), 8, 0, 18446744073709551615.0, XF_OK});
-}
-
-TEST(binary_informats, decimal_bytes) {
-  check_read(zifmpd, "@PD", {B({0x12, 0x3C}), 2, 0, 123, XF_OK});
-  check_read(zifmpd, "@PD", {B({0x12, 0x3D}), 2, 1, -12.3, XF_OK});
-  check_read(zifmpd, "@PD", {B({0x12, 0x3B}), 2, 0, -123, XF_OK});
-  check_read(zifmpd, "@PD", {B({0x12, 0x3F}), 2, 0, 123, XF_OK});
-  check_read(zifmpd, "@PD", {B({0x0D}), 1, 0, -0.0, XF_OK});  // minus zero: what PD writes for missing
-  check_read(zifmpd, "@PD", {B({0x12, 0x39}), 2, 0, dot, XF_IN_INVALID});   // digit in the sign place
-  check_read(zifmpd, "@PD", {B({0x1A, 0x3C}), 2, 0, dot, XF_IN_INVALID});   // nibble above 9
-  check_read(zifmpk, "@PK", {B({0x12, 0x34}), 2, 0, 1234, XF_OK});
-  check_read(zifmpk, "@PK", {B({0x12, 0x34}), 2, 2, 12.34, XF_OK});
-  check_read(zifmpk, "@PK", {B({0x1C}), 1, 0, dot, XF_IN_INVALID});
-  check_read(zifmzd, "@ZD", {"04E", 3, 0, 45, XF_OK});  // overpunched signs
-  check_read(zifmzd, "@ZD", {"04N", 3, 0, -45, XF_OK});
-  check_read(zifmzd, "@ZD", {"034{", 4, 0, 340, XF_OK});
-  check_read(zifmzd, "@ZD", {"034}", 4, 0, -340, XF_OK});
-  check_read(zifmzd, "@ZD", {"0000567H", 8, 2, 56.78, XF_OK});
-  check_read(zifmzd, "@ZD", {"R", 1, 0, -9, XF_OK});
-  check_read(zifmzd, "@ZD", {"1S", 2, 0, dot, XF_IN_INVALID});
-  check_read(zifmzd, "@ZD", {"A1", 2, 0, dot, XF_IN_INVALID});
-  check_read(zifmzd, "@ZD", {B({0xF1, 0xF2, 0xC3}), 3, 0, 123, XF_OK});
-  check_read(zifmzd, "@ZD", {B({0xF1, 0xF2, 0xD3}), 3, 0, -123, XF_OK});
-  check_read(zifmzd, "@ZD", {"123", 3, 1, 12.3, XF_OK});                    // ASCII digits
-  check_read(zifmzd, "@ZD", {B({'1', '2', 0x73}), 3, 0, -123, XF_OK});      // ASCII negative zone
-  check_read(zifmzd, "@ZD", {B({0xF1, 0xC2, 0xC3}), 3, 0, dot, XF_IN_INVALID});
-  check_read(zifmzd, "@ZD", {B({0xF1, 0xFA}), 2, 0, dot, XF_IN_INVALID});
-  check_read(zifmzd, "@ZD", {B({0xF1, 0x5A}), 2, 0, dot, XF_IN_INVALID});
-}
 
 TEST(binary_informats, rb_and_radix_text) {
-  check_read(zifmrb, "@RB", {N({0x3F, 0xF0}), 2, 0, 1, XF_OK});
-  check_read(zifmrb, "@RB", {N({0x40, 0x2E, 0, 0, 0, 0, 0, 0}), 8, 1, 1.5, XF_OK});
-  check_read(zifmrb, "@RB", {N({0x40, 0, 0, 0, 0, 0, 0, 0}), 8, 0, 2, XF_OK});
-  check_read(zifmhex, "@HEX", {"FF", 2, 0, 255, XF_OK});
-  check_read(zifmhex, "@HEX", {" ff ", 4, 0, 255, XF_OK});
-  check_read(zifmhex, "@HEX", {"3FF0000000000000", 16, 0, 1, XF_OK});
-  check_read(zifmhex, "@HEX", {"    ", 4, 0, dot, XF_OK});
-  check_read(zifmhex, "@HEX", {"FG", 2, 0, dot, XF_IN_INVALID});
-  check_read(zifmhex, "@HEX", {"F", 17, 0, dot, XF_IN_BAD_WIDTH});
-  check_read(zifmoct, "@OCTAL", {"777", 3, 0, 511, XF_OK});
-  check_read(zifmoct, "@OCTAL", {"8", 1, 0, dot, XF_IN_INVALID});
-  check_read(zifmbin, "@BINARY", {"00000101", 8, 0, 5, XF_OK});
-  check_read(zifmbin, "@BINARY", {"0102", 4, 0, dot, XF_IN_INVALID});
   frame_box small = frame_box::chars("01", 2, 0, 7);
   EXPECT_EQ(zifmbin(&small.f), XF_E_CAPACITY);
   EXPECT_EQ(small.f.output_length, 0u);
@@ -211,5 +130,7 @@ TEST(binary_informats, hex16_round_trips_every_value) {
     ASSERT_EQ(xfmt::double_bits(in.result()), bits);
   }
 }
+
+TEST(case_files, binary_informats) { xfmt::test::run_case_file("numeric/binary_informats.txt"); }
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include "catalog/missing.hpp"
 #include "oracle/binary_oracle.hpp"
+#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -16,72 +17,7 @@ namespace {
 
 using xfmt::test::frame_box;
 
-struct row {
-  double value;
-  int32_t w;
-  const char *field;
-  xf_status status;
-};
-
-void check(xf_routine routine, const char *name, const row &r) {
-  frame_box b = frame_box::number(r.value, r.w, 0);
-  xf_status st = routine(&b.f);
-  EXPECT_EQ(b.str(), r.field) << name << " value " << r.value << " w " << r.w;
-  EXPECT_EQ(st, r.status) << name << " value " << r.value << " w " << r.w;
-}
-
 const double dot = xfmt::missing_ordinary();
-
-TEST(radix_formats, hex_fields) {
-  const row rows[] = {
-      {255, 2, "FF", XF_OK},
-      {256, 2, "**", XF_E_OVERFLOW},
-      {-1, 4, "FFFF", XF_OK},
-      {-128, 2, "80", XF_OK},
-      {-129, 2, "**", XF_E_OVERFLOW},
-      {10, 8, "0000000A", XF_OK},
-      {10.5, 1, "B", XF_OK},
-      {-0.3, 3, "000", XF_OK},
-      {1, 16, "3FF0000000000000", XF_OK},
-      {-2, 16, "C000000000000000", XF_OK},
-      {dot, 16, "FFFFFE0000000000", XF_OK},
-      {dot, 4, "   .", XF_OK},
-      {xfmt::missing_value(2), 3, "  A", XF_OK},
-      {std::numeric_limits<double>::infinity(), 4, "****", XF_E_OVERFLOW},
-      {1152921504606846975.0, 15, "***************", XF_E_OVERFLOW},  // the double is 2^60
-      {1152921504606846720.0, 15, "FFFFFFFFFFFFF00", XF_OK},
-      {-576460752303423488.0, 15, "800000000000000", XF_OK},
-      {1, 0, "", XF_E_OVERFLOW},
-      {1, 17, "*****************", XF_E_OVERFLOW},
-  };
-  for (const row &r : rows) check(zfmhex, "HEX", r);
-}
-
-TEST(radix_formats, octal_and_binary_fields) {
-  const row oct[] = {
-      {8, 3, "010", XF_OK},
-      {511, 3, "777", XF_OK},
-      {512, 3, "***", XF_E_OVERFLOW},
-      {-8, 3, "770", XF_OK},
-      {-256, 3, "400", XF_OK},
-      {-257, 3, "***", XF_E_OVERFLOW},
-      {-1, 24, "777777777777777777777777", XF_OK},
-      {1, 24, "000000000000000000000001", XF_OK},
-  };
-  for (const row &r : oct) check(zfmoct, "OCTAL", r);
-  const row bin[] = {
-      {5, 8, "00000101", XF_OK},
-      {-1, 8, "11111111", XF_OK},
-      {-128, 8, "10000000", XF_OK},
-      {256, 8, "********", XF_E_OVERFLOW},
-      {1, 1, "1", XF_OK},
-      {-1, 1, "1", XF_OK},
-      {2, 1, "*", XF_E_OVERFLOW},
-      {-9223372036854775808.0, 64, "1000000000000000000000000000000000000000000000000000000000000000", XF_OK},
-      {dot, 8, "       .", XF_OK},
-  };
-  for (const row &r : bin) check(zfmbin, "BINARY", r);
-}
 
 TEST(radix_formats, capacity_cuts_the_field) {
   frame_box b = frame_box::number(255, 8, 0, 5);
@@ -110,39 +46,6 @@ TEST(radix_formats, oracle_random) {
   }
 }
 
-struct char_row {
-  const char *text;
-  int32_t w;
-  const char *field;
-};
-
-TEST(radix_formats, character_fields) {
-  const char_row hex[] = {
-      {"AB", 4, "4142"}, {"AB", 3, "414"}, {"A", 4, "4120"}, {"", 2, "20"}, {"\xFF\x00", 4, "FF00"}};
-  for (const char_row &r : hex) {
-    frame_box b = frame_box::chars(std::string(r.text, r.text[0] == '\xFF' ? 2 : std::char_traits<char>::length(r.text)), r.w);
-    EXPECT_EQ(zfmchex(&b.f), XF_OK);
-    EXPECT_EQ(b.str(), r.field) << r.text;
-  }
-  const char_row oct[] = {{"A", 3, "101"}, {"\xFF", 3, "377"}, {"AB", 5, "10110"}, {"", 3, "040"}};
-  for (const char_row &r : oct) {
-    frame_box b = frame_box::chars(r.text, r.w);
-    EXPECT_EQ(zfmcoct(&b.f), XF_OK);
-    EXPECT_EQ(b.str(), r.field) << r.text;
-  }
-  const char_row bin[] = {{"A", 8, "01000001"}, {"A", 10, "0100000100"}, {"AB", 16, "0100000101000010"}};
-  for (const char_row &r : bin) {
-    frame_box b = frame_box::chars(r.text, r.w);
-    EXPECT_EQ(zfmcbin(&b.f), XF_OK);
-    EXPECT_EQ(b.str(), r.field) << r.text;
-  }
-  frame_box cut = frame_box::chars("AB", 4, 0, 3);
-  EXPECT_EQ(zfmchex(&cut.f), XF_E_CAPACITY);
-  EXPECT_EQ(cut.str(), "414");
-  frame_box bad = frame_box::chars("AB", 0, 0, 4);
-  EXPECT_EQ(zfmchex(&bad.f), XF_E_OVERFLOW);
-  EXPECT_EQ(bad.f.output_length, 0u);
-}
 
 // Every byte through each character form: the digits read back as the byte.
 TEST(radix_formats, every_byte) {
@@ -157,5 +60,7 @@ TEST(radix_formats, every_byte) {
     EXPECT_EQ(std::stoi(bi.str(), nullptr, 2), c);
   }
 }
+
+TEST(case_files, radix_formats) { xfmt::test::run_case_file("numeric/radix_formats.txt"); }
 
 }  // namespace

@@ -12,6 +12,7 @@
 
 #include "catalog/missing.hpp"
 #include "oracle/spelled_oracle.hpp"
+#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -19,43 +20,6 @@
 namespace {
 
 using xfmt::test::frame_box;
-
-struct row {
-  double value;
-  int32_t w;
-  const char *field;
-  xf_status status;
-};
-
-void check(xf_routine routine, const row &r) {
-  frame_box b = frame_box::number(r.value, r.w);
-  xf_status st = routine(&b.f);
-  EXPECT_EQ(b.str(), r.field) << "value " << r.value << " w " << r.w;
-  EXPECT_EQ(st, r.status) << "value " << r.value << " w " << r.w;
-  EXPECT_EQ(b.f.output_length, static_cast<uint32_t>(r.w));
-}
-
-TEST(Words, Table) {
-  const row rows[] = {
-      {0, 10, "zero      ", XF_OK},
-      {7, 5, "seven", XF_OK},
-      {7, 4, "****", XF_E_OVERFLOW},
-      {15, 10, "fifteen   ", XF_OK},
-      {40, 6, "forty ", XF_OK},
-      {99, 11, "ninety-nine", XF_OK},
-      {100, 12, "one hundred ", XF_OK},
-      {123.45, 50, "one hundred twenty-three and forty-five hundredths", XF_OK},
-      {0.01, 24, "zero and one hundredth  ", XF_OK},
-      {-0.01, 30, "minus zero and one hundredth  ", XF_OK},
-      {-0.004, 6, "zero  ", XF_OK},
-      {2.999, 5, "three", XF_OK},
-      {1002003, 31, "one million two thousand three ", XF_OK},
-      {1e12, 12, "one trillion", XF_OK},
-      {1e15, 10, "**********", XF_E_OVERFLOW},
-      {HUGE_VAL, 10, "**********", XF_E_OVERFLOW},
-  };
-  for (const row &r : rows) check(zfmwords, r);
-}
 
 TEST(Words, HalfCentRoundsAwayFromZero) {
   // 816443561034921.625 is a double: its cents are a tie.
@@ -75,18 +39,6 @@ TEST(Words, Largest) {
   EXPECT_EQ(b.str(), want + std::string(200 - want.size(), ' '));
   frame_box c = frame_box::number(999999999999999.0, static_cast<int32_t>(want.size() - 1));
   EXPECT_EQ(zfmwords(&c.f), XF_E_OVERFLOW);
-}
-
-TEST(Wordf, Table) {
-  const row rows[] = {
-      {123.45, 35, "one hundred twenty-three and 45/100", XF_OK},
-      {7, 16, "seven and 00/100", XF_OK},
-      {7, 15, "***************", XF_E_OVERFLOW},
-      {0.05, 17, "zero and 05/100  ", XF_OK},
-      {-20.5, 23, "minus twenty and 50/100", XF_OK},
-      {1000000, 25, "one million and 00/100   ", XF_OK},
-  };
-  for (const row &r : rows) check(zfmwordf, r);
 }
 
 TEST(Words, MissingAndCapacity) {
@@ -122,22 +74,6 @@ TEST(Words, AgainstOracle) {
   }
 }
 
-TEST(Roman, Table) {
-  const row rows[] = {
-      {1, 6, "     I", XF_OK},
-      {4, 2, "IV", XF_OK},
-      {1999.9, 8, " MCMXCIX", XF_OK},
-      {3888, 15, "MMMDCCCLXXXVIII", XF_OK},
-      {3888, 14, "**************", XF_E_OVERFLOW},
-      {3999, 11, "  MMMCMXCIX", XF_OK},
-      {4000, 6, "******", XF_E_OVERFLOW},
-      {0.9, 6, "******", XF_E_OVERFLOW},
-      {-5, 6, "******", XF_E_OVERFLOW},
-      {NAN, 6, "******", XF_E_OVERFLOW},
-  };
-  for (const row &r : rows) check(zfmroman, r);
-}
-
 TEST(Roman, EveryNumeral) {
   for (int n = 1; n <= 3999; ++n) {
     frame_box b = frame_box::number(n + 0.5, 15);
@@ -145,22 +81,6 @@ TEST(Roman, EveryNumeral) {
     std::string want = xfmt::oracle::roman(n);
     ASSERT_EQ(b.str(), std::string(15 - want.size(), ' ') + want);
   }
-}
-
-TEST(Ssn, Table) {
-  const row rows[] = {
-      {0, 11, "000-00-0000", XF_OK},
-      {123456789, 11, "123-45-6789", XF_OK},
-      {12345678.9, 11, "012-34-5678", XF_OK},
-      {999999999, 11, "999-99-9999", XF_OK},
-      {1e9, 11, "***********", XF_E_OVERFLOW},
-      {-1, 11, "***********", XF_E_OVERFLOW},
-      {123456789, 10, "**********", XF_E_OVERFLOW},
-  };
-  for (const row &r : rows) check(zfmssn, r);
-  frame_box m = frame_box::number(xfmt::missing_value(3), 11);
-  EXPECT_EQ(zfmssn(&m.f), XF_OK);
-  EXPECT_EQ(m.str(), "          B");
 }
 
 TEST(Ssn, AgainstOracle) {
@@ -172,30 +92,6 @@ TEST(Ssn, AgainstOracle) {
     ASSERT_EQ(zfmssn(&b.f), XF_OK);
     ASSERT_EQ(b.str(), xfmt::oracle::ssn(k));
   }
-}
-
-TEST(Fract, Table) {
-  const row rows[] = {
-      {2.25, 10, "     2 1/4", XF_OK},
-      {1.0 / 3.0, 10, "       1/3", XF_OK},
-      {-0.5, 4, "-1/2", XF_OK},
-      {3, 4, "   3", XF_OK},
-      {0, 4, "   0", XF_OK},
-      {-2.75, 8, "  -2 3/4", XF_OK},
-      {3.14159265358979, 10, "  3 16/113", XF_OK},
-      {3.14159265358979, 6, " 3 1/7", XF_OK},
-      {0.7, 4, "7/10", XF_OK},
-      {0.7, 3, "2/3", XF_OK},
-      {0.7, 2, " 1", XF_OK},
-      // The double 0.3 lies just below 3/10: its expansion is 0; 3, 2, 1, ...
-      // so 2/7 (off by 0.014) comes before 3/10 and beats 1/3 (off by 0.033).
-      {-0.3, 4, "-2/7", XF_OK},
-      {-0.3, 5, "-3/10", XF_OK},
-      {-0.3, 2, " 0", XF_OK},
-      {12345, 4, "****", XF_E_OVERFLOW},
-      {1e20, 10, "**********", XF_E_OVERFLOW},
-  };
-  for (const row &r : rows) check(zfmfract, r);
 }
 
 TEST(Fract, CloseToTheValue) {
@@ -231,5 +127,7 @@ TEST(Fract, CloseToTheValue) {
     EXPECT_LT(p, q) << s;
   }
 }
+
+TEST(case_files, spelled) { xfmt::test::run_case_file("numeric/spelled.txt"); }
 
 }  // namespace

@@ -6,31 +6,22 @@
 #include <cmath>
 #include <limits>
 
-#include "binary_rows.hpp"
+#include "catalog/missing.hpp"
 #include "numeric/binary_codec.hpp"
+#include "numeric/hex_bytes.hpp"
 #include "oracle/binary_oracle.hpp"
+#include "support/cases.hpp"
+#include "support/frame.hpp"
 #include "support/random.hpp"
+#include "xfmt/xfmt.h"
 
 namespace {
 
-using xfmt::test::check_get;
-using xfmt::test::check_put;
 using xfmt::test::frame_box;
-using xfmt::test::put_row;
 
 const double dot = xfmt::missing_ordinary();
 
-TEST(transport, pcpib_and_xportint_bytes) {
-  const put_row pc[] = {{128, 4, 0, "80000000", XF_OK}, {256, 2, 0, "0001", XF_OK}, {-5, 2, 0, "FBFF", XF_OK},
-                        {70000, 2, 0, "FFFF", XF_E_OVERFLOW}, {-70000, 2, 0, "0080", XF_E_OVERFLOW},
-                        {1.5, 1, 1, "0F", XF_OK}, {dot, 2, 0, "0000", XF_OK}};
-  for (const put_row &r : pc) check_put(zfmpcpib, "PCPIB", r);
-  const put_row xi[] = {{1, 4, 0, "00000001", XF_OK}, {-2, 2, 0, "FFFE", XF_OK}, {2.5, 1, 0, "03", XF_OK},
-                        {128, 1, 0, "7F", XF_E_OVERFLOW}, {dot, 4, 0, "00000000", XF_OK}};
-  for (const put_row &r : xi) check_put(zfmxportint, "XPORTINT", r);
-  check_get(zifmpcpib, "@PCPIB", {"0001", 2, 0, 256, XF_OK});
-  check_get(zifmpcpib, "@PCPIB", {"FBFF", 2, 1, 6553.1, XF_OK});
-  check_get(zifmpcpib, "@PCPIB", {"FB", 2, 0, dot, XF_IN_INVALID});
+TEST(transport, pcpib_against_the_oracle) {
   // The oracle's unsigned little-endian rule over random values and widths.
   std::mt19937_64 g = xfmt::test::rng(0xB7);
   for (uint64_t i = 0; i < xfmt::test::scaled(5000); ++i) {
@@ -44,16 +35,7 @@ TEST(transport, pcpib_and_xportint_bytes) {
   }
 }
 
-TEST(transport, xportflt_bytes_and_missing_codes) {
-  const put_row rows[] = {
-      {1, 8, 0, "4110000000000000", XF_OK},  {1, 4, 0, "41100000", XF_OK},
-      {-0.5, 8, 0, "C080000000000000", XF_OK}, {1, 8, 1, "41A0000000000000", XF_OK},
-      {dot, 8, 0, "2E00000000000000", XF_OK}, {xfmt::missing_value(2), 8, 0, "4100000000000000", XF_OK},
-      {xfmt::missing_value(0), 4, 0, "5F000000", XF_OK}, {xfmt::missing_value(27), 2, 0, "5A00", XF_OK},
-      {xfmt::bits_double(0xFFFF000000000000ull), 2, 0, "2E00", XF_OK},
-      {1e80, 2, 0, "7FFF", XF_E_OVERFLOW},
-  };
-  for (const put_row &r : rows) check_put(zfmxportflt, "XPORTFLT", r);
+TEST(transport, xportflt_reads_back) {
   // The decoder reads the codes back and every other field as its value.
   for (int i = 0; i < 28; ++i) {
     frame_box b = frame_box::number(xfmt::missing_value(i), 8, 0);
@@ -70,51 +52,15 @@ TEST(transport, xportflt_bytes_and_missing_codes) {
   }
 }
 
-TEST(transport, character_fields) {
-  struct row {
-    xf_routine routine;
-    const char *value;
-    int32_t w;
-    const char *hex;
-    xf_status status;
-  };
-  const row rows[] = {
-      {zfmxportch, "AB", 4, "41422020", XF_OK},  {zfmxportch, "ABCDE", 3, "414243", XF_OK},
-      {zfmxportch, "A", 201, "", XF_E_OVERFLOW}, {zfmcstr, "ab  ", 5, "6162000000", XF_OK},
-      {zfmcstr, "ab", 3, "616200", XF_OK},       {zfmcstr, "xyz", 3, "78797A", XF_OK},
-      {zfmcstr, "   ", 2, "0000", XF_OK},        {zfmcstr, "a", 0, "", XF_E_OVERFLOW},
-      {zfmbyval, "ab", 4, "61620000", XF_OK},    {zfmbyval, "abcdefghij", 8, "6162636465666768", XF_OK},
-      {zfmbyval, "a", 1, "", XF_E_OVERFLOW},
-  };
-  for (const row &r : rows) {
-    frame_box b = frame_box::chars(r.value, r.w);
-    EXPECT_EQ(r.routine(&b.f), r.status) << r.value << " w " << r.w;
-    EXPECT_EQ(xfmt::test::to_hex(b.str()), r.hex) << r.value << " w " << r.w;
-  }
-  frame_box cut = frame_box::chars("abc", 5, 0, 2);
-  EXPECT_EQ(zfmcstr(&cut.f), XF_E_CAPACITY);
-  EXPECT_EQ(cut.str(), "ab");
-  struct read {
-    xf_routine routine;
-    const char *hex;
-    int32_t w;
-    const char *text;
-    xf_status status;
-  };
-  const read reads[] = {{zifmcstr, "6162007A", 4, "ab  ", XF_OK}, {zifmcstr, "616263", 3, "abc", XF_OK},
-                        {zifmcstr, "6162", 4, "ab  ", XF_OK},     {zifmbyval, "610042", 3, "a  ", XF_OK},
-                        {zifmbyval, "00", 2, "  ", XF_OK},         {zifmbyval, "61", 9, "", XF_IN_BAD_WIDTH}};
-  for (const read &r : reads) {
-    frame_box b = frame_box::chars(xfmt::test::from_hex(r.hex), r.w, 0, r.w > 0 ? r.w : 0);
-    EXPECT_EQ(r.routine(&b.f), r.status) << r.hex;
-    EXPECT_EQ(b.str(), r.text) << r.hex;
-  }
-  // $CSTR then @$CSTR gives back the value with its trailing blanks.
+// $CSTR then @$CSTR gives back the value with its trailing blanks.
+TEST(transport, cstr_round_trip) {
   frame_box out = frame_box::chars("hello  ", 12);
   ASSERT_EQ(zfmcstr(&out.f), XF_OK);
   frame_box in = frame_box::chars(out.str(), 12, 0, 12);
   ASSERT_EQ(zifmcstr(&in.f), XF_OK);
   EXPECT_EQ(in.str(), "hello       ");
 }
+
+TEST(case_files, transport) { xfmt::test::run_case_file("numeric/transport.txt"); }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The case check and the case-file reader of support/cases.hpp.
 #include "support/cases.hpp"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -165,6 +166,34 @@ std::optional<uint64_t> parse_bits(const std::string &s) {
   return double_bits(v);
 }
 
+bool is_hex(const std::string &s) { return s.rfind("hex:", 0) == 0; }
+
+// Quoted text as it is, hex:HH... as its bytes.
+bool text_of(const token &t, std::string &out) {
+  if (t.quoted) {
+    out = t.text;
+    return true;
+  }
+  out.clear();
+  const std::string h = t.text.substr(4);
+  if (h.size() % 2) return false;
+  for (size_t i = 0; i < h.size(); i += 2) {
+    const std::string hh = h.substr(i, 2);
+    char *end = nullptr;
+    long v = std::strtol(hh.c_str(), &end, 16);
+    if (end != hh.c_str() + 2) return false;
+    out += static_cast<char>(v);
+  }
+  return true;
+}
+
+bool host_big_endian() {
+  const uint16_t one = 1;
+  unsigned char first;
+  std::memcpy(&first, &one, 1);
+  return first == 0;
+}
+
 std::optional<int64_t> parse_int(const std::string &s) {
   char *end = nullptr;
   long long v = std::strtoll(s.c_str(), &end, 0);
@@ -190,17 +219,17 @@ std::optional<format_case> parse_case(const std::vector<token> &t, std::string &
   if (t[1].quoted || t[2].quoted || !w || !d) { error = "bad width or decimals"; return std::nullopt; }
   c.w = static_cast<int32_t>(*w);
   c.d = static_cast<int32_t>(*d);
-  if (t[3].quoted) {
+  if (t[3].quoted || is_hex(t[3].text)) {
     c.text_input = true;
-    c.text = t[3].text;
+    if (!text_of(t[3], c.text)) { error = "bad hex " + t[3].text; return std::nullopt; }
   } else if (auto b = parse_bits(t[3].text)) {
     c.value = bits_double(*b);
   } else {
     error = "bad input " + t[3].text;
     return std::nullopt;
   }
-  if (t[4].quoted) {
-    c.want = t[4].text;
+  if (t[4].quoted || is_hex(t[4].text)) {
+    if (!text_of(t[4], c.want)) { error = "bad hex " + t[4].text; return std::nullopt; }
   } else if (auto b = parse_bits(t[4].text)) {
     c.stores_double = true;
     c.want_bits = *b;
@@ -213,6 +242,13 @@ std::optional<format_case> parse_case(const std::vector<token> &t, std::string &
   c.status = *st;
   for (size_t i = 6; i < t.size(); ++i) {
     const std::string &o = t[i].text;
+    if (o == "native" && !t[i].quoted) {
+      if (!host_big_endian()) {
+        std::reverse(c.text.begin(), c.text.end());
+        std::reverse(c.want.begin(), c.want.end());
+      }
+      continue;
+    }
     size_t eq = o.find('=');
     auto v = eq == std::string::npos ? std::nullopt : parse_int(o.substr(eq + 1));
     if (t[i].quoted || !v || *v < 0) { error = "bad option " + o; return std::nullopt; }
@@ -285,16 +321,17 @@ format_case informat_case(xf_routine r, std::string in, int32_t w, int32_t d, ui
   return c;
 }
 
-// Through resolution, as a host finds it: the possible-format rows carry
-// names and widths, the routine comes from the module row a handle copies.
 xf_routine routine_named(std::string_view name) {
-  const bool informat = !name.empty() && name[0] == '@';
-  if (informat) name.remove_prefix(1);
-  void *handle = nullptr;
-  if (xfname(name.data(), static_cast<int32_t>(name.size()), informat ? 73 : 0, nullptr, &handle) != 0) return nullptr;
-  const xf_routine r = static_cast<const fmtposs_row *>(handle)->row.routine;
-  xfdel(handle);
-  return r;
+  for (const names_and_entries_row &m : names_and_entries) {
+    const fmtinfo *info = m.entry ? m.entry() : nullptr;
+    for (uint64_t i = 0; info && i < info->count; ++i) {
+      const fmtinfo_eachfmt &e = info->rows[i];
+      std::string_view n(e.name, e.name_length <= sizeof e.name ? e.name_length : 0);
+      while (!n.empty() && n.back() == ' ') n.remove_suffix(1);
+      if (n == name && e.routine) return e.routine;
+    }
+  }
+  return nullptr;
 }
 
 testing::AssertionResult holds(const format_case &c) {

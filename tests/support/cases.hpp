@@ -13,14 +13,15 @@
 //
 // name      catalogued name ("@" before an informat, "$" before a character one)
 // input     a number (strtod syntax, inf, nan), a missing value (. ._ .A-.Z),
-//           raw:HEX (the double's 64 bits), or quoted text
-// expected  quoted text: the delivered field; a number, missing value or
-//           raw:HEX: the 8 bytes of the double an informat stores
+//           raw:HEX (the double's 64 bits), quoted text or hex:HH... (bytes)
+// expected  quoted text or hex:HH...: the delivered field; a number, missing
+//           value or raw:HEX: the 8 bytes of the double an informat stores
 // status    OK, REDUCED, E_OVERFLOW, IN_INVALID ... (the XF_ name without
 //           "XF_") or a number
 // options   cap=N output capacity (default w; 8 for a stored double),
 //           opt=N option word, flags=N option flags, enc=N input encoding,
-//           renc=N requested output encoding
+//           renc=N requested output encoding, native (the hex: input and
+//           field are written big-endian and mirrored on a little-endian host)
 // Quoted text takes the escapes \" \\ \t \n \0 and \xHH (exactly two digits).
 #pragma once
 
