@@ -40,9 +40,9 @@ shown show(xf_routine r, const std::string &nibbles, int32_t w = 60, int32_t d =
   return {t, st};
 }
 
-// The examples of tests/data/datetime/n8601.tsv.
+// The examples of tests/data/datetime/n8601.txt.
 TEST(n8601, examples) {
-  std::ifstream in(std::string(XFMT_SOURCE_DIR) + "/tests/data/datetime/n8601.tsv");
+  std::ifstream in(std::string(XFMT_SOURCE_DIR) + "/tests/data/datetime/n8601.txt");
   ASSERT_TRUE(in.good());
   int cases = 0;
   for (std::string line; std::getline(in, line);) {

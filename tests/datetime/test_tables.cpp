@@ -19,12 +19,12 @@ using namespace xfmt::test;
 const char *const tables[] = {"date_parts", "numeric_dates", "further_date_layouts",
                               "iso_and_names", "time", "word_dates"};
 
-TEST(datetime_tables, date_parts) { run_case_file("datetime/date_parts.tsv"); }
-TEST(datetime_tables, numeric_dates) { run_case_file("datetime/numeric_dates.tsv"); }
-TEST(datetime_tables, further_date_layouts) { run_case_file("datetime/further_date_layouts.tsv"); }
-TEST(datetime_tables, iso_and_names) { run_case_file("datetime/iso_and_names.tsv"); }
-TEST(datetime_tables, time) { run_case_file("datetime/time.tsv"); }
-TEST(datetime_tables, word_dates) { run_case_file("datetime/word_dates.tsv"); }
+TEST(datetime_tables, date_parts) { run_case_file("datetime/date_parts.txt"); }
+TEST(datetime_tables, numeric_dates) { run_case_file("datetime/numeric_dates.txt"); }
+TEST(datetime_tables, further_date_layouts) { run_case_file("datetime/further_date_layouts.txt"); }
+TEST(datetime_tables, iso_and_names) { run_case_file("datetime/iso_and_names.txt"); }
+TEST(datetime_tables, time) { run_case_file("datetime/time.txt"); }
+TEST(datetime_tables, word_dates) { run_case_file("datetime/word_dates.txt"); }
 
 // Clocks in zones east and west of UTC with minutes in the offset.
 xfmt::platform::wall_time zero_now() { return {0, 0}; }
@@ -36,16 +36,16 @@ constexpr xfmt::platform::clock_source west_clock{zero_now, no_local, west_offse
 
 TEST(datetime_tables, local_zone_forms) {
   xfmt::platform::set_clock(&east_clock);
-  run_case_file("datetime/zone_east.tsv");
+  run_case_file("datetime/zone_east.txt");
   xfmt::platform::set_clock(&west_clock);
-  run_case_file("datetime/zone_west.tsv");
+  run_case_file("datetime/zone_west.txt");
   xfmt::platform::set_clock(nullptr);
 }
 
 TEST(datetime_tables, every_format_shows_missing_values_and_respects_capacity) {
   std::set<std::string> names;
   for (const char *t : tables)
-    for (const format_case &c : read_cases(std::string("datetime/") + t + ".tsv")) names.insert(c.name);
+    for (const format_case &c : read_cases(std::string("datetime/") + t + ".txt")) names.insert(c.name);
   const char symbols[] = "_.ABCDEFGHIJKLMNOPQRSTUVWXYZ";
   for (const std::string &name : names) {
     const xf_routine r = routine_named(name);

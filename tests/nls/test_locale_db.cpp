@@ -18,11 +18,11 @@ struct expected_record {
   std::string name, code;
 };
 
-// Ids are line positions in tests/data/nls/locale_records.tsv; callers store
+// Ids are line positions in tests/data/nls/locale_records.txt; callers store
 // them, so the order never changes.
 std::vector<expected_record> records() {
   std::vector<expected_record> r;
-  for (const auto &l : xfmt::test::tab_lines("nls/locale_records.tsv")) {
+  for (const auto &l : xfmt::test::tab_lines("nls/locale_records.txt")) {
     EXPECT_EQ(l.size(), 3u);
     EXPECT_EQ(std::stoi(l.at(0)), static_cast<int>(r.size()) + 1);
     r.push_back({l.at(1), l.at(2)});

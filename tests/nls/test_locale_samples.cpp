@@ -1,6 +1,6 @@
 // Records checked against what people in the country expect, and record 1
 // (Afrikaans_SouthAfrica) against its fixed values: the fields are in
-// tests/data/nls/locale_fields.tsv, the relations between fields here.
+// tests/data/nls/locale_fields.txt, the relations between fields here.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -15,9 +15,9 @@ std::string f(int id, int field) { return std::string(xfmt::nls::locale_field(id
 
 bool has(const std::string &s, const char *part) { return s.find(part) != std::string::npos; }
 
-// The fields of tests/data/nls/locale_fields.tsv.
+// The fields of tests/data/nls/locale_fields.txt.
 TEST(locale_samples, fields_people_expect) {
-  const auto lines = xfmt::test::tab_lines("nls/locale_fields.tsv");
+  const auto lines = xfmt::test::tab_lines("nls/locale_fields.txt");
   EXPECT_GT(lines.size(), 200u);
   for (const auto &l : lines) {
     ASSERT_GE(l.size(), 2u);

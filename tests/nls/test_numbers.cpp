@@ -72,10 +72,10 @@ std::string narrow(xf_routine r, int locale, double v, int w, int d, xf_status *
   return b.str();
 }
 
-// The fields of tests/data/nls/national_numbers.tsv; "<U00A0>" there stands
+// The fields of tests/data/nls/national_numbers.txt; "<U00A0>" there stands
 // for the no-break space.
 TEST(numbers, exact_fields_in_five_locales) {
-  const auto lines = xfmt::test::tab_lines("nls/national_numbers.tsv");
+  const auto lines = xfmt::test::tab_lines("nls/national_numbers.txt");
   EXPECT_GT(lines.size(), 50u);
   for (const auto &l : lines) {
     ASSERT_GE(l.size(), 7u);

@@ -6,7 +6,7 @@
 
 namespace {
 
-TEST(text_tables, bidi_formats) { xfmt::test::run_case_file("text/bidi_formats.tsv"); }
-TEST(text_tables, char_formats) { xfmt::test::run_case_file("text/char_formats.tsv"); }
+TEST(text_tables, bidi_formats) { xfmt::test::run_case_file("text/bidi_formats.txt"); }
+TEST(text_tables, char_formats) { xfmt::test::run_case_file("text/char_formats.txt"); }
 
 }  // namespace
