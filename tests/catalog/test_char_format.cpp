@@ -4,6 +4,7 @@
 #include <string>
 
 #include "oracle/char_oracle.hpp"
+#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -12,37 +13,7 @@ namespace {
 
 using xfmt::test::frame_box;
 
-struct char_case {
-  const char *text;
-  int32_t w;
-  int64_t capacity;  // -1: w
-  const char *field;
-  xf_status status;
-};
-
-TEST(char_format, table) {
-  const char_case cases[] = {
-      // text        w   cap   field              status
-      {"abc",        5,  -1,   "abc  ",           XF_OK},
-      {"abc",        3,  -1,   "abc",             XF_OK},
-      {"abcdef",     3,  -1,   "abc",             XF_OK},
-      {"",           4,  -1,   "    ",            XF_OK},
-      {"  x",        4,  -1,   "  x ",            XF_OK},
-      {"x",          1,  -1,   "x",               XF_OK},
-      {"abc",        0,  -1,   "",                XF_OK},
-      {"abc",       -2,   4,   "",                XF_OK},
-      {"abcdef",     8,   4,   "abcd",            XF_E_CAPACITY},
-      {"ab",         8,   4,   "ab  ",            XF_E_CAPACITY},
-      {"ab",         8,   0,   "",                XF_E_CAPACITY},
-      {"caf\xE9",    6,  -1,   "caf\xE9  ",       XF_OK},
-  };
-  for (const char_case &c : cases) {
-    frame_box b = frame_box::chars(c.text, c.w, 0, c.capacity);
-    EXPECT_EQ(zfmchar(&b.f), c.status) << c.text << " w=" << c.w;
-    EXPECT_EQ(b.str(), c.field) << c.text << " w=" << c.w;
-    EXPECT_EQ(b.str(), b.buffer().substr(0, b.str().size()));
-  }
-}
+TEST(case_files, char_format) { xfmt::test::run_case_file("catalog/char_format.txt"); }
 
 TEST(char_format, reads_no_more_than_the_input_length) {
   // The input pointer names 3 bytes of a longer string.

@@ -29,15 +29,6 @@ constexpr xf_status ok = XF_OK;
 constexpr xf_status bad = XF_IN_INVALID;
 constexpr xf_status width = XF_IN_BAD_WIDTH;
 
-struct row {
-  xf_routine routine;
-  const char *name;
-  std::string text;
-  int32_t w;
-  xf_status status;
-  uint64_t bits;
-};
-
 uint64_t day(int64_t y, int32_t m, int32_t d) { return num(static_cast<double>(days_from_ymd(y, m, d))); }
 uint64_t at(int64_t y, int32_t m, int32_t d, int64_t h, int64_t mi, double s) {
   return num(static_cast<double>(days_from_ymd(y, m, d)) * 86400.0 +
@@ -45,33 +36,32 @@ uint64_t at(int64_t y, int32_t m, int32_t d, int64_t h, int64_t mi, double s) {
 }
 const uint64_t none = miss('.');
 
-void check(const std::vector<row> &rows) {
-  for (const row &r : rows) {
-    auto c = xfmt::test::informat_case(r.routine, r.text, r.w, 0, r.bits, r.status);
-    c.name = r.name;
-    EXPECT_TRUE(xfmt::test::holds(c));
-  }
-}
-
 // What every informat shares: blanks, missing notations, width, decimals
 // and the output room.
 TEST(DateInformats, FrameRules) {
   const xf_routine all[] = {zifmdate, zifmdttm, zifmdmy, zifmjul, zifmdyam, zifmmdy,
                             zifmmony, zifmneng, zifmtime, zifmymd, zifmyyq};
+  const struct {
+    const char *text;
+    int32_t w;
+    xf_status status;
+    uint64_t bits;
+  } shared[] = {
+      {"", 8, ok, none},
+      {"        ", 8, ok, none},
+      {" \t . ", 5, ok, none},
+      {".", 1, ok, none},
+      {".A", 2, ok, miss('A')},
+      {".z", 2, ok, miss('Z')},
+      {"._", 2, ok, miss('_')},
+      {"..", 2, bad, none},
+      {"x", 1, bad, none},
+      {"04JUL2023", -1, width, none},
+      {"anything", 0, ok, none},
+  };
   for (xf_routine r : all) {
-    check({
-        {r, "any", "", 8, ok, none},
-        {r, "any", "        ", 8, ok, none},
-        {r, "any", " \t . ", 5, ok, none},
-        {r, "any", ".", 1, ok, none},
-        {r, "any", ".A", 2, ok, miss('A')},
-        {r, "any", ".z", 2, ok, miss('Z')},
-        {r, "any", "._", 2, ok, miss('_')},
-        {r, "any", "..", 2, bad, none},
-        {r, "any", "x", 1, bad, none},
-        {r, "any", "04JUL2023", -1, width, none},
-        {r, "any", "anything", 0, ok, none},
-    });
+    for (const auto &c : shared)
+      EXPECT_TRUE(xfmt::test::holds(xfmt::test::informat_case(r, c.text, c.w, 0, c.bits, c.status)));
     auto d_bad = run_informat(r, "2023", 4, 32);
     EXPECT_EQ(d_bad.status, width);
     EXPECT_EQ(hex(d_bad.bits), hex(none));

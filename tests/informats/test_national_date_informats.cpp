@@ -57,14 +57,6 @@ uint64_t at(int64_t y, int32_t m, int32_t d, int64_t h = 0, int64_t mi = 0, doub
 }
 uint64_t day(int64_t y, int32_t m, int32_t d) { return at(y, m, d, -1); }
 
-struct row {
-  xf_routine routine;
-  std::string text;
-  xf_status status;
-  uint64_t bits;
-  int32_t w = 32;
-};
-
 std::string utf8_of(uint32_t cp) {
   std::string s;
   if (cp < 0x80) {

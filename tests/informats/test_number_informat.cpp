@@ -18,14 +18,6 @@ using xfmt::test::miss;
 using xfmt::test::num;
 using xfmt::test::run_informat;
 
-struct row {
-  std::string text;
-  int32_t w;
-  int32_t d;
-  xf_status status;
-  uint64_t bits;
-};
-
 constexpr xf_status ok = XF_OK;
 
 TEST(number_informat, output_too_small_writes_nothing) {

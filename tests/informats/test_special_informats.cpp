@@ -32,35 +32,6 @@ std::string read_chars(xf_routine r, const std::string &text, int32_t w) {
   return b.str();
 }
 
-TEST(SpecialInformats, Characters) {
-  EXPECT_EQ(read_chars(zifmascii, "xy", 2), "xy");
-  EXPECT_EQ(read_chars(zifmascii, "xy", 4), "xy  ");
-  EXPECT_EQ(read_chars(zifmebcdic, "\xC8\xC9", 2), "HI");
-  EXPECT_EQ(read_chars(zifmebcdic, "\x81\x82\x83", 3), "abc");
-  EXPECT_EQ(read_chars(zifmebcdic, "\xF1\xF2", 2), "12");
-  EXPECT_EQ(read_chars(zifmebcdic, "\x4B\x60", 3), ".- ");
-  EXPECT_EQ(read_chars(zifmebcdic, "\x25\x15", 2), "\x85\n");  // the line-feed exchange
-  EXPECT_EQ(read_chars(zifmupcase, "ab-cd", 5), "AB-CD");
-  EXPECT_EQ(read_chars(zifmupcase, "x1y", 3), "X1Y");
-  EXPECT_EQ(read_chars(zifmupcase, "\xE9z", 2), "\xE9Z");
-  EXPECT_EQ(read_chars(zifmreverj, "XY  Z", 5), "Z  YX");
-  EXPECT_EQ(read_chars(zifmrevers, "XY  Z", 5), "Z  YX");
-  EXPECT_EQ(read_chars(zifmreverj, "  XYZ", 5), "ZYX  ");
-  EXPECT_EQ(read_chars(zifmrevers, "  XYZ", 5), "ZYX  ");
-  EXPECT_EQ(read_chars(zifmreverj, "XYZ  ", 5), "  ZYX");
-  EXPECT_EQ(read_chars(zifmrevers, "XYZ  ", 5), "ZYX  ");
-  EXPECT_EQ(read_chars(zifmreverj, "XYZ", 5), "  ZYX");  // the field is padded first
-  EXPECT_EQ(read_chars(zifmrevers, "XYZ", 5), "ZYX  ");
-  EXPECT_EQ(read_chars(zifmrevers, "ABCDEF", 4), "DCBA");  // at most w bytes
-  EXPECT_EQ(read_chars(zifmrevers, "", 3), "   ");
-  // A capacity below w: the first bytes of the field, and the status says so.
-  frame_box b = frame_box::chars("XYZ  ", 5, 0, 3);
-  EXPECT_EQ(zifmrevers(&b.f), XF_E_CAPACITY);
-  EXPECT_EQ(b.str(), "ZYX");
-  frame_box n = frame_box::chars("XYZ", -1, 0, 3);
-  EXPECT_EQ(zifmreverj(&n.f), XF_IN_BAD_WIDTH);
-}
-
 // $EBCDIC then @$EBCDIC, $REVERS then @$REVERS ... give the text back for
 // every byte and random texts.
 TEST(SpecialInformats, CharacterRoundTrips) {
