@@ -40,27 +40,17 @@ XF_API double ztimprt(double dt) {
 
 XF_API double zhour(double v) {
   if (unusable(v) || !datetime_in_range(v)) return missing();
-  double r = std::fmod(v, seconds_per_day);
-  if (r < 0) r += seconds_per_day;
-  return std::trunc(std::fabs(r / 3600.0));
-}
-
-// For negative values the remainder counts back from midnight: -1 is 23:59:59.
-static double time_of_day_remainder(double v) {
-  double r = std::fmod(v, seconds_per_day);
-  if (v < 0) r = seconds_per_day - std::fabs(r);
-  return r;
+  return split_time(v).hour;
 }
 
 XF_API double zminute(double v) {
   if (unusable(v) || !std::isfinite(v)) return missing();
-  const double r = time_of_day_remainder(v);
-  return std::trunc(std::trunc(std::fmod(r, 3600.0)) / 60.0);
+  return split_time(v).minute;
 }
 
 XF_API double zsecond(double v) {
   if (unusable(v) || !std::isfinite(v)) return missing();
-  return std::fmod(time_of_day_remainder(v), 60.0);
+  return split_time(v).second;
 }
 
 XF_API int32_t zdatrng(xf_frame *frame, int32_t kind) {
