@@ -258,6 +258,13 @@ inline time_parts split_time(double v) {
                      std::fmod(back, 60.0)};
 }
 
+// The date value of an in-range datetime value. floor(dt) - datetime_min is
+// >= 0 over the whole range, so the truncating division is a floor and the
+// result equals floor(dt / 86400).
+inline double date_of_datetime(double dt) {
+  return std::trunc((std::floor(dt) - datetime_min) / seconds_per_day) + static_cast<double>(date_min);
+}
+
 using ::xfmt::is_missing;
 
 inline double missing() { return missing_ordinary(); }

@@ -24,11 +24,9 @@ XF_API double zdhms(double date, double hour, double minute, double second) {
   return t + date * seconds_per_day;
 }
 
-// floor(dt) + 11928470400 is >= 0 over the whole range, so the truncating
-// division is a floor; the result equals floor(dt / 86400).
 XF_API double zdatprt(double dt) {
   if (unusable(dt) || !datetime_in_range(dt)) return missing();
-  return std::trunc((std::floor(dt) - datetime_min) / seconds_per_day) + static_cast<double>(date_min);
+  return date_of_datetime(dt);
 }
 
 // Shifting non-positive values by a whole number of days keeps fmod's
