@@ -258,11 +258,40 @@ inline time_parts split_time(double v) {
                      std::fmod(back, 60.0)};
 }
 
-// The date value of an in-range datetime value. floor(dt) - datetime_min is
-// >= 0 over the whole range, so the truncating division is a floor and the
-// result equals floor(dt / 86400).
-inline double date_of_datetime(double dt) {
-  return std::trunc((std::floor(dt) - datetime_min) / seconds_per_day) + static_cast<double>(date_min);
+// The day number of an in-range datetime value, floor(dt / 86400): floor(dt)
+// is a whole number of seconds that fits an int64, and the integer floor
+// division by 86400 is a multiply.
+inline int64_t day_of_datetime(double dt) { return floor_div(static_cast<int64_t>(std::floor(dt)), 86400); }
+
+// The second of the day of an in-range datetime value, [0, 86400).
+// Shifting non-positive values by a whole number of days keeps fmod's
+// remainder non-negative: -1 gives 86399.
+inline double second_of_day(double dt) {
+  return std::fmod(dt <= 0 ? dt - datetime_min : dt, seconds_per_day);
+}
+
+// An in-range datetime value split for display: the day, and the time of
+// day in units of 10^-decimals seconds (below 8.64e10: exact in a double),
+// rounded half up when the seconds show (a carry moves to the next day),
+// cut otherwise. decimals 0..6.
+struct datetime_parts {
+  int64_t day;
+  int64_t second;    // 0..86399
+  int64_t fraction;  // 0 .. 10^decimals - 1
+};
+
+inline datetime_parts split_datetime(double dt, bool round_seconds, int32_t decimals) {
+  constexpr int64_t pow10[7] = {1, 10, 100, 1000, 10000, 100000, 1000000};
+  int64_t day = day_of_datetime(dt);
+  const double tod = second_of_day(dt);
+  const int64_t scale = pow10[decimals];
+  int64_t units = round_seconds ? static_cast<int64_t>(std::floor(tod * static_cast<double>(scale) + 0.5))
+                                : static_cast<int64_t>(tod) * scale;
+  if (units >= 86400 * scale) {
+    units -= 86400 * scale;
+    ++day;
+  }
+  return {day, units / scale, units % scale};
 }
 
 using ::xfmt::is_missing;

@@ -26,14 +26,12 @@ XF_API double zdhms(double date, double hour, double minute, double second) {
 
 XF_API double zdatprt(double dt) {
   if (unusable(dt) || !datetime_in_range(dt)) return missing();
-  return date_of_datetime(dt);
+  return static_cast<double>(day_of_datetime(dt));
 }
 
-// Shifting non-positive values by a whole number of days keeps fmod's
-// remainder non-negative: ztimprt(-1) is 86399.
 XF_API double ztimprt(double dt) {
   if (unusable(dt) || !datetime_in_range(dt)) return missing();
-  return std::fmod(dt <= 0 ? dt - datetime_min : dt, seconds_per_day);
+  return second_of_day(dt);
 }
 
 XF_API double zhour(double v) {

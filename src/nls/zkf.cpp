@@ -71,7 +71,8 @@ moment datetime_moment_of(double value, int32_t decimals, bool with_date) {
   // Rounding may carry a value just below the end of the range onto it: the
   // day and the hour are then unknown, the minute and second still shown.
   const bool in_range = datetime::datetime_in_range(r);
-  moment m = with_date ? date_moment_of(in_range ? datetime::date_of_datetime(r) : missing_ordinary())
+  moment m = with_date ? date_moment_of(in_range ? static_cast<double>(datetime::day_of_datetime(r))
+                                                : missing_ordinary())
                        : moment{};
   const datetime::time_parts t = datetime::split_time(r);
   m.has_hour = in_range;

@@ -335,7 +335,7 @@ TEST(calendar_anchors, time_of_day_split) {
   }
   for (int64_t day : {xfmt::datetime::date_min, int64_t{-1}, int64_t{0}, int64_t{23196}, xfmt::datetime::date_max})
     for (double s : {0.0, 0.5, 43200.0, 86399.999})
-      EXPECT_EQ(xfmt::datetime::date_of_datetime(static_cast<double>(day) * 86400 + s), static_cast<double>(day));
+      EXPECT_EQ(xfmt::datetime::day_of_datetime(static_cast<double>(day) * 86400 + s), day);
 }
 
 }  // namespace
