@@ -1608,8 +1608,8 @@ XF_API extern const zav_locale_field ZAVlocaleData[136][189];
  * match positions 0-1 and 3-4 of ZAV_LOCALE (case-insensitive; "en_US" when
  * unset), and copies field (0-188, not range-checked) into dest. Returns the
  * field's length (0 when empty), or -1 when no record matches or the field
- * is longer than capacity (dest then stays all zero). Reads the environment
- * on every call; never allocates. */
+ * is longer than capacity (dest then stays all zero). ZAV_LOCALE is read
+ * once, on the first call that needs it; never allocates. */
 XF_API int getZAVLocDB(char *dest, int capacity, int field, int locale_id);
 
 /* Locale-code table: 79 buckets of {key, id}; keys are five upper-case

@@ -7,6 +7,7 @@
 #include <cstring>    // strncpy
 #include <ctime>      // localtime_r, tzset, timezone
 #include <iconv.h>    // iconv_open, iconv, iconv_close
+#include <langinfo.h> // nl_langinfo(CODESET)
 #include <sys/time.h> // gettimeofday
 
 namespace xfmt::platform {
@@ -51,14 +52,42 @@ zone_snapshot &zone_slot() {
 
 int32_t system_zone() { return process_zone().seconds_west; }
 
+std::atomic<const zone_snapshot *> pinned_zone{nullptr};
+
+void copy_text(char (&to)[64], const char *from) {
+  std::strncpy(to, from != nullptr ? from : "", sizeof to - 1);
+  to[sizeof to - 1] = '\0';
+}
+
+environment_snapshot read_environment(uint32_t generation) {
+  environment_snapshot e{};
+  const char *zav = std::getenv("ZAV_LOCALE");
+  e.zav_locale_set = zav != nullptr;
+  copy_text(e.zav_locale, zav);
+  copy_text(e.codeset, nl_langinfo(CODESET));
+  e.generation = generation;
+  return e;
+}
+
+// Same once-guard as the zone; only reload_environment writes it again.
+environment_snapshot &environment_slot() {
+  static environment_snapshot snapshot = read_environment(1);
+  return snapshot;
+}
+
 constexpr clock_source system_source{system_now, system_local, system_zone};
 std::atomic<const clock_source *> installed{nullptr};
 
 }  // namespace
 
-const zone_snapshot &process_zone() { return zone_slot(); }
+const zone_snapshot &process_zone() {
+  const zone_snapshot *z = pinned_zone.load(std::memory_order_acquire);
+  return z != nullptr ? *z : zone_slot();
+}
 
 void reread_zone() { zone_slot() = read_zone(); }
+
+void set_zone(const zone_snapshot *zone) { pinned_zone.store(zone, std::memory_order_release); }
 
 const clock_source &system_clock() { return system_source; }
 
@@ -69,7 +98,13 @@ const clock_source &current_clock() {
 
 void set_clock(const clock_source *clock) { installed.store(clock, std::memory_order_release); }
 
-const char *environment(const char *name) { return std::getenv(name); }
+const environment_snapshot &environment() { return environment_slot(); }
+
+void reload_environment() {
+  environment_snapshot &e = environment_slot();
+  e = read_environment(e.generation + 1);
+  reread_zone();
+}
 
 const int32_t *toupper_table() { return *__ctype_toupper_loc(); }
 
@@ -84,6 +119,12 @@ bool iconv_step(void *handle, const char **in, size_t *in_left, char **out, size
   *in = src;
   return r != static_cast<size_t>(-1);
 }
+
+bool iconv_flush(void *handle, char **out, size_t *out_left) {
+  return iconv(static_cast<iconv_t>(handle), nullptr, nullptr, out, out_left) != static_cast<size_t>(-1);
+}
+
+void iconv_reset(void *handle) { iconv(static_cast<iconv_t>(handle), nullptr, nullptr, nullptr, nullptr); }
 
 void iconv_end(void *handle) {
   if (handle != nullptr) iconv_close(static_cast<iconv_t>(handle));

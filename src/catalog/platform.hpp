@@ -1,7 +1,8 @@
 // The one funnel to the C library's process-wide services: the clock and
-// local time, the time-zone offset, the environment, the toupper table and
-// iconv. Tests swap the clock for a fixed one; nothing else in the library
-// calls these C functions directly.
+// local time, the time zone, the environment, the locale's codeset and
+// toupper table, and iconv. Tests pin the clock and the zone here; nothing
+// else in the library calls these C functions directly (a test greps src/
+// for them).
 #pragma once
 
 #include <cstddef>
@@ -43,10 +44,14 @@ struct zone_snapshot {
   bool dst;              // daylight saving time in force when it was read
   char abbrev[16];       // "%Z", NUL terminated
 };
+// The zone in use: the process zone, unless a test pinned another.
 const zone_snapshot &process_zone();
 // Tests only: reads the zone again after a change of TZ. Not to be called
 // while conversions run on other threads.
 void reread_zone();
+// Tests only: pins the zone that process_zone returns (nullptr returns to
+// the process zone). Same restriction as set_clock.
+void set_zone(const zone_snapshot *zone);
 
 const clock_source &system_clock();
 // The clock in use: the system clock unless a test installed another.
@@ -55,8 +60,23 @@ const clock_source &current_clock();
 // called while conversions run on other threads.
 void set_clock(const clock_source *clock);
 
-// getenv; NULL when the variable is not set.
-const char *environment(const char *name);
+// What the library takes from the process environment: ZAV_LOCALE and the
+// codeset of the C library's locale (nl_langinfo(CODESET)). Read once, on
+// first use, under a once-guard (a function-local static), so a value pays
+// nothing for them; a later setenv or setlocale is not seen until
+// reload_environment. generation changes at every reload, so callers may
+// cache what they derive from the rest.
+struct environment_snapshot {
+  bool zav_locale_set;
+  char zav_locale[64];  // NUL terminated, cut at 63 bytes (only 0-4 matter)
+  char codeset[64];     // NUL terminated, "" when the C library names none
+  uint32_t generation;
+};
+const environment_snapshot &environment();
+// Reads ZAV_LOCALE, the codeset and the zone again: what a test calls after
+// setenv or setlocale (internal, not exported). Not to be called while
+// conversions run on other threads.
+void reload_environment();
 
 // The current locale's toupper table, indexable by -128..255; fetch it once
 // per call of a routine, not per byte.
@@ -67,6 +87,10 @@ void *iconv_begin(const char *to_code, const char *from_code);
 // Converts as iconv does; returns false on any error (with the pointers and
 // counts advanced past what was converted).
 bool iconv_step(void *handle, const char **in, size_t *in_left, char **out, size_t *out_left);
+// Writes what ends the output's shift state; false when it does not fit.
+bool iconv_flush(void *handle, char **out, size_t *out_left);
+// Returns the descriptor to its initial shift state.
+void iconv_reset(void *handle);
 void iconv_end(void *handle);
 
 // Ends the process with the given status.

@@ -21,29 +21,6 @@ namespace {
 const char month_abbr[12][4] = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
                                 "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
 
-constexpr int64_t pow10_table[7] = {1, 10, 100, 1000, 10000, 100000, 1000000};
-
-// A datetime split for display: the day, and the time of day in units of
-// 10^-dd seconds (below 8.64e10: exact in a double).
-struct clock_parts {
-  int64_t day;
-  int64_t secs;  // 0..86399
-  int64_t frac;  // 0 .. 10^dd - 1
-};
-
-clock_parts split(double v, bool round_seconds, int32_t dd) {
-  auto day = static_cast<int64_t>(zdatprt(v));
-  const double tod = ztimprt(v);
-  const int64_t scale = pow10_table[dd];
-  int64_t units = round_seconds ? static_cast<int64_t>(std::floor(tod * static_cast<double>(scale) + 0.5))
-                                : static_cast<int64_t>(tod) * scale;
-  if (units >= 86400 * scale) {
-    units -= 86400 * scale;
-    ++day;
-  }
-  return {day, units / scale, units % scale};
-}
-
 int64_t hour12(int64_t secs) {
   const int64_t h = secs / 3600 % 12;
   return h == 0 ? 12 : h;
@@ -80,7 +57,7 @@ char *put_small(char *p, int64_t v) {
 // 3 " h:mm" or " h:mm:ss" with dd decimals, and the " AM"/" PM". The year
 // keeps all its digits (five from 10000 on). Returns the length (at most 33).
 int32_t mdy_text(char *text, double v, int32_t time_parts, int32_t dd, bool year4) {
-  const clock_parts t = split(v, time_parts == 3, dd);
+  const datetime_parts t = split_datetime(v, time_parts == 3, dd);
   const ymd c = ymd_from_days(t.day);
   char *p = put_small(text, c.month);
   *p++ = '/';
@@ -100,17 +77,17 @@ int32_t mdy_text(char *text, double v, int32_t time_parts, int32_t dd, bool year
   }
   if (time_parts >= 2) {
     *p++ = ' ';
-    p = put_small(p, hour12(t.secs));
+    p = put_small(p, hour12(t.second));
     *p++ = ':';
-    put2(p, t.secs % 3600 / 60);
+    put2(p, t.second % 3600 / 60);
     p += 2;
     if (time_parts == 3) {
       *p++ = ':';
-      put2(p, t.secs % 60);
+      put2(p, t.second % 60);
       p += 2;
-      if (dd > 0) p = put_decimals(p, t.frac, dd);
+      if (dd > 0) p = put_decimals(p, t.fraction, dd);
     }
-    p = put_suffix(p, t.secs);
+    p = put_suffix(p, t.second);
   }
   return static_cast<int32_t>(p - text);
 }
@@ -145,7 +122,7 @@ XF_ROUTINE(zfmdtmm, f) {
     if (dd > room - 10) dd = room - 10;
     if (dd < 0) dd = 0;
   }
-  const clock_parts t = split(value_of(f), parts == 3, dd);
+  const datetime_parts t = split_datetime(value_of(f), parts == 3, dd);
 
   char text[40];
   const ymd c = ymd_from_days(t.day);
@@ -154,14 +131,14 @@ XF_ROUTINE(zfmdtmm, f) {
   if (date_len == 9) put4(text + 5, c.year);
   else put2(text + 5, c.year % 100);
   char *p = text + date_len;
-  const int64_t fields[3] = {hour12(t.secs), t.secs % 3600 / 60, t.secs % 60};
+  const int64_t fields[3] = {hour12(t.second), t.second % 3600 / 60, t.second % 60};
   for (int32_t i = 0; i < parts; ++i) {
     *p = ':';
     put2(p + 1, fields[i]);
     p += 3;
   }
-  if (dd > 0) p = put_decimals(p, t.frac, dd);
-  if (parts > 0) p = put_suffix(p, t.secs);
+  if (dd > 0) p = put_decimals(p, t.fraction, dd);
+  if (parts > 0) p = put_suffix(p, t.second);
   return put_right(f, text, static_cast<int32_t>(p - text));
 }
 

@@ -1,5 +1,5 @@
 // The exported calendar routines on day numbers: Julian values, year, month,
-// day, quarter, weekday and month lengths.
+// day, quarter, weekday and month lengths, each a wrapper over calendar.hpp.
 #include "xfmt/xfmt.h"
 
 #include <cmath>
@@ -8,10 +8,6 @@
 
 namespace xfmt::datetime {
 namespace {
-
-inline int32_t month_length(int64_t y, int64_t m) {
-  return m == 2 ? (is_leap(y) ? 29 : 28) : dpm[m - 1];
-}
 
 // Splits a Julian value into an expanded year and a day of year 0..366,
 // applying every validity test the Julian routines share. A day of year of
@@ -24,9 +20,17 @@ bool split_julian(double v, int64_t &year, int64_t &ddd) {
   if (y >= 100 && y <= 1581) return false;
   if (ddd > 366) return false;
   y = expand_year(y);
-  if (ddd > 365 + (is_leap(y) ? 1 : 0)) return false;
+  if (ddd > days_in_year(y)) return false;
   year = y;
   return true;
+}
+
+// The guard of the routines that take one part of a date: a missing value
+// comes back as it is, anything off the calendar (NaN included) as missing.
+template <class Part>
+double date_part(double date, Part part) {
+  if (is_missing(date)) return date;
+  return date_in_range(date) ? static_cast<double>(part(ymd_of_value(date))) : missing();
 }
 
 }  // namespace
@@ -43,7 +47,7 @@ XF_API double zjulymd(double year, double month, double day) {
   const int64_t y = expand_year(static_cast<int64_t>(year));
   const int32_t m = static_cast<int32_t>(month);
   const int32_t d = static_cast<int32_t>(day);
-  if (d > month_length(y, m)) return missing();
+  if (d > days_in_month(y, m)) return missing();
   return static_cast<double>(y * 1000 + day_of_year(y, m, d));
 }
 
@@ -59,9 +63,9 @@ XF_API int32_t zymdjul(double *year, double *month, double *day, double julian) 
     *year = *month = *day = missing();
     return 0;
   }
-  int64_t m = 1;
-  while (m < 12 && ddd > month_length(y, m)) {
-    ddd -= month_length(y, m);
+  int32_t m = 1;
+  while (m < 12 && ddd > days_in_month(y, m)) {
+    ddd -= days_in_month(y, m);
     ++m;
   }
   *year = static_cast<double>(y);
@@ -73,8 +77,7 @@ XF_API int32_t zymdjul(double *year, double *month, double *day, double julian) 
 XF_API double zjuldat(double date) {
   if (is_missing(date)) return date;
   if (!date_in_range(date)) return missing();
-  const ymd c = ymd_of_value(date);
-  return static_cast<double>(c.year * 1000 + day_of_year(c.year, c.month, c.day));
+  return static_cast<double>(julian(ymd_of_value(date)));
 }
 
 XF_API double zmdy(double month, double day, double year) {
@@ -83,34 +86,11 @@ XF_API double zmdy(double month, double day, double year) {
   return zdatjul(j);
 }
 
-XF_API double zyear(double date) {
-  const double j = zjuldat(date);
-  if (unusable(j)) return j;
-  double y, m, d;
-  zymdjul(&y, &m, &d, j);
-  return y;
-}
-
-XF_API double zmonth(double date) {
-  const double j = zjuldat(date);
-  if (unusable(j)) return j;
-  double y, m, d;
-  zymdjul(&y, &m, &d, j);
-  return m;
-}
-
-XF_API double zday(double date) {
-  const double j = zjuldat(date);
-  if (unusable(j)) return j;
-  double y, m, d;
-  zymdjul(&y, &m, &d, j);
-  return d;
-}
-
+XF_API double zyear(double date) { return date_part(date, [](const ymd &c) { return c.year; }); }
+XF_API double zmonth(double date) { return date_part(date, [](const ymd &c) { return int64_t{c.month}; }); }
+XF_API double zday(double date) { return date_part(date, [](const ymd &c) { return int64_t{c.day}; }); }
 XF_API double zqtr(double date) {
-  const double m = zmonth(date);
-  if (unusable(m)) return m;
-  return static_cast<double>((static_cast<int32_t>(m) - 1) / 3 + 1);
+  return date_part(date, [](const ymd &c) { return int64_t{quarter(c.month)}; });
 }
 
 // Day 0 (1960-01-01) is a Friday. The offset 131486 makes 1600-01-02 the

@@ -1,8 +1,11 @@
-// The calendar core of the date and time conversions: day numbers counted
-// from 1960-01-01, the leap rule with the 4000-year exception, and the split
-// of a day number into year, month and day. Everything is constexpr integer
-// arithmetic so tests can pin anchors at compile time. Other subsystems may
-// include this header (and the exported routines of xfmt.h).
+// The calendar of the library, typed: day numbers counted from 1960-01-01,
+// the leap rule with the 4000-year exception, day numbers to and from year,
+// month and day, the weekday, the day of the year, quarters, the three week
+// rules (U weeks from Sunday, W weeks from Monday, V the ISO 8601 week and
+// its year) and the split of a time of day. Every subsystem takes its
+// calendar arithmetic from here; the exported routines on doubles (zjuldat,
+// zyear, get_yywwdd, zhour, ...) are thin wrappers over it. The integer
+// parts are constexpr so tests can pin anchors at compile time.
 #pragma once
 
 #include <cmath>
@@ -136,11 +139,159 @@ constexpr int32_t day_of_year(int64_t y, int32_t m, int32_t d) {
   return common_days_before[m] + d + (m > 2 && is_leap(y) ? 1 : 0);
 }
 
-// The calendar day of an in-range date value (fraction dropped by floor).
-inline ymd ymd_of_value(double v) {
+// Weekday of a day number, 0 = Sunday .. 6 = Saturday, true on every day
+// (1960-01-01 was a Friday). zwekday keeps a shifted count before
+// 1600-01-02 for its own callers; everything else uses this one.
+constexpr int32_t weekday(int64_t n) {
+  const int64_t w = (n + 5) % 7;
+  return static_cast<int32_t>(w < 0 ? w + 7 : w);
+}
+
+constexpr int32_t quarter(int32_t month) { return (month - 1) / 3 + 1; }
+
+// Days of each month of a common year (index 1..12).
+inline constexpr int32_t common_month_days[13] = {0, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+
+constexpr int32_t days_in_month(int64_t y, int32_t m) {
+  return m == 2 && is_leap(y) ? 29 : common_month_days[m];
+}
+
+// Julian value yyyyddd of a calendar day (year 1582 on: no pivot applies).
+constexpr int64_t julian(const ymd &c) { return c.year * 1000 + day_of_year(c.year, c.month, c.day); }
+
+// Day of the year by the plain 4/100/400 rule, the count the week rules
+// use: in a year divisible by 4000 it runs one ahead of day_of_year from
+// March on, and the week numbers of those years have always followed it.
+constexpr int32_t day_of_year_plain(int64_t y, int32_t m, int32_t d) {
+  return common_days_before[m] + d + (m > 2 && is_leap_plain(y) ? 1 : 0);
+}
+
+// Week of the year whose weeks begin on Sunday (U): days before the first
+// Sunday are week 0. yday is 1-based, wday 0 = Sunday.
+constexpr int32_t sunday_week(int32_t yday, int32_t wday) { return (yday - 1 + 7 - wday) / 7; }
+
+// Week of the year whose weeks begin on Monday (W): days before the first
+// Monday are week 0.
+constexpr int32_t monday_week(int32_t yday, int32_t wday) {
+  return (yday - 1 + 7 - (wday + 6) % 7) / 7;
+}
+
+// Weekday counted from Monday: 1 = Monday .. 7 = Sunday.
+constexpr int32_t monday_weekday(int32_t wday) { return wday == 0 ? 7 : wday; }
+
+struct iso_week {
+  int64_t year;  // the week-year: the previous or next year near 1 January
+  int32_t week;  // 1..53
+};
+
+// ISO 8601 week of day yday (1-based, plain rule) of year y with weekday
+// wday (0 = Sunday). t is the day's offset from the Monday of week 1 plus a
+// shift of 3 that the integer division removes again; a negative t means
+// the day belongs to the last week of the previous year, a non-negative
+// `next` to week 1 of the following one.
+constexpr iso_week iso_week_of(int64_t y, int32_t yday, int32_t wday) {
+  const int64_t d = yday - 1, wd = wday + 1;
+  int64_t wy = y;
+  int64_t t = d - (d - wd + 383) % 7 + 3;
+  if (t < 0) {
+    wy = y - 1;
+    const int64_t leap = is_leap_plain(wy) ? 1 : 0;
+    t = d + leap - (leap + d - wd + 748) % 7 + 368;
+  } else {
+    const int64_t leap = is_leap_plain(y) ? 1 : 0;
+    const int64_t next = (d - leap) - (d - wd - leap + 18) % 7 - 362;
+    if (next >= 0) {
+      wy = y + 1;
+      t = next;
+    }
+  }
+  return iso_week{wy, static_cast<int32_t>(t / 7 + 1)};
+}
+
+enum class week_rule : char { sunday = 'U', iso = 'V', monday = 'W' };
+
+struct week_date {
+  int64_t year;     // the calendar year; the ISO week-year for week_rule::iso
+  int32_t week;     // U and W 0..53, V 1..53
+  int32_t weekday;  // U 1 = Sunday .. 7; W and V 1 = Monday .. 7 = Sunday
+};
+
+// A date value's week by one of the three rules (n within date_min..date_max).
+constexpr week_date week_of(int64_t n, week_rule rule) {
+  const ymd c = ymd_in_range(n);
+  const int32_t wday = weekday(n);
+  const int32_t yday = day_of_year_plain(c.year, c.month, c.day);
+  switch (rule) {
+    case week_rule::sunday: return {c.year, sunday_week(yday, wday), wday + 1};
+    case week_rule::monday: return {c.year, monday_week(yday, wday), monday_weekday(wday)};
+    case week_rule::iso: break;
+  }
+  const iso_week v = iso_week_of(c.year, yday, wday);
+  return {v.year, v.week, monday_weekday(wday)};
+}
+
+// Day number of a value, by floor (the value must fit an int64).
+inline int64_t day_floor(double v) {
   auto n = static_cast<int64_t>(v);
   if (static_cast<double>(n) > v) --n;  // floor for negative fractions
-  return ymd_in_range(n);
+  return n;
+}
+
+// The calendar day of an in-range date value (fraction dropped by floor).
+inline ymd ymd_of_value(double v) { return ymd_in_range(day_floor(v)); }
+
+// A time of day taken apart. The hour comes from the remainder of the day
+// moved into [0, 86400); minute and second count back from midnight for
+// negative values, so a negative whole day gives 0:00:00 and -1 gives
+// 23:59:59. Whole hours and minutes, the second keeps its fraction.
+struct time_parts {
+  double hour;    // 0..23
+  double minute;  // 0..59
+  double second;  // [0, 60)
+};
+
+inline time_parts split_time(double v) {
+  const double r = std::fmod(v, seconds_per_day);
+  const double back = v < 0 ? seconds_per_day - std::fabs(r) : r;
+  return time_parts{std::trunc(std::fabs((r < 0 ? r + seconds_per_day : r) / 3600.0)),
+                     std::trunc(std::trunc(std::fmod(back, 3600.0)) / 60.0),
+                     std::fmod(back, 60.0)};
+}
+
+// The day number of an in-range datetime value, floor(dt / 86400): floor(dt)
+// is a whole number of seconds that fits an int64, and the integer floor
+// division by 86400 is a multiply.
+inline int64_t day_of_datetime(double dt) { return floor_div(static_cast<int64_t>(std::floor(dt)), 86400); }
+
+// The second of the day of an in-range datetime value, [0, 86400).
+// Shifting non-positive values by a whole number of days keeps fmod's
+// remainder non-negative: -1 gives 86399.
+inline double second_of_day(double dt) {
+  return std::fmod(dt <= 0 ? dt - datetime_min : dt, seconds_per_day);
+}
+
+// An in-range datetime value split for display: the day, and the time of
+// day in units of 10^-decimals seconds (below 8.64e10: exact in a double),
+// rounded half up when the seconds show (a carry moves to the next day),
+// cut otherwise. decimals 0..6.
+struct datetime_parts {
+  int64_t day;
+  int64_t second;    // 0..86399
+  int64_t fraction;  // 0 .. 10^decimals - 1
+};
+
+inline datetime_parts split_datetime(double dt, bool round_seconds, int32_t decimals) {
+  constexpr int64_t pow10[7] = {1, 10, 100, 1000, 10000, 100000, 1000000};
+  int64_t day = day_of_datetime(dt);
+  const double tod = second_of_day(dt);
+  const int64_t scale = pow10[decimals];
+  int64_t units = round_seconds ? static_cast<int64_t>(std::floor(tod * static_cast<double>(scale) + 0.5))
+                                : static_cast<int64_t>(tod) * scale;
+  if (units >= 86400 * scale) {
+    units -= 86400 * scale;
+    ++day;
+  }
+  return {day, units / scale, units % scale};
 }
 
 using ::xfmt::is_missing;
@@ -164,5 +315,15 @@ static_assert(ymd_from_days(-1).year == 1959 && ymd_from_days(-1).month == 12);
 static_assert(ymd_in_range(date_min).year == 1582 && ymd_in_range(date_min).day == 1);
 static_assert(ymd_in_range(first_skip_day).month == 3 && ymd_in_range(first_skip_day - 1).day == 28);
 static_assert(ymd_in_range(date_max).year == 20000 && ymd_in_range(date_max).month == 12);
+static_assert(weekday(0) == 5 && weekday(-1) == 4 && weekday(date_min) == 5);
+static_assert(days_in_month(2000, 2) == 29 && days_in_month(4000, 2) == 28 && days_in_month(2023, 12) == 31);
+static_assert(days_in_month(2023, 4) == 30 && days_in_month(2023, 1) == 31);
+// 2021-01-03, a Sunday: week 53 of ISO year 2020, week 1 by U, week 0 by W.
+static_assert(week_of(days_from_ymd(2021, 1, 3), week_rule::iso).year == 2020);
+static_assert(week_of(days_from_ymd(2021, 1, 3), week_rule::iso).week == 53);
+static_assert(week_of(days_from_ymd(2021, 1, 3), week_rule::sunday).week == 1);
+static_assert(week_of(days_from_ymd(2021, 1, 3), week_rule::monday).week == 0);
+// 2024-12-30, a Monday: week 1 of ISO year 2025.
+static_assert(week_of(days_from_ymd(2024, 12, 30), week_rule::iso).year == 2025);
 
 }  // namespace xfmt::datetime

@@ -125,10 +125,9 @@ XF_ROUTINE(zfmyear, f) {
   if (!width_usable(f, st)) return st;
   const double v = value_of(f);
   if (xfmt::is_missing(v)) return xfmt::write_missing(f, f->width, f->decimals);
-  const double year = zyear(v);
-  if (unusable(year)) return xfmt::fail_stars(f, f->width, XF_OK);
+  if (!date_in_range(v)) return xfmt::fail_stars(f, f->width, XF_OK);
   const int32_t w = f->width;
-  const auto y = static_cast<int64_t>(year);
+  const int64_t y = ymd_of_value(v).year;
   const int64_t shown = w < 4 ? y % 100 : y;
   char *out = frame_out(f);
   if (write_int_right(out, w, shown) && shown < 10 && w >= 2) out[w - 2] = '0';
@@ -140,9 +139,8 @@ XF_ROUTINE(zfmqtr, f) {
   if (!width_usable(f, st)) return st;
   const double v = value_of(f);
   if (xfmt::is_missing(v)) return xfmt::write_missing(f, f->width, f->decimals);
-  const double q = zqtr(v);
-  if (unusable(q)) return xfmt::fail_stars(f, f->width, XF_E_DATE_RANGE);
-  write_int_right(frame_out(f), f->width, static_cast<int64_t>(q));
+  if (!date_in_range(v)) return xfmt::fail_stars(f, f->width, XF_E_DATE_RANGE);
+  write_int_right(frame_out(f), f->width, quarter(ymd_of_value(v).month));
   return finish(f);
 }
 
@@ -151,9 +149,8 @@ XF_ROUTINE(zfmqtrr, f) {
   if (!width_usable(f, st)) return st;
   const double v = value_of(f);
   if (xfmt::is_missing(v)) return xfmt::write_missing(f, f->width, f->decimals);
-  const double q = zqtr(v);
-  if (unusable(q) || q < 1 || q > 4) return xfmt::fail_stars(f, f->width, XF_E_DATE_RANGE);
-  const char *numeral = roman[static_cast<int32_t>(q)];
+  if (!date_in_range(v)) return xfmt::fail_stars(f, f->width, XF_E_DATE_RANGE);
+  const char *numeral = roman[quarter(ymd_of_value(v).month)];
   const auto r = static_cast<int32_t>(std::strlen(numeral));
   if (f->width < r) return too_narrow(f);
   std::memcpy(right_part(f, r), numeral, static_cast<size_t>(r));
@@ -175,7 +172,7 @@ XF_ROUTINE(zfmjul, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 1, st)) return st;
   const int32_t w = f->width;
-  auto j = static_cast<int64_t>(zjuldat(value_of(f)));
+  int64_t j = julian(ymd_of_value(value_of(f)));
   if (w < 7) j %= 100000;
   char *out = frame_out(f);
   if (write_int_right(out, w, j))

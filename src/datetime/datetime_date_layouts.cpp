@@ -11,10 +11,6 @@ using namespace xfmt::datetime;
 
 namespace {
 
-// The day of an in-range datetime: floor(v) is a whole number of seconds
-// that fits an int64, and the integer floor division by 86400 is a multiply.
-inline int64_t day_of_datetime(double v) { return floor_div(static_cast<int64_t>(std::floor(v)), 86400); }
-
 // The datetime guard (missing display, stars with XF_E_DATE_RANGE outside
 // 1582..20000), then the date writer on a frame that holds the day number.
 // Only the output length comes back: the writer touches nothing else.

@@ -19,8 +19,6 @@ namespace {
 const char month_abbr[12][4] = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
                                 "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
 
-constexpr int64_t pow10_table[7] = {1, 10, 100, 1000, 10000, 100000, 1000000};
-
 }  // namespace
 
 extern "C" {
@@ -46,18 +44,9 @@ XF_ROUTINE(zfmdttm, f) {
     if (dd < 0) dd = 0;
   }
 
-  // Day and the time of day in units of 10^-dd seconds (below 8.64e10:
-  // exact in a double), rounded when the seconds show.
-  auto day = static_cast<int64_t>(zdatprt(v));
-  const double tod = ztimprt(v);
-  const int64_t scale = pow10_table[dd];
-  int64_t units = parts == 3 ? static_cast<int64_t>(std::floor(tod * static_cast<double>(scale) + 0.5))
-                             : static_cast<int64_t>(tod) * scale;
-  if (units >= 86400 * scale) {
-    units -= 86400 * scale;
-    ++day;
-  }
-  const int64_t secs = units / scale, frac = units % scale;
+  // Day and time of day, rounded when the seconds show.
+  const datetime_parts t = split_datetime(v, parts == 3, dd);
+  const int64_t day = t.day, secs = t.second, frac = t.fraction;
 
   char text[40];
   const ymd c = ymd_from_days(day);

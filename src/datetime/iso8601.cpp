@@ -44,7 +44,7 @@ xf_status date_of_datetime(xf_frame *f, bool extended) {
   xf_status st = XF_OK;
   if (!guard_value(f, 2, st)) return st;
   char text[16];
-  return place(f, text, put_date(text, static_cast<int64_t>(zdatprt(value_of(f))), extended));
+  return place(f, text, put_date(text, day_of_datetime(value_of(f)), extended));
 }
 
 // Time of day: negative times and times past a day wrap like a clock.
@@ -70,8 +70,8 @@ xf_status datetime(xf_frame *f, bool extended) {
   xf_status st = XF_OK;
   if (!guard_value(f, 2, st)) return st;
   const double v = value_of(f);
-  const auto day = static_cast<int64_t>(zdatprt(v));
-  const double s = ztimprt(v);
+  const int64_t day = day_of_datetime(v);
+  const double s = second_of_day(v);
   char text[48];
   int32_t len = put_date(text, day, extended);
   text[len++] = 'T';

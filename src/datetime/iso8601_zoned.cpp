@@ -110,9 +110,9 @@ xf_status zoned_datetime(xf_frame *f, bool extended) {
   if (!guard_value(f, 2, st)) return st;
   const double v = value_of(f);
   char text[48];
-  int32_t head = put_date(text, static_cast<int64_t>(zdatprt(v)), extended);
+  int32_t head = put_date(text, day_of_datetime(v), extended);
   text[head++] = 'T';
-  return with_zone(f, text, head, ztimprt(v), extended, utc_zone(extended));
+  return with_zone(f, text, head, second_of_day(v), extended, utc_zone(extended));
 }
 
 // The time of day of a time value: negative times and times past a day wrap

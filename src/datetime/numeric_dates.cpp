@@ -96,6 +96,32 @@ void put_year(char *out, int32_t n, int64_t year, bool two_digits) {
   }
 }
 
+// The month-year and year-month layouts: the part left of the separator
+// takes the room the other leaves, right-justified; the month always shows
+// two digits, the year four from width 7 with a separator (6 without).
+xf_status month_and_year(xf_frame *f, char separator, bool year_first) {
+  xf_status st = XF_OK;
+  if (!guard_value(f, 1, st)) return st;
+  const int32_t w = f->width, s = separator != '\0' ? 1 : 0;
+  const bool two = w < 7 - (1 - s);
+  const int32_t last = year_first || two ? 2 : 4;  // positions right of the separator
+  const int32_t area = w - s - last;
+  if (area < 2) return too_narrow(f);
+  const ymd c = ymd_of_value(value_of(f));
+  char *out = frame_out(f);
+  if (year_first) {
+    put_year(out, area, c.year, two);
+    put2(out + area + s, c.month);
+  } else {
+    write_int_right(out, area, c.month);
+    if (out[area - 2] == ' ') out[area - 2] = '0';
+    put_year(out + area + s, last, c.year, two);
+  }
+  if (s) out[area] = separator;
+  f->output_length = static_cast<uint32_t>(w);
+  return XF_OK;
+}
+
 const char *const roman[5] = {"", "I", "II", "III", "IV"};
 
 }  // namespace
@@ -103,9 +129,14 @@ const char *const roman[5] = {"", "I", "II", "III", "IV"};
 extern "C" {
 
 XF_API int32_t zfmcymd(double *year, double *month, double *day, double date) {
-  const double j = zjuldat(date);
-  zymdjul(year, month, day, j);
-  if (unusable(*year) || unusable(*month) || unusable(*day)) return -1;
+  if (unusable(date) || !date_in_range(date)) {
+    *year = *month = *day = missing();
+    return -1;
+  }
+  const ymd c = ymd_of_value(date);
+  *year = static_cast<double>(c.year);
+  *month = static_cast<double>(c.month);
+  *day = static_cast<double>(c.day);
   return 1;
 }
 
@@ -155,37 +186,12 @@ XF_ROUTINE(zfmymds, f) { return three_fields(f, '/', order::ymd); }
 // Month, separator, year: MMYY5 07M23, MMYY7 07M2023, MMYYN4 0723. The
 // century needs width 7 with a separator, 6 without.
 XF_ROUTINE_WITH(zfmdlmy, f, (char separator), (separator)) {
-  xf_status st = XF_OK;
-  if (!guard_value(f, 1, st)) return st;
-  const int32_t w = f->width, s = separator != '\0' ? 1 : 0;
-  const bool two = w < 7 - (1 - s);
-  const int32_t yl = two ? 2 : 4, area = w - s - yl;
-  if (area < 2) return too_narrow(f);
-  const ymd c = ymd_of_value(value_of(f));
-  char *out = frame_out(f);
-  write_int_right(out, area, c.month);
-  if (out[area - 2] == ' ') out[area - 2] = '0';
-  if (s) out[area] = separator;
-  put_year(out + area + s, yl, c.year, two);
-  f->output_length = static_cast<uint32_t>(w);
-  return XF_OK;
+  return month_and_year(f, separator, false);
 }
 
 // Year, separator, month: YYMM7 2023M07, YYMM5 23M07, YYMM8 " 2023M07".
 XF_ROUTINE_WITH(zfmdlym, f, (char separator), (separator)) {
-  xf_status st = XF_OK;
-  if (!guard_value(f, 1, st)) return st;
-  const int32_t w = f->width, s = separator != '\0' ? 1 : 0;
-  const bool two = w < 7 - (1 - s);
-  const int32_t area = w - s - 2;
-  if (area < 2) return too_narrow(f);
-  const ymd c = ymd_of_value(value_of(f));
-  char *out = frame_out(f);
-  put_year(out, area, c.year, two);
-  if (s) out[area] = separator;
-  put2(out + area + s, c.month);
-  f->output_length = static_cast<uint32_t>(w);
-  return XF_OK;
+  return month_and_year(f, separator, true);
 }
 
 // Year, separator, quarter digit: YYQC4 23:3, YYQC6 2023:3, YYQN3 233,

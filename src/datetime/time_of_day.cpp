@@ -24,43 +24,29 @@ XF_API double zdhms(double date, double hour, double minute, double second) {
   return t + date * seconds_per_day;
 }
 
-// floor(dt) + 11928470400 is >= 0 over the whole range, so the truncating
-// division is a floor; the result equals floor(dt / 86400).
 XF_API double zdatprt(double dt) {
   if (unusable(dt) || !datetime_in_range(dt)) return missing();
-  return std::trunc((std::floor(dt) - datetime_min) / seconds_per_day) + static_cast<double>(date_min);
+  return static_cast<double>(day_of_datetime(dt));
 }
 
-// Shifting non-positive values by a whole number of days keeps fmod's
-// remainder non-negative: ztimprt(-1) is 86399.
 XF_API double ztimprt(double dt) {
   if (unusable(dt) || !datetime_in_range(dt)) return missing();
-  return std::fmod(dt <= 0 ? dt - datetime_min : dt, seconds_per_day);
+  return second_of_day(dt);
 }
 
 XF_API double zhour(double v) {
   if (unusable(v) || !datetime_in_range(v)) return missing();
-  double r = std::fmod(v, seconds_per_day);
-  if (r < 0) r += seconds_per_day;
-  return std::trunc(std::fabs(r / 3600.0));
-}
-
-// For negative values the remainder counts back from midnight: -1 is 23:59:59.
-static double time_of_day_remainder(double v) {
-  double r = std::fmod(v, seconds_per_day);
-  if (v < 0) r = seconds_per_day - std::fabs(r);
-  return r;
+  return split_time(v).hour;
 }
 
 XF_API double zminute(double v) {
   if (unusable(v) || !std::isfinite(v)) return missing();
-  const double r = time_of_day_remainder(v);
-  return std::trunc(std::trunc(std::fmod(r, 3600.0)) / 60.0);
+  return split_time(v).minute;
 }
 
 XF_API double zsecond(double v) {
   if (unusable(v) || !std::isfinite(v)) return missing();
-  return std::fmod(time_of_day_remainder(v), 60.0);
+  return split_time(v).second;
 }
 
 XF_API int32_t zdatrng(xf_frame *frame, int32_t kind) {

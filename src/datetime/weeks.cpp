@@ -2,7 +2,6 @@
 // text, the actual/actual day count, and the fixed-width digit writer.
 #include "xfmt/xfmt.h"
 
-#include <cmath>
 #include <cstring>
 
 #include "datetime/calendar.hpp"
@@ -63,59 +62,25 @@ XF_API void diff_actact(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t 
   *year_fraction = static_cast<double>(in_leap) / 366.0 + static_cast<double>(in_common) / 365.0;
 }
 
+// A thin wrapper over week_of. A rule letter other than U, V and W leaves
+// the week at -1 and gives a weekday counted from the day of the year.
 XF_API int32_t get_yywwdd(const char *rule, int32_t ignored, double *year, double *week,
                           double *weekday, double date) {
   (void)ignored;
   *year = *week = *weekday = -1.0;
   if (unusable(date) || !date_in_range(date)) return 0;
-  const ymd c = ymd_of_value(date);
-  const int32_t y = static_cast<int32_t>(c.year);
-  // 1 = Sunday. Not zwekday, which keeps a shifted count before 1600-01-02
-  // for its own callers: the week rules need the true weekday on every day,
-  // 1600-01-01 (a Saturday) included.
-  const int64_t days = static_cast<int64_t>(std::floor(date)) + 131486;
-  const int64_t wd = days - floor_div(days, 7) * 7 + 1;
-  int64_t d = 0;
-  double fraction = 0;
-  diff_actact(1, 1, y, c.month, c.day, y, &d, &fraction);
-  *year = static_cast<double>(y);
+  const int64_t n = day_floor(date);
   const char letter = rule != nullptr ? *rule : '\0';
-  const int64_t monday_based = wd - 1 == 0 ? 7 : wd - 1;
-  switch (letter) {
-    case 'U':
-      *week = static_cast<double>((d - wd + 8) / 7);
-      *weekday = static_cast<double>(wd);
-      break;
-    case 'W':
-      *week = static_cast<double>((d - (wd + 5) % 7 + 7) / 7);
-      *weekday = static_cast<double>(monday_based);
-      break;
-    case 'V': {
-      // t is the day's offset from the Monday of week 1, plus a shift of 3
-      // that the later integer division removes again.
-      int64_t wy = y;
-      int64_t t = d - (d - wd + 383) % 7 + 3;
-      if (t < 0) {
-        wy = y - 1;
-        const int64_t leap = is_leap_plain(wy) ? 1 : 0;
-        t = d + leap - (leap + d - wd + 748) % 7 + 368;
-      } else {
-        const int64_t leap = is_leap_plain(y) ? 1 : 0;
-        const int64_t next = (d - leap) - (d - wd - leap + 18) % 7 - 362;
-        if (next >= 0) {
-          wy = y + 1;
-          t = next;
-        }
-      }
-      *year = static_cast<double>(wy);
-      *week = static_cast<double>(t / 7 + 1);
-      *weekday = static_cast<double>(monday_based);
-      break;
-    }
-    default:
-      *weekday = static_cast<double>((d + 2) % 7 + 1);
-      break;
+  if (letter != 'U' && letter != 'V' && letter != 'W') {
+    const ymd c = ymd_in_range(n);
+    *year = static_cast<double>(c.year);
+    *weekday = static_cast<double>((day_of_year_plain(c.year, c.month, c.day) + 1) % 7 + 1);
+    return 0;
   }
+  const week_date wd = week_of(n, static_cast<week_rule>(letter));
+  *year = static_cast<double>(wd.year);
+  *week = static_cast<double>(wd.week);
+  *weekday = static_cast<double>(wd.weekday);
   return 0;
 }
 

@@ -189,7 +189,7 @@ XF_ROUTINE(zfmwrdx, f) { return date_in_words(f, worddatx_text); }
 XF_ROUTINE(zfmdtwk, f) {
   xf_status st = XF_OK;
   if (!guard_value(f, 2, st)) return st;
-  return write_words(f, static_cast<int64_t>(zdatprt(value_of(f))), weekdatx_text);
+  return write_words(f, day_of_datetime(value_of(f)), weekdatx_text);
 }
 
 }  // extern "C"

@@ -1,12 +1,13 @@
 // getZAVLocDB and the internal accessor: choose a record (by id, or through
-// ZAV_LOCALE) and read one field of it. No cache of the process locale: a
-// change of ZAV_LOCALE shows on the next value.
+// ZAV_LOCALE) and read one field of it. ZAV_LOCALE comes from the platform
+// funnel, read once; the record it names is found once per reading.
 #include "xfmt/xfmt.h"
 
+#include <atomic>
 #include <cstdint>
-#include <cstdlib>  // getenv
 #include <cstring>  // memcpy, memset
 
+#include "catalog/platform.hpp"
 #include "nls/locale.hpp"
 
 namespace xfmt::nls {
@@ -36,12 +37,27 @@ int match_environment(const char *env) {
   return 0;
 }
 
+// The record of the process locale, with the generation of the environment
+// snapshot it was matched from: generation << 32 | id. Generation 0 is none
+// yet. Threads that race on the first value match the same text and store
+// the same word.
+std::atomic<uint64_t> process_locale{0};
+
+int process_locale_id() {
+  const xfmt::platform::environment_snapshot &env = xfmt::platform::environment();
+  const uint64_t seen = process_locale.load(std::memory_order_relaxed);
+  if (seen >> 32 == env.generation) return static_cast<int>(seen & 0xFFFFFFFFu);
+  const int id = match_environment(env.zav_locale_set ? env.zav_locale : "en_US");
+  process_locale.store(uint64_t{env.generation} << 32 | static_cast<uint32_t>(id),
+                       std::memory_order_relaxed);
+  return id;
+}
+
 }  // namespace
 
 int resolve_locale_id(int id) {
   if (id >= 1 && id <= locale_count) return id;
-  const char *env = std::getenv("ZAV_LOCALE");
-  return match_environment(env != nullptr ? env : "en_US");
+  return process_locale_id();
 }
 
 

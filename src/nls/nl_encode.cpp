@@ -1,15 +1,16 @@
 // Encoding of national text: escapes to UTF-16, then the process codeset.
 // ASCII text and a UTF-8 codeset need no iconv at all; other codesets keep one
-// descriptor per thread, reopened only when the process codeset changes.
+// descriptor per thread, reopened only when the process codeset changes. The
+// codeset and iconv come through the platform funnel.
 #include "xfmt/xfmt.h"
 
 #include "nls/nl_encode.hpp"
 
-#include <iconv.h>     // iconv_open, iconv, iconv_close: non-UTF-8 codesets
-#include <langinfo.h>  // nl_langinfo(CODESET): the process codeset
-#include <strings.h>   // strcasecmp
+#include <strings.h>  // strcasecmp
 
 #include <cstring>
+
+#include "catalog/platform.hpp"
 
 namespace xfmt::nls {
 namespace {
@@ -58,29 +59,31 @@ size_t utf8_put(char16_t u, char *o) {
 // One descriptor UTF-8 -> process codeset per thread, closed at thread exit.
 struct thread_converter {
   char codeset[64] = {};
-  iconv_t cd = reinterpret_cast<iconv_t>(-1);
+  bool tried = false;     // an open was attempted for codeset
+  void *cd = nullptr;     // nullptr: no converter for codeset
 
-  ~thread_converter() {
-    if (cd != reinterpret_cast<iconv_t>(-1)) iconv_close(cd);
-  }
+  ~thread_converter() { platform::iconv_end(cd); }
   bool open_for(const char *cs) {
-    if (cd != reinterpret_cast<iconv_t>(-1) && std::strcmp(codeset, cs) == 0) {
-      iconv(cd, nullptr, nullptr, nullptr, nullptr);  // back to the initial shift state
-      return true;
+    if (tried && std::strcmp(codeset, cs) == 0) {
+      if (cd != nullptr) platform::iconv_reset(cd);  // back to the initial shift state
+      return cd != nullptr;
     }
-    if (cd != reinterpret_cast<iconv_t>(-1)) iconv_close(cd);
-    std::strncpy(codeset, cs, sizeof codeset - 1);
-    cd = iconv_open(cs, "UTF-8");
-    return cd != reinterpret_cast<iconv_t>(-1);
+    platform::iconv_end(cd);
+    const size_t n = strnlen(cs, sizeof codeset - 1);
+    std::memcpy(codeset, cs, n);
+    codeset[n] = '\0';
+    cd = platform::iconv_begin(cs, "UTF-8");
+    tried = true;
+    return cd != nullptr;
   }
   // Converts UTF-8 bytes; returns the output count or -1 on any failure.
   long run(const char *in, size_t n, char *out, size_t room) {
-    iconv(cd, nullptr, nullptr, nullptr, nullptr);
-    char *ip = const_cast<char *>(in);
+    platform::iconv_reset(cd);
+    const char *ip = in;
     char *op = out;
     size_t il = n, ol = room;
-    if (iconv(cd, &ip, &il, &op, &ol) == static_cast<size_t>(-1)) return -1;
-    if (iconv(cd, nullptr, nullptr, &op, &ol) == static_cast<size_t>(-1)) return -1;
+    if (!platform::iconv_step(cd, &ip, &il, &op, &ol)) return -1;
+    if (!platform::iconv_flush(cd, &op, &ol)) return -1;
     return static_cast<long>(op - out);
   }
 };
@@ -177,7 +180,7 @@ int encode_text(bool utf16, const char *text, size_t length, int32_t width, char
     if (len > w) keep = len = w;
   } else {
     uint8_t lens[unit_room];
-    len = to_codeset(nl_langinfo(CODESET), u, n, bytes, sizeof bytes, lens);
+    len = to_codeset(platform::environment().codeset, u, n, bytes, sizeof bytes, lens);
     if (len > sizeof bytes) return encode_unconvertible;
     while (len > w && keep > 0) len -= lens[--keep];
   }
@@ -195,8 +198,8 @@ bool representable(bool utf16, std::string_view text) {
   bool ascii = true;
   for (size_t i = 0; i < n; ++i) ascii = ascii && u[i] < 0x80;
   if (ascii) return true;
-  const char *cs = nl_langinfo(CODESET);
-  if (cs == nullptr || is_utf8_name(cs)) return true;
+  const char *cs = platform::environment().codeset;
+  if (is_utf8_name(cs)) return true;
   char utf8[unit_room * 3];
   size_t k = 0;
   for (size_t i = 0; i < n; ++i) k += utf8_put(u[i], utf8 + k);

@@ -16,13 +16,10 @@ namespace {
 
 // The week rules of the calendar, run only when a pattern asks for a week.
 void week_rules(const moment &m, int *iso_year, int *iso_week, int *monday_week) {
-  double y = -1, w = -1, d = -1;
-  const double day = static_cast<double>(m.day_number);
-  get_yywwdd("V", 0, &y, &w, &d, day);
-  *iso_year = static_cast<int>(y);
-  *iso_week = static_cast<int>(w);
-  get_yywwdd("W", 0, &y, &w, &d, day);
-  *monday_week = static_cast<int>(w);
+  const datetime::week_date v = datetime::week_of(m.day_number, datetime::week_rule::iso);
+  *iso_year = static_cast<int>(v.year);
+  *iso_week = v.week;
+  *monday_week = datetime::week_of(m.day_number, datetime::week_rule::monday).week;
 }
 
 // Rounds |v| to decimals the way the plain number printer does: add half a
@@ -40,15 +37,11 @@ double round_to(double v, int32_t decimals) {
 
 moment date_moment_of(double date) {
   const bool usable = !is_missing(date) && date_value_in_range(date);
-  // floor without the library call: truncate, then step down for negative
-  // fractions (the range check above keeps the value within int64).
-  int64_t n = usable ? static_cast<int64_t>(date) : 0;
-  if (usable && static_cast<double>(n) > date) --n;
+  // The range check above keeps the value within int64 for the floor.
+  const int64_t n = usable ? datetime::day_floor(date) : 0;
   // Inside the valid range the fast split equals ymd_from_days (the
   // calendar's whole-range sweep checks it).
   const datetime::ymd c = usable ? datetime::ymd_in_range(n) : datetime::ymd{0, 0, 0};
-  // The true weekday (1960-01-01 was a Friday), also before 1600.
-  const int64_t w = (n + 5) % 7;
   // One aggregate initialisation, each field written once: a zero fill of
   // the whole struct followed by the calendar fields cost a quarter of a
   // date value's time.
@@ -59,7 +52,7 @@ moment date_moment_of(double date) {
       .month = c.month,
       .day = c.day,
       .yday = usable ? datetime::day_of_year(c.year, c.month, c.day) : 0,
-      .wday = usable ? static_cast<int>(w < 0 ? w + 7 : w) : -1,
+      .wday = usable ? datetime::weekday(n) : -1,  // the true weekday, also before 1600
       .iso_year = 0,
       .iso_week = 0,
       .monday_week = 0,
@@ -75,14 +68,18 @@ moment date_moment_of(double date) {
 
 moment datetime_moment_of(double value, int32_t decimals, bool with_date) {
   const double r = round_to(value, decimals);
-  moment m = with_date ? date_moment_of(zdatprt(r)) : moment{};
-  const double h = zhour(r), mi = zminute(r), s = zsecond(r);
-  m.has_hour = !is_missing(h);
-  m.has_minute = !is_missing(mi);
-  m.has_second = !is_missing(s);
-  if (m.has_hour) m.hour = static_cast<int64_t>(h);
-  if (m.has_minute) m.minute = static_cast<int>(mi);
-  if (m.has_second) m.second = s;
+  // Rounding may carry a value just below the end of the range onto it: the
+  // day and the hour are then unknown, the minute and second still shown.
+  const bool in_range = datetime::datetime_in_range(r);
+  moment m = with_date ? date_moment_of(in_range ? static_cast<double>(datetime::day_of_datetime(r))
+                                                : missing_ordinary())
+                       : moment{};
+  const datetime::time_parts t = datetime::split_time(r);
+  m.has_hour = in_range;
+  m.has_minute = m.has_second = !is_missing(r) && std::isfinite(r);
+  if (m.has_hour) m.hour = static_cast<int64_t>(t.hour);
+  if (m.has_minute) m.minute = static_cast<int>(t.minute);
+  if (m.has_second) m.second = t.second;
   return m;
 }
 

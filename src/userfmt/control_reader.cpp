@@ -4,7 +4,6 @@
 #include "xfmt/xfmt.h"
 
 #include <sys/stat.h>  // fstat: the size and modification time that key the cache
-#include <time.h>      // clock_gettime: a file changed just now is not kept
 
 #include <algorithm>
 #include <atomic>
@@ -19,6 +18,7 @@
 #include <vector>
 
 #include "catalog/chain.hpp"
+#include "catalog/platform.hpp"  // the clock: a file changed just now is not kept
 #include "userfmt/control_reader.hpp"
 #include "userfmt/format_builder.hpp"
 #include "userfmt/xml_scanner.hpp"
@@ -408,9 +408,9 @@ int parsed_control_file(const char *path, parsed_ref *out) {
   // A file changed within the last two seconds is not kept: a rewrite of
   // the same size in the same clock tick would keep its time and look
   // unchanged.
-  struct timespec now {};
-  ::clock_gettime(CLOCK_REALTIME, &now);
-  const bool settled = st.st_mtim.tv_sec < now.tv_sec - 2;
+  // The system clock, not the one a test may pin: file times are real.
+  const int64_t now = xfmt::platform::system_clock().now().seconds;
+  const bool settled = st.st_mtim.tv_sec < now - 2;
   if (regular && settled && static_cast<std::size_t>(st.st_size) == bytes.size())
     remember_control(key, st, *out);
   return read_found;

@@ -25,6 +25,23 @@ inline bool holds(const xf_range_numeric *e, uint64_t key) {
   return true;
 }
 
+// The range entry mid (1-based) whose bounds hold key: it answers, unless
+// key is its excluded end, when the neighbour on that side may hold it.
+inline const xf_range_numeric *landed(const xf_range_numeric *e, const void *const *r, int64_t n,
+                                      int64_t mid, uint64_t key) {
+  if ((e->flags & XF_RANGE_START_EXCL) && key == load_key(e->start_key)) {
+    if (mid == 1) return nullptr;
+    const xf_range_numeric *p = num(r[mid - 2]);
+    return holds(p, key) ? p : nullptr;
+  }
+  if ((e->flags & XF_RANGE_END_EXCL) && key == load_key(e->end_key)) {
+    if (mid == n) return nullptr;
+    const xf_range_numeric *q = num(r[mid]);
+    return holds(q, key) ? q : nullptr;
+  }
+  return e;
+}
+
 enum class shape { mixed, values, ranges };
 
 // Bisection, 1-based as the tables are described. Two ranges may share a
@@ -54,17 +71,7 @@ const xf_range_numeric *bisect(const void *const *r, int64_t n, uint64_t key) {
       lo = mid + 1;
       continue;
     }
-    if ((e->flags & XF_RANGE_START_EXCL) && key == load_key(e->start_key)) {
-      if (mid == 1) return nullptr;
-      const xf_range_numeric *p = num(r[mid - 2]);
-      return holds(p, key) ? p : nullptr;
-    }
-    if ((e->flags & XF_RANGE_END_EXCL) && key == load_key(e->end_key)) {
-      if (mid == n) return nullptr;
-      const xf_range_numeric *q = num(r[mid]);
-      return holds(q, key) ? q : nullptr;
-    }
-    return e;
+    return landed(e, r, n, mid, key);
   }
   return nullptr;
 }
@@ -88,17 +95,7 @@ const xf_range_numeric *bisect_indexed(const bound_pair *ix, const void *const *
     }
     const xf_range_numeric *e = num(r[mid - 1]);
     if (e->entry_kind == XF_RANGE_NUMERIC_VALUE) return e;
-    if ((e->flags & XF_RANGE_START_EXCL) && key == load_key(e->start_key)) {
-      if (mid == 1) return nullptr;
-      const xf_range_numeric *p = num(r[mid - 2]);
-      return holds(p, key) ? p : nullptr;
-    }
-    if ((e->flags & XF_RANGE_END_EXCL) && key == load_key(e->end_key)) {
-      if (mid == n) return nullptr;
-      const xf_range_numeric *q = num(r[mid]);
-      return holds(q, key) ? q : nullptr;
-    }
-    return e;
+    return landed(e, r, n, mid, key);
   }
   return nullptr;
 }

@@ -1,7 +1,17 @@
-// Date, time and time-zone helpers against a fixed clock.
+// Date, time and time-zone helpers against a fixed clock and zone, the
+// environment read once, and the rule that only the platform funnel calls
+// the C library's clock, zone, environment, iconv and locale functions.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <sstream>
+#include <string>
+
 #include "catalog/platform.hpp"
+#include "support/frame.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {
@@ -60,6 +70,107 @@ TEST(system_clock_helpers, plausible_values) {
   hztz(&off);
   EXPECT_LE(off, 14 * 3600);
   EXPECT_GE(off, -15 * 3600);
+}
+
+// A zone pinned through the funnel reaches the zoned national formats
+// without touching TZ.
+TEST(pinned_zone, reaches_the_zoned_national_formats) {
+  constexpr int english_us = 53;
+  static const zone_snapshot est{18000, false, "EST"};
+  set_zone(&est);
+  EXPECT_EQ(process_zone().seconds_west, 18000);
+  xfmt::test::frame_box b = xfmt::test::frame_box::number(0, 32, 0);
+  b.f.option_word = english_us;
+  EXPECT_EQ(nldatmtz(&b.f), XF_OK);
+  set_zone(nullptr);
+  EXPECT_EQ(b.str(), "00:00:00 -0500");
+  EXPECT_NE(&process_zone(), &est);
+}
+
+// ZAV_LOCALE is taken once; reload_environment takes it again and moves
+// the generation on, and the record it names follows.
+TEST(environment, read_once_until_reloaded) {
+  const char *old = std::getenv("ZAV_LOCALE");
+  const std::string saved = old != nullptr ? old : "";
+  setenv("ZAV_LOCALE", "de_DE", 1);
+  reload_environment();
+  const uint32_t generation = environment().generation;
+  EXPECT_TRUE(environment().zav_locale_set);
+  EXPECT_STREQ(environment().zav_locale, "de_DE");
+  char name[160];
+  ASSERT_GT(getZAVLocDB(name, 160, 0, 0), 0);
+  EXPECT_STREQ(name, "German_Germany");
+  unsetenv("ZAV_LOCALE");
+  EXPECT_STREQ(environment().zav_locale, "de_DE");  // not seen yet
+  ASSERT_GT(getZAVLocDB(name, 160, 0, 0), 0);
+  EXPECT_STREQ(name, "German_Germany");
+  reload_environment();
+  EXPECT_EQ(environment().generation, generation + 1);
+  EXPECT_FALSE(environment().zav_locale_set);
+  ASSERT_GT(getZAVLocDB(name, 160, 0, 0), 0);
+  EXPECT_STREQ(name, "English_UnitedStates");
+  EXPECT_NE(environment().codeset[0], '\0');  // the C library always names one
+  if (old != nullptr) setenv("ZAV_LOCALE", saved.c_str(), 1);
+  reload_environment();
+}
+
+// The code of a C++ source with its comments and the contents of its string
+// and character literals blanked, newlines kept.
+std::string code_only(const std::string &t) {
+  std::string out(t.size(), ' ');
+  for (size_t i = 0; i < t.size();) {
+    if (t[i] == '\n') {
+      out[i++] = '\n';
+    } else if (t.compare(i, 2, "//") == 0) {
+      while (i < t.size() && t[i] != '\n') ++i;
+    } else if (t.compare(i, 2, "/*") == 0) {
+      const size_t end = t.find("*/", i + 2);
+      for (const size_t stop = end == std::string::npos ? t.size() : end + 2; i < stop; ++i)
+        if (t[i] == '\n') out[i] = '\n';
+    } else if (t.compare(i, 3, "R\"(") == 0) {
+      const size_t end = t.find(")\"", i + 3);
+      i = end == std::string::npos ? t.size() : end + 2;
+    } else if (t[i] == '"' || t[i] == '\'') {
+      const char quote = t[i++];
+      while (i < t.size() && t[i] != quote && t[i] != '\n') i += t[i] == '\\' ? 2u : 1u;
+      ++i;
+    } else {
+      out[i] = t[i];
+      ++i;
+    }
+  }
+  return out;
+}
+
+// Outside the funnel no source file calls the C library's clock, zone,
+// environment, iconv or locale functions.
+TEST(platform_funnel, only_the_funnel_calls_the_c_library) {
+  const std::regex call(
+      R"(\b(getenv|secure_getenv|tzset|localtime_r|localtime|gmtime_r|gmtime|mktime|time|clock_gettime|)"
+      R"(gettimeofday|iconv_open|iconv|iconv_close|nl_langinfo|newlocale|setlocale|uselocale|)"
+      R"(freelocale)\s*\()");
+  EXPECT_TRUE(std::regex_search(code_only("x = time(nullptr);"), call));
+  EXPECT_FALSE(std::regex_search(code_only("// time(nullptr)\nf(\"getenv(\"); local_time(x);"), call));
+  const std::filesystem::path src = std::filesystem::path(XFMT_SOURCE_DIR) / "src";
+  const std::filesystem::path funnel = src / "catalog" / "platform.cpp";
+  int files = 0;
+  for (const auto &e : std::filesystem::recursive_directory_iterator(src)) {
+    const std::string ext = e.path().extension().string();
+    if (!e.is_regular_file() || (ext != ".cpp" && ext != ".hpp" && ext != ".inc" && ext != ".h")) continue;
+    ++files;
+    if (e.path() == funnel) continue;
+    std::ifstream in(e.path());
+    std::stringstream text;
+    text << in.rdbuf();
+    std::istringstream lines(code_only(text.str()));
+    int number = 0;
+    for (std::string line; std::getline(lines, line);) {
+      ++number;
+      std::smatch m;
+      if (std::regex_search(line, m, call)) ADD_FAILURE() << e.path() << ":" << number << " calls " << m.str();
+    }
+  }
+  EXPECT_GT(files, 100);
 }
 
 TEST(process_helpers, vaterm_does_nothing_and_vacrash_exits_with_0) {

@@ -265,3 +265,77 @@ TEST(calendar_differential, ymd_against_oracle) {
 }
 
 }  // namespace
+
+namespace {
+
+// The typed calendar against the counting one over the whole range: the
+// weekday stepping from 1960-01-01 (a Friday), month lengths, the U and W
+// weeks by counting Sundays and Mondays, the ISO week by counting Mondays
+// from the Monday of week 1 (the one from 29 December to 4 January). Week
+// numbers of years divisible by 4000 and the ISO weeks next to them follow
+// the plain day count (one 29 February more), which counting cannot give;
+// their anchor is pinned below.
+TEST(calendar_sweep, typed_weeks_and_weekdays_against_counting) {
+  using namespace xfmt::datetime;
+  counter c{1582, 1, 1, 1};
+  int64_t sundays = 0, mondays = 0, iso_year = 0, iso_w = 0;
+  int32_t wd = weekday(date_min);  // checked against the step below from 1960 on
+  for (int64_t n = date_min; n <= date_max; ++n, c.next(), wd = (wd + 1) % 7) {
+    if (c.doy == 1) sundays = mondays = 0;
+    if (wd == 0) ++sundays;
+    if (wd == 1) {
+      ++mondays;
+      const bool first = (c.m == 12 && c.d >= 29) || (c.m == 1 && c.d <= 4);
+      if (first) iso_year = c.m == 12 ? c.y + 1 : c.y;
+      if (iso_year != 0) iso_w = first ? 1 : iso_w + 1;
+    }
+    if (n == 0 && wd != 5) FAIL() << "1960-01-01 is not a Friday";
+    const bool plain_count_differs = c.y % 4000 == 0 || (c.y % 4000 == 1 && c.doy <= 7) ||
+                                     (c.y % 4000 == 3999 && c.doy >= 358);
+    if (weekday(n) != wd || days_in_month(c.y, static_cast<int32_t>(c.m)) != c.month_len())
+      FAIL() << "weekday or month length on day " << n;
+    if (plain_count_differs) continue;
+    const week_date u = week_of(n, week_rule::sunday), w = week_of(n, week_rule::monday);
+    const week_date v = week_of(n, week_rule::iso);
+    const int32_t monday_based = wd == 0 ? 7 : wd;
+    if (u.year != c.y || u.week != sundays || u.weekday != wd + 1 || w.year != c.y || w.week != mondays ||
+        w.weekday != monday_based || (iso_year != 0 && (v.year != iso_year || v.week != iso_w)) ||
+        v.weekday != monday_based)
+      FAIL() << "weeks of " << c.y << "-" << c.m << "-" << c.d << ": U " << u.week << " W " << w.week
+             << " V " << v.year << "-" << v.week;
+  }
+}
+
+TEST(calendar_anchors, weeks_of_a_4000_year_count_its_plain_29_february) {
+  using namespace xfmt::datetime;
+  // 20000-01-01 is a Tuesday, so 20000-03-01 (a Friday, day 60) follows
+  // eight Mondays; the week rules count it as day 61 and give week 9.
+  const int64_t n = days_from_ymd(20000, 3, 1);
+  ASSERT_EQ(weekday(n), 5);
+  ASSERT_EQ(weekday(days_from_ymd(20000, 1, 1)), 2);
+  EXPECT_EQ(day_of_year(20000, 3, 1), 60);
+  EXPECT_EQ(day_of_year_plain(20000, 3, 1), 61);
+  EXPECT_EQ(week_of(n, week_rule::monday).week, 9);
+  EXPECT_EQ(week_of(n - 1, week_rule::monday).week, 8);  // 28 February
+}
+
+TEST(calendar_anchors, time_of_day_split) {
+  using xfmt::datetime::split_time;
+  const struct {
+    double v, h, m, s;
+  } cases[] = {{0, 0, 0, 0},           {90061.25, 1, 1, 1.25}, {86399.5, 23, 59, 59.5},
+               {-1, 23, 59, 59},       {-0.5, 23, 59, 59.5},   {-86400, 0, 0, 0},
+               {-90061, 22, 58, 59},   {172800 + 3600, 1, 0, 0}};
+  for (const auto &t : cases) {
+    const auto p = split_time(t.v);
+    EXPECT_EQ(p.hour, t.h) << t.v;
+    EXPECT_EQ(p.minute, t.m) << t.v;
+    EXPECT_EQ(p.second, t.s) << t.v;
+    EXPECT_EQ(zhour(t.v), t.h);
+  }
+  for (int64_t day : {xfmt::datetime::date_min, int64_t{-1}, int64_t{0}, int64_t{23196}, xfmt::datetime::date_max})
+    for (double s : {0.0, 0.5, 43200.0, 86399.999})
+      EXPECT_EQ(xfmt::datetime::day_of_datetime(static_cast<double>(day) * 86400 + s), day);
+}
+
+}  // namespace

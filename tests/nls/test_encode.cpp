@@ -11,6 +11,7 @@
 #include "oracle/nls_encode_oracle.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
+#include "catalog/platform.hpp"
 
 namespace {
 
@@ -33,8 +34,12 @@ struct codeset_scope {
   explicit codeset_scope(const char *name) {
     saved = std::setlocale(LC_ALL, nullptr);
     std::setlocale(LC_ALL, name);
+    xfmt::platform::reload_environment();  // the codeset is read once
   }
-  ~codeset_scope() { std::setlocale(LC_ALL, saved.c_str()); }
+  ~codeset_scope() {
+    std::setlocale(LC_ALL, saved.c_str());
+    xfmt::platform::reload_environment();
+  }
 };
 
 TEST(encode, ascii_fits_cut_and_capacity) {

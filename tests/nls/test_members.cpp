@@ -50,8 +50,12 @@ struct utf8_scope {
     const char *old = std::setlocale(LC_ALL, nullptr);
     saved = old ? old : "C";
     std::setlocale(LC_ALL, "C.UTF-8");
+    xfmt::platform::reload_environment();  // the codeset is read once
   }
-  ~utf8_scope() { std::setlocale(LC_ALL, saved.c_str()); }
+  ~utf8_scope() {
+    std::setlocale(LC_ALL, saved.c_str());
+    xfmt::platform::reload_environment();
+  }
 };
 
 constexpr double leap_day = 21974;        // 2020-02-29
@@ -297,15 +301,19 @@ TEST(nldate, process_locale_from_the_environment) {
   const char *old = std::getenv("ZAV_LOCALE");
   std::string saved = old ? old : "";
   unsetenv("ZAV_LOCALE");
+  xfmt::platform::reload_environment();  // ZAV_LOCALE is read once
   EXPECT_EQ(text(nldate, 0, 20, 0, 0), "January 1, 1960");
   setenv("ZAV_LOCALE", "de_DE.UTF-8", 1);
+  xfmt::platform::reload_environment();
   EXPECT_EQ(text(nldate, 0, 20, 0, 0), "1. Januar 1960");
   setenv("ZAV_LOCALE", "xx_XX", 1);
+  xfmt::platform::reload_environment();
   out o = nl(nldate, 0, 12, 0, 0);
   EXPECT_EQ(o.status, XF_E_OVERFLOW);
   EXPECT_EQ(o.buffer, "************");
   if (old) setenv("ZAV_LOCALE", saved.c_str(), 1);
   else unsetenv("ZAV_LOCALE");
+  xfmt::platform::reload_environment();
 }
 
 TEST(zkf, field_codes_and_ranges) {

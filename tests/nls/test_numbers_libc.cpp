@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "xfmt/xfmt.h"
+#include "catalog/platform.hpp"
 
 namespace {
 
@@ -147,6 +148,7 @@ void compare(const char *name, xf_routine routine, bool money, outcome &o) {
     if (loc == nullptr) continue;  // not on this machine
     ++o.locales;
     locale_t old = uselocale(loc);  // also the codeset of our output: UTF-8
+    xfmt::platform::reload_environment();             // which is read once
     const unsigned reasons = listed(name, code);
     unsigned needed = 0;
     auto check = [&](const std::string &a, const std::string &b, const std::string &what) {
@@ -175,6 +177,7 @@ void compare(const char *name, xf_routine routine, bool money, outcome &o) {
       o.needless.push_back(std::string(name) + " " + code + " reasons " +
                            std::to_string(reasons & ~needed));
     uselocale(old);
+    xfmt::platform::reload_environment();
     freelocale(loc);
   }
 }
@@ -202,11 +205,13 @@ TEST(numbers_libc, ties_round_away_from_zero) {
   locale_t loc = newlocale(LC_ALL_MASK, "en_US.UTF-8", nullptr);
   ASSERT_NE(loc, nullptr);
   locale_t old = uselocale(loc);
+  xfmt::platform::reload_environment();  // the codeset is read once
   EXPECT_EQ(ours(nlnum, 53, 0.125, 2), "0.13");
   EXPECT_EQ(theirs(false, loc, 0.125, 2), "0.12");
   EXPECT_EQ(ours(nlnum, 53, 1.005, 2), "1.01");
   EXPECT_EQ(theirs(false, loc, 1.005, 2), "1.00");
   uselocale(old);
+  xfmt::platform::reload_environment();
   freelocale(loc);
 }
 

@@ -14,6 +14,7 @@
 
 #include "catalog/missing.hpp"
 #include "support/frame.hpp"
+#include "catalog/platform.hpp"
 
 namespace {
 
@@ -130,8 +131,10 @@ TEST(sweep, every_routine_of_the_module_is_national) {
 TEST(sweep, every_member_every_third_locale_utf8_codeset) {
   const std::string saved = std::setlocale(LC_ALL, nullptr);
   std::setlocale(LC_ALL, "C.UTF-8");
+  xfmt::platform::reload_environment();  // the codeset is read once
   sweep_module(3, {kind::date, kind::datetime, kind::time, kind::name, kind::money, kind::number});
   std::setlocale(LC_ALL, saved.c_str());
+  xfmt::platform::reload_environment();
 }
 
 }  // namespace
