@@ -89,6 +89,39 @@ inline char *put_unsigned(char *p, uint64_t v) {
   return p + n;
 }
 
+// n blanks at p (0 <= n <= 64) in a few wide stores: no call into memset,
+// whose start-up cost dominates at these lengths.
+inline void put_blanks(char *p, int n) {
+  const uint64_t blanks = 0x2020202020202020ull;
+  if (n >= 8) {
+    // Straight-line stores (a loop here is turned back into a memset call);
+    // the last one, at n - 8, overlaps whatever the others left.
+    std::memcpy(p, &blanks, 8);
+    if (n > 16) {
+      std::memcpy(p + 8, &blanks, 8);
+      if (n > 24) std::memcpy(p + 16, &blanks, 8);
+      if (n > 32) {
+        std::memcpy(p + 24, &blanks, 8);
+        if (n > 40) std::memcpy(p + 32, &blanks, 8);
+        if (n > 48) std::memcpy(p + 40, &blanks, 8);
+        if (n > 56) std::memcpy(p + 48, &blanks, 8);
+      }
+    }
+    std::memcpy(p + n - 8, &blanks, 8);
+    return;
+  }
+  int i = 0;
+  if (n & 4) {
+    std::memcpy(p, &blanks, 4);
+    i = 4;
+  }
+  if (n & 2) {
+    std::memcpy(p + i, &blanks, 2);
+    i += 2;
+  }
+  if (n & 1) p[i] = ' ';
+}
+
 // Text appended to a buffer of `room` bytes. Bytes past the room are dropped
 // but counted: length() is what the text needs, written() what was stored.
 struct bounded_text {
