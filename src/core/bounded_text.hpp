@@ -70,8 +70,9 @@ inline void put4(char *out, T v) {
 }
 
 // Exactly count digits (0 <= count <= 20) ending just before end: the last
-// count digits of v, with leading zeros.
-inline void put_digits(char *end, uint64_t v, int count) {
+// count digits of v, with leading zeros. Returns what is left of v above
+// them (v / 10^count), which a caller splitting a number gets for free.
+inline uint64_t put_digits(char *end, uint64_t v, int count) {
   while (count >= 2) {
     const uint64_t q = v / 100;
     std::memcpy(end - 2, digit_pairs.c + 2 * (v - q * 100), 2);
@@ -79,7 +80,11 @@ inline void put_digits(char *end, uint64_t v, int count) {
     end -= 2;
     count -= 2;
   }
-  if (count == 1) end[-1] = static_cast<char>('0' + v % 10);
+  if (count == 1) {
+    end[-1] = static_cast<char>('0' + v % 10);
+    v /= 10;
+  }
+  return v;
 }
 
 // v with as many digits as it needs at p; returns the end.
