@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+#include "core/bounded_text.hpp"
+
 #include "xfmt/xfmt.h"
 
 namespace xfmt::text {
@@ -75,59 +77,55 @@ inline uint32_t bidi_encoded_size(bidi_form form, uint32_t cp) {
   return cp < 0x10000 ? 2 : 4;
 }
 
-// The output field: room bytes at out, filled from the left.
+// The output field: its bytes filled from the left, never past the room.
 struct bidi_sink {
-  uint8_t *out;
-  uint32_t room;
-  uint32_t used;
+  core::bounded_text field;
   bool utf16;  // UTF-16LE, else UTF-8
   bool full;   // a character did not fit: nothing more is written
 
   void put(uint32_t cp) {
     if (full) return;
-    uint8_t *o = out + used;
-    uint32_t left = room - used;
+    char u[4];
+    size_t k;
     if (utf16) {
       if (cp < 0x10000) {
-        if (left < 2) { full = true; return; }
-        o[0] = static_cast<uint8_t>(cp);
-        o[1] = static_cast<uint8_t>(cp >> 8);
-        used += 2;
+        u[0] = static_cast<char>(cp);
+        u[1] = static_cast<char>(cp >> 8);
+        k = 2;
       } else {
-        if (left < 4) { full = true; return; }
         uint32_t v = cp - 0x10000;
         uint32_t hi = 0xD800 + (v >> 10), lo = 0xDC00 + (v & 0x3FF);
-        o[0] = static_cast<uint8_t>(hi);
-        o[1] = static_cast<uint8_t>(hi >> 8);
-        o[2] = static_cast<uint8_t>(lo);
-        o[3] = static_cast<uint8_t>(lo >> 8);
-        used += 4;
+        u[0] = static_cast<char>(hi);
+        u[1] = static_cast<char>(hi >> 8);
+        u[2] = static_cast<char>(lo);
+        u[3] = static_cast<char>(lo >> 8);
+        k = 4;
       }
+    } else if (cp < 0x80) {
+      u[0] = static_cast<char>(cp);
+      k = 1;
+    } else if (cp < 0x800) {
+      u[0] = static_cast<char>(0xC0 | cp >> 6);
+      u[1] = static_cast<char>(0x80 | (cp & 0x3F));
+      k = 2;
+    } else if (cp < 0x10000) {
+      u[0] = static_cast<char>(0xE0 | cp >> 12);
+      u[1] = static_cast<char>(0x80 | (cp >> 6 & 0x3F));
+      u[2] = static_cast<char>(0x80 | (cp & 0x3F));
+      k = 3;
+    } else {
+      u[0] = static_cast<char>(0xF0 | cp >> 18);
+      u[1] = static_cast<char>(0x80 | (cp >> 12 & 0x3F));
+      u[2] = static_cast<char>(0x80 | (cp >> 6 & 0x3F));
+      u[3] = static_cast<char>(0x80 | (cp & 0x3F));
+      k = 4;
+    }
+    // A character goes in whole or ends the field.
+    if (k > field.left()) {
+      full = true;
       return;
     }
-    if (cp < 0x80) {
-      if (left < 1) { full = true; return; }
-      o[0] = static_cast<uint8_t>(cp);
-      used += 1;
-    } else if (cp < 0x800) {
-      if (left < 2) { full = true; return; }
-      o[0] = static_cast<uint8_t>(0xC0 | cp >> 6);
-      o[1] = static_cast<uint8_t>(0x80 | (cp & 0x3F));
-      used += 2;
-    } else if (cp < 0x10000) {
-      if (left < 3) { full = true; return; }
-      o[0] = static_cast<uint8_t>(0xE0 | cp >> 12);
-      o[1] = static_cast<uint8_t>(0x80 | (cp >> 6 & 0x3F));
-      o[2] = static_cast<uint8_t>(0x80 | (cp & 0x3F));
-      used += 3;
-    } else {
-      if (left < 4) { full = true; return; }
-      o[0] = static_cast<uint8_t>(0xF0 | cp >> 18);
-      o[1] = static_cast<uint8_t>(0x80 | (cp >> 12 & 0x3F));
-      o[2] = static_cast<uint8_t>(0x80 | (cp >> 6 & 0x3F));
-      o[3] = static_cast<uint8_t>(0x80 | (cp & 0x3F));
-      used += 4;
-    }
+    field.put(u, k);
   }
 };
 
