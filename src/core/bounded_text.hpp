@@ -183,21 +183,25 @@ struct bounded_text {
     put2(u % 100);
   }
 
-  // Exactly width digits (0..20): the last width digits of v. Leading zeros
-  // become fill (a blank, say), all but the last digit.
+  // Exactly width digits: the last width digits of v. Leading zeros become
+  // fill (a blank, say), all but the last digit.
   void put_unsigned(uint64_t v, int width, char fill = '0') {
-    const auto k = static_cast<size_t>(width);
-    if (n + k <= room) {
-      put_digits(p + n + k, v, width);
-      if (fill != '0')
-        for (size_t i = 0; i + 1 < k && p[n + i] == '0'; ++i) p[n + i] = fill;
-      n += k;
-      return;
+    if (width <= 0) return;
+    if (width > 20) {  // a 64-bit value has at most 20 digits: the rest lead
+      put_repeat(fill, static_cast<size_t>(width - 20));
+      width = 20;
     }
-    char d[20];
-    bounded_text t(d);
-    t.put_unsigned(v, width, fill);
-    put(d, k);
+    const auto k = static_cast<size_t>(width);
+    // In place when it fits (the usual case), else through a scratch copy.
+    char scratch[20];
+    char *d = k <= left() ? p + n : scratch;
+    put_digits(d + k, v, width);
+    if (fill != '0')
+      for (size_t i = 0; i + 1 < k && d[i] == '0'; ++i) d[i] = fill;
+    if (d == scratch)
+      put(scratch, k);
+    else
+      n += k;
   }
   // v with as many digits as it needs.
   void put_unsigned(uint64_t v) { put_unsigned(v, digit_count(v)); }

@@ -70,6 +70,23 @@ TEST(bounded_text, reports_what_it_kept) {
   t.clear();
   t.put_unsigned(12345, 2);  // the last digits only
   EXPECT_EQ(t.view(), "45");
+  t.clear();
+  t.put_unsigned(1, -3);
+  EXPECT_EQ(t.length(), 0u);
+}
+
+TEST(bounded_text, widths_past_twenty_digits_lead_with_the_fill) {
+  char buf[30];
+  bounded_text t(buf);
+  t.put_unsigned(1234, 24);
+  EXPECT_EQ(t.view(), std::string(20, '0') + "1234");
+  t.clear();
+  t.put_unsigned(1234, 24, ' ');
+  EXPECT_EQ(t.view(), std::string(20, ' ') + "1234");
+  t.clear();
+  t.put_decimal(3, 7, 25);
+  EXPECT_EQ(t.view(), "3." + std::string(24, '0') + "7");
+  EXPECT_EQ(t.length(), 27u);
 }
 
 TEST(bounded_text, digit_count_at_every_power_of_ten) {
