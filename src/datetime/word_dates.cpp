@@ -39,20 +39,21 @@ day_words words_of_day(int64_t n) {
 }
 
 // A year of the long layouts with all its digits (five from 10000 on), or
-// its last two.
+// its last two. The four-digit years, nearly all, skip the digit count.
 void put_year(xfmt::core::bounded_text &t, int64_t y, bool four) {
-  if (four)
-    t.put_unsigned(static_cast<uint64_t>(y));
-  else
+  if (!four)
     t.put2(y % 100);
+  else if (y >= 1000 && y <= 9999)
+    t.put4(y);
+  else
+    t.put_unsigned(static_cast<uint64_t>(y));
 }
 
-xf_status put_right(xf_frame *f, const xfmt::core::bounded_text &t) {
+xf_status put_right(xf_frame *f, const char *text, int32_t n) {
   const int32_t w = f->width;
-  const auto n = static_cast<int32_t>(t.length());
   char *out = xfmt::frame_out(f);
   std::memset(out, ' ', static_cast<size_t>(w - n));
-  std::memcpy(out + (w - n), t.p, static_cast<size_t>(n));
+  std::memcpy(out + (w - n), text, static_cast<size_t>(n));
   f->output_length = static_cast<uint32_t>(w);
   return XF_OK;
 }
@@ -62,68 +63,77 @@ enum class form { full, abbr4, abbr2, name, short_name };
 
 // WEEKDATE: "Tuesday, July 4, 2023", "Tue, Jul 4, 2023", "Tue, Jul 4, 23",
 // "Tuesday", "Tue".
-void weekdate_text(const day_words &d, form k, xfmt::core::bounded_text &t) {
+size_t weekdate_text(const day_words &d, form k, char (&text)[40]) {
+  xfmt::core::bounded_text t(text);
   const bool full = k == form::full;
   if (k == form::name) {
     t.put(weekdays[d.weekday]);
-    return;
+    return t.length();
   }
   t.put(full ? weekdays[d.weekday] : abbr_day[d.weekday]);
-  if (k == form::short_name) return;
+  if (k == form::short_name) return t.length();
   t.put(", ");
   t.put(full ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
   t.put_char(' ');
   t.put_unsigned(static_cast<uint64_t>(d.c.day));
   t.put(", ");
   put_year(t, d.c.year, k != form::abbr2);
+  return t.length();
 }
 
 // WEEKDATX: "Tuesday, 4 July 2023", "Tue, 4 Jul 2023", "Tue, 4 Jul 23",
 // "Tuesday", "Tue".
-void weekdatx_text(const day_words &d, form k, xfmt::core::bounded_text &t) {
+size_t weekdatx_text(const day_words &d, form k, char (&text)[40]) {
+  xfmt::core::bounded_text t(text);
   const bool full = k == form::full;
   if (k == form::name) {
     t.put(weekdays[d.weekday]);
-    return;
+    return t.length();
   }
   t.put(full ? weekdays[d.weekday] : abbr_day[d.weekday]);
-  if (k == form::short_name) return;
+  if (k == form::short_name) return t.length();
   t.put(", ");
   t.put_unsigned(static_cast<uint64_t>(d.c.day));
   t.put_char(' ');
   t.put(full ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
   t.put_char(' ');
   put_year(t, d.c.year, k != form::abbr2);
+  return t.length();
 }
 
 // WORDDATE: "July 4, 2023", "Jul 4, 2023", "Jul 4, 23", "July", "Jul".
-void worddate_text(const day_words &d, form k, xfmt::core::bounded_text &t) {
+size_t worddate_text(const day_words &d, form k, char (&text)[40]) {
+  xfmt::core::bounded_text t(text);
   const bool full = k == form::full;
   if (k == form::name || k == form::short_name) {
     t.put(k == form::name ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
-    return;
+    return t.length();
   }
   t.put(full ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
   t.put_char(' ');
   t.put_unsigned(static_cast<uint64_t>(d.c.day));
   t.put(", ");
   put_year(t, d.c.year, k != form::abbr2);
+  return t.length();
 }
 
 // WORDDATX: "4 July 2023", "4 Jul 2023", "4 Jul 23", "July", "Jul".
-void worddatx_text(const day_words &d, form k, xfmt::core::bounded_text &t) {
+size_t worddatx_text(const day_words &d, form k, char (&text)[40]) {
+  xfmt::core::bounded_text t(text);
   if (k == form::name || k == form::short_name) {
     t.put(k == form::name ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
-    return;
+    return t.length();
   }
   t.put_unsigned(static_cast<uint64_t>(d.c.day));
   t.put_char(' ');
   t.put(k == form::full ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
   t.put_char(' ');
   put_year(t, d.c.year, k != form::abbr2);
+  return t.length();
 }
 
-using text_of = void (*)(const day_words &, form, xfmt::core::bounded_text &);
+// A layout writes its text into 40 bytes and returns the length.
+using text_of = size_t (*)(const day_words &, form, char (&)[40]);
 
 // The first layout that fits; stars when not even the three-letter name
 // does (widths 1 and 2).
@@ -131,9 +141,8 @@ xf_status write_words(xf_frame *f, int64_t day, text_of layout) {
   const day_words d = words_of_day(day);
   for (form k : {form::full, form::abbr4, form::abbr2, form::name, form::short_name}) {
     char text[40];
-    xfmt::core::bounded_text t(text);
-    layout(d, k, t);
-    if (t.length() <= static_cast<size_t>(f->width)) return put_right(f, t);
+    const size_t n = layout(d, k, text);
+    if (n <= static_cast<size_t>(f->width)) return put_right(f, text, static_cast<int32_t>(n));
   }
   return too_narrow(f);
 }
