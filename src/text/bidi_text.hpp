@@ -85,47 +85,42 @@ struct bidi_sink {
 
   void put(uint32_t cp) {
     if (full) return;
-    char u[4];
-    size_t k;
-    if (utf16) {
-      if (cp < 0x10000) {
-        u[0] = static_cast<char>(cp);
-        u[1] = static_cast<char>(cp >> 8);
-        k = 2;
-      } else {
-        uint32_t v = cp - 0x10000;
-        uint32_t hi = 0xD800 + (v >> 10), lo = 0xDC00 + (v & 0x3FF);
-        u[0] = static_cast<char>(hi);
-        u[1] = static_cast<char>(hi >> 8);
-        u[2] = static_cast<char>(lo);
-        u[3] = static_cast<char>(lo >> 8);
-        k = 4;
-      }
-    } else if (cp < 0x80) {
-      u[0] = static_cast<char>(cp);
-      k = 1;
-    } else if (cp < 0x800) {
-      u[0] = static_cast<char>(0xC0 | cp >> 6);
-      u[1] = static_cast<char>(0x80 | (cp & 0x3F));
-      k = 2;
-    } else if (cp < 0x10000) {
-      u[0] = static_cast<char>(0xE0 | cp >> 12);
-      u[1] = static_cast<char>(0x80 | (cp >> 6 & 0x3F));
-      u[2] = static_cast<char>(0x80 | (cp & 0x3F));
-      k = 3;
-    } else {
-      u[0] = static_cast<char>(0xF0 | cp >> 18);
-      u[1] = static_cast<char>(0x80 | (cp >> 12 & 0x3F));
-      u[2] = static_cast<char>(0x80 | (cp >> 6 & 0x3F));
-      u[3] = static_cast<char>(0x80 | (cp & 0x3F));
-      k = 4;
-    }
+    const size_t k = utf16 ? (cp < 0x10000 ? 2 : 4) : cp < 0x80 ? 1 : cp < 0x800 ? 2 : cp < 0x10000 ? 3 : 4;
     // A character goes in whole or ends the field.
     if (k > field.left()) {
       full = true;
       return;
     }
-    field.put(u, k);
+    // Stored in place, then counted: byte stores, no copy of a short run.
+    uint8_t *o = reinterpret_cast<uint8_t *>(field.p) + field.length();
+    if (utf16) {
+      if (cp < 0x10000) {
+        o[0] = static_cast<uint8_t>(cp);
+        o[1] = static_cast<uint8_t>(cp >> 8);
+      } else {
+        uint32_t v = cp - 0x10000;
+        uint32_t hi = 0xD800 + (v >> 10), lo = 0xDC00 + (v & 0x3FF);
+        o[0] = static_cast<uint8_t>(hi);
+        o[1] = static_cast<uint8_t>(hi >> 8);
+        o[2] = static_cast<uint8_t>(lo);
+        o[3] = static_cast<uint8_t>(lo >> 8);
+      }
+    } else if (cp < 0x80) {
+      o[0] = static_cast<uint8_t>(cp);
+    } else if (cp < 0x800) {
+      o[0] = static_cast<uint8_t>(0xC0 | cp >> 6);
+      o[1] = static_cast<uint8_t>(0x80 | (cp & 0x3F));
+    } else if (cp < 0x10000) {
+      o[0] = static_cast<uint8_t>(0xE0 | cp >> 12);
+      o[1] = static_cast<uint8_t>(0x80 | (cp >> 6 & 0x3F));
+      o[2] = static_cast<uint8_t>(0x80 | (cp & 0x3F));
+    } else {
+      o[0] = static_cast<uint8_t>(0xF0 | cp >> 18);
+      o[1] = static_cast<uint8_t>(0x80 | (cp >> 12 & 0x3F));
+      o[2] = static_cast<uint8_t>(0x80 | (cp >> 6 & 0x3F));
+      o[3] = static_cast<uint8_t>(0x80 | (cp & 0x3F));
+    }
+    field.skip(k);
   }
 };
 
