@@ -11,9 +11,9 @@
 #include <cstring>
 
 #include "catalog/field.hpp"
-#include "core/bounded_text.hpp"
 #include "nls/locale_reader.hpp"
 #include "nls/nl_encode.hpp"
+#include "core/bounded_text.hpp"  // the candidates' text
 
 // Symbols: the currency's own sign where its country uses one, with a
 // country prefix (US$, CA$, NT$ ...) where several currencies share "$".
