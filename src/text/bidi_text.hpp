@@ -6,7 +6,6 @@
 #include <cstdint>
 
 #include "core/bounded_text.hpp"
-
 #include "xfmt/xfmt.h"
 
 namespace xfmt::text {
@@ -83,44 +82,54 @@ struct bidi_sink {
   bool utf16;  // UTF-16LE, else UTF-8
   bool full;   // a character did not fit: nothing more is written
 
+  // A character goes in whole or ends the field; stored in place with byte
+  // stores, then counted.
   void put(uint32_t cp) {
     if (full) return;
-    const size_t k = utf16 ? (cp < 0x10000 ? 2 : 4) : cp < 0x80 ? 1 : cp < 0x800 ? 2 : cp < 0x10000 ? 3 : 4;
-    // A character goes in whole or ends the field.
-    if (k > field.left()) {
-      full = true;
-      return;
-    }
-    // Stored in place, then counted: byte stores, no copy of a short run.
-    uint8_t *o = reinterpret_cast<uint8_t *>(field.p) + field.length();
+    // Only whole characters are counted, so the count never passes the room.
+    uint8_t *o = reinterpret_cast<uint8_t *>(field.p) + field.n;
+    const size_t left = field.room - field.n;
     if (utf16) {
       if (cp < 0x10000) {
+        if (left < 2) { full = true; return; }
         o[0] = static_cast<uint8_t>(cp);
         o[1] = static_cast<uint8_t>(cp >> 8);
+        field.skip(2);
       } else {
+        if (left < 4) { full = true; return; }
         uint32_t v = cp - 0x10000;
         uint32_t hi = 0xD800 + (v >> 10), lo = 0xDC00 + (v & 0x3FF);
         o[0] = static_cast<uint8_t>(hi);
         o[1] = static_cast<uint8_t>(hi >> 8);
         o[2] = static_cast<uint8_t>(lo);
         o[3] = static_cast<uint8_t>(lo >> 8);
+        field.skip(4);
       }
-    } else if (cp < 0x80) {
+      return;
+    }
+    if (cp < 0x80) {
+      if (left < 1) { full = true; return; }
       o[0] = static_cast<uint8_t>(cp);
+      field.skip(1);
     } else if (cp < 0x800) {
+      if (left < 2) { full = true; return; }
       o[0] = static_cast<uint8_t>(0xC0 | cp >> 6);
       o[1] = static_cast<uint8_t>(0x80 | (cp & 0x3F));
+      field.skip(2);
     } else if (cp < 0x10000) {
+      if (left < 3) { full = true; return; }
       o[0] = static_cast<uint8_t>(0xE0 | cp >> 12);
       o[1] = static_cast<uint8_t>(0x80 | (cp >> 6 & 0x3F));
       o[2] = static_cast<uint8_t>(0x80 | (cp & 0x3F));
+      field.skip(3);
     } else {
+      if (left < 4) { full = true; return; }
       o[0] = static_cast<uint8_t>(0xF0 | cp >> 18);
       o[1] = static_cast<uint8_t>(0x80 | (cp >> 12 & 0x3F));
       o[2] = static_cast<uint8_t>(0x80 | (cp >> 6 & 0x3F));
       o[3] = static_cast<uint8_t>(0x80 | (cp & 0x3F));
+      field.skip(4);
     }
-    field.skip(k);
   }
 };
 
