@@ -160,6 +160,7 @@ const std::vector<double> &datetimes() {
   return v;
 }
 
+void BM_datetime19_xffmt(benchmark::State &s) { through_xffmt(s, "DATETIME", 19, datetimes()); }
 void BM_dateampm21_direct(benchmark::State &s) { direct(s, zfmdtmm, 21, datetimes()); }
 void BM_dateampm21_strftime(benchmark::State &state) {
   const auto &values = datetimes();
@@ -196,5 +197,6 @@ BENCHMARK(BM_weekdate29_direct)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_weekdate29_strftime)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_worddate18_direct)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_worddate18_strftime)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_datetime19_xffmt)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_dateampm21_direct)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_dateampm21_strftime)->Unit(benchmark::kMillisecond);

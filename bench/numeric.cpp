@@ -92,6 +92,7 @@ void BM_F8_2_zfmt_direct(benchmark::State &state) {
   }
   state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(values.size()));
 }
+void BM_F12_2_xfmt(benchmark::State &s) { run_routine(s, "F", 12, 2); }
 void BM_BEST12_xfmt(benchmark::State &s) { run_routine(s, "BEST", 12, 0); }
 void BM_COMMA12_2_xfmt(benchmark::State &s) { run_routine(s, "COMMA", 12, 2); }
 void BM_DOLLAR12_2_xfmt(benchmark::State &s) { run_routine(s, "DOLLAR", 12, 2); }
@@ -201,6 +202,7 @@ BENCHMARK(BM_F8_2_xfmt)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_F8_2_zfmt_direct)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_F8_2_snprintf)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_F8_2_to_chars)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_F12_2_xfmt)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_BEST12_xfmt)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_BEST12_snprintf)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_COMMA12_2_xfmt)->Unit(benchmark::kMillisecond);

@@ -1,6 +1,8 @@
 // Output-field helpers shared by every conversion.
 #include "catalog/field.hpp"
 
+#include "core/bounded_text.hpp"
+
 namespace xfmt {
 
 xf_status write_missing(xf_frame *f, int32_t w, int32_t d) {
@@ -20,12 +22,7 @@ bool write_int_right(char *out, int width, int64_t value) {
   if (width <= 0) return false;
   bool neg = value < 0;
   uint64_t mag = neg ? 0 - static_cast<uint64_t>(value) : static_cast<uint64_t>(value);
-  char digits[24];
-  int n = 0;
-  do {
-    digits[n++] = static_cast<char>('0' + mag % 10);
-    mag /= 10;
-  } while (mag);
+  const int n = core::digit_count(mag);
   int need = n + (neg ? 1 : 0);
   if (need > width) {
     std::memset(out, '*', static_cast<size_t>(width));
@@ -35,7 +32,7 @@ bool write_int_right(char *out, int width, int64_t value) {
   std::memset(out, ' ', static_cast<size_t>(pad));
   char *p = out + pad;
   if (neg) *p++ = '-';
-  while (n) *p++ = digits[--n];
+  core::put_digits(p + n, mag, n);
   return true;
 }
 
@@ -45,12 +42,8 @@ bool write_int_zero(char *out, int width, int64_t value) {
     std::memset(out, '*', static_cast<size_t>(width));
     return false;
   }
-  uint64_t mag = static_cast<uint64_t>(value);
-  for (int i = width - 1; i >= 0; --i) {
-    out[i] = static_cast<char>('0' + mag % 10);
-    mag /= 10;
-  }
-  if (mag) {
+  // The last width digits; any left above them do not fit.
+  if (core::put_digits(out + width, static_cast<uint64_t>(value), width) != 0) {
     std::memset(out, '*', static_cast<size_t>(width));
     return false;
   }

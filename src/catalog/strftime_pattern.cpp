@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "catalog/written_format.hpp"
+#include "core/bounded_text.hpp"
 #include "datetime/calendar.hpp"
 
 namespace xfmt::catalog {
@@ -68,8 +69,10 @@ std::string_view trimmed(std::string_view s) {
 }
 
 void two_digits(std::string &out, int v, char pad) {
-  out += v < 10 ? pad : static_cast<char>('0' + v / 10);
-  out += static_cast<char>('0' + v % 10);
+  char d[2];
+  core::put2(d, v);
+  if (v < 10) d[0] = pad;
+  out.append(d, 2);
 }
 
 // What strftime writes in the C locale, for the directives the reader makes.
@@ -103,8 +106,9 @@ std::string render(std::string_view pattern, const moment &m) {
       case 'a': out += std::string_view(day_names[weekday_of(m)]).substr(0, 3); break;
       case 'j': {
         int d = day_of_year(m);
-        out += static_cast<char>('0' + d / 100);
-        two_digits(out, d % 100, '0');
+        char digits[3];
+        core::put_digits(digits + 3, static_cast<uint64_t>(d), 3);
+        out.append(digits, 3);
         break;
       }
       case '%': out += '%'; break;

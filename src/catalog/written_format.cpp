@@ -127,18 +127,6 @@ bool read_user_format(const pieces &p, void *context, xfx_spec &spec) {
 
 }  // namespace
 
-void text_sink::put_number(int64_t v) {
-  char digits[24];
-  int n = 0;
-  uint64_t u = v < 0 ? static_cast<uint64_t>(-(v + 1)) + 1 : static_cast<uint64_t>(v);
-  do {
-    digits[n++] = static_cast<char>('0' + u % 10);
-    u /= 10;
-  } while (u != 0);
-  if (v < 0) put('-');
-  while (n > 0) put(digits[--n]);
-}
-
 bool find_catalog_name(const char *name, uint32_t length, catalog_match &match) {
   match = catalog_match{};
   for (const fmtposs_row &p : fmtposs) {

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "core/bounded_text.hpp"
 #include "xfmt/xfx.h"
 
 namespace xfmt::catalog {
@@ -30,26 +31,32 @@ void fill_from_catalog(xfx_spec &spec, const catalog_match &match);
 // while counting the whole length, so callers can report truncation.
 class text_sink {
  public:
-  text_sink(char *out, size_t capacity) : out_(out), capacity_(capacity) { terminate(); }
-  void put(std::string_view s) {
-    for (char c : s) put(c);
-  }
-  void put(char c) {
-    if (out_ != nullptr && length_ + 1 < capacity_) out_[length_] = c;
-    ++length_;
+  text_sink(char *out, size_t capacity)
+      : text_(out, out != nullptr && capacity > 0 ? capacity - 1 : 0),
+        terminated_(out != nullptr && capacity > 0) {
     terminate();
   }
-  void put_number(int64_t v);
-  size_t length() const { return length_; }
+  void put(std::string_view s) {
+    text_.put(s);
+    terminate();
+  }
+  void put(char c) {
+    text_.put_char(c);
+    terminate();
+  }
+  void put_number(int64_t v) {
+    text_.put_signed(v);
+    terminate();
+  }
+  size_t length() const { return text_.length(); }
 
  private:
+  // The room leaves one byte for the terminator, so written() is in bounds.
   void terminate() {
-    if (out_ == nullptr || capacity_ == 0) return;
-    out_[length_ < capacity_ ? length_ : capacity_ - 1] = '\0';
+    if (terminated_) text_.p[text_.written()] = '\0';
   }
-  char *out_;
-  size_t capacity_;
-  size_t length_ = 0;
+  core::bounded_text text_;
+  bool terminated_;
 };
 
 }  // namespace xfmt::catalog

@@ -10,6 +10,7 @@
 #include <cstring>
 
 #include "catalog/missing.hpp"
+#include "core/bounded_text.hpp"
 #include "xfmt/xfmt.h"
 
 namespace xfmt::column {
@@ -17,44 +18,9 @@ namespace {
 
 __extension__ using u128 = unsigned __int128;
 
-constexpr uint64_t pow10_u64[10] = {1,      10,      100,      1000,      10000,
-                                    100000, 1000000, 10000000, 100000000, 1000000000};
 constexpr double pow10_exact[23] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                     1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 constexpr double rounding_nudge = 1.0000000000000002;  // as the routine: one ulp above 1
-
-// 10^0 .. 10^15: the number of entries a value reaches is its digit count
-// (0 for 0).
-constexpr uint64_t pow10_u64_16[16] = {1ull,
-                                       10ull,
-                                       100ull,
-                                       1000ull,
-                                       10000ull,
-                                       100000ull,
-                                       1000000ull,
-                                       10000000ull,
-                                       100000000ull,
-                                       1000000000ull,
-                                       10000000000ull,
-                                       100000000000ull,
-                                       1000000000000ull,
-                                       10000000000000ull,
-                                       100000000000000ull,
-                                       1000000000000000ull};
-
-// Writes the n lowest digits of v ending just before end, two at a time.
-void put_digits_back(char *end, uint64_t v, int n) {
-  static constexpr char pairs[] =
-      "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
-      "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
-      "8081828384858687888990919293949596979899";
-  for (; n >= 2; n -= 2) {
-    end -= 2;
-    std::memcpy(end, pairs + 2 * (v % 100), 2);
-    v /= 100;
-  }
-  if (n == 1) *--end = static_cast<char>('0' + v % 10);
-}
 
 }  // namespace
 
@@ -86,20 +52,15 @@ bool fixed_fast(double v, int32_t w, int32_t d, char *out) {
     int shift = 1075 - static_cast<int>(rb >> 52);  // r = mantissa / 2^shift
     if (shift <= 0 || shift >= 128) return false;
     u128 mantissa = (rb & ((uint64_t{1} << 52) - 1)) | (uint64_t{1} << 52);
-    u128 t = (mantissa * pow10_u64[d]) >> shift;
+    u128 t = (mantissa * core::powers_of_ten.v[d]) >> shift;
     if (static_cast<uint64_t>(t >> 64) != 0) return false;
     total = static_cast<uint64_t>(t);
   }
   // The d fraction digits come first (constant divisors compile to
   // multiplications); what is left is the integral part.
   char frac_digits[9];
-  uint64_t ip = total;
-  for (int k = d; k-- > 0;) {
-    frac_digits[k] = static_cast<char>('0' + ip % 10);
-    ip /= 10;
-  }
-  int n = 0;
-  while (n < 16 && ip >= pow10_u64_16[n]) ++n;
+  const uint64_t ip = core::put_digits(frac_digits + d, total, d);
+  const int n = ip == 0 ? 0 : core::digit_count(ip);
   if (n + d > 15 || n > iw) return false;
 
   // Layout: blanks, the sign against the digits, integral digits ending at
@@ -110,7 +71,7 @@ bool fixed_fast(double v, int32_t w, int32_t d, char *out) {
   if (n == 0) {
     if (iw > 0) base[--start] = '0';
   } else {
-    put_digits_back(base + iw, ip, n);
+    core::put_digits(base + iw, ip, n);
   }
   if (neg) out[(w - a) + start - 1] = '-';
   base[iw] = '.';

@@ -28,7 +28,7 @@ int64_t hour12(int64_t secs) {
 
 char *put_decimals(char *p, int64_t frac, int32_t dd) {
   *p++ = '.';
-  for (int32_t i = dd - 1; i >= 0; --i, frac /= 10) p[i] = static_cast<char>('0' + frac % 10);
+  xfmt::core::put_digits(p + dd, static_cast<uint64_t>(frac), dd);
   return p + dd;
 }
 
@@ -47,11 +47,7 @@ xf_status put_right(xf_frame *f, const char *text, int32_t len) {
 }
 
 // A number without leading zeros (1..12 hours and months).
-char *put_small(char *p, int64_t v) {
-  if (v >= 10) *p++ = static_cast<char>('0' + v / 10);
-  *p++ = static_cast<char>('0' + v % 10);
-  return p;
-}
+char *put_small(char *p, int64_t v) { return xfmt::core::put_unsigned(p, static_cast<uint64_t>(v)); }
 
 // One MDYAMPM text: "m/dd/yyyy" or "m/dd/yy", then when time_parts is 2 or
 // 3 " h:mm" or " h:mm:ss" with dd decimals, and the " AM"/" PM". The year
@@ -65,11 +61,9 @@ int32_t mdy_text(char *text, double v, int32_t time_parts, int32_t dd, bool year
   p += 2;
   *p++ = '/';
   if (year4 && c.year >= 10000) {
-    *p++ = static_cast<char>('0' + c.year / 10000);
-    put4(p, c.year % 10000);
-    p += 4;
+    p = xfmt::core::put_unsigned(p, static_cast<uint64_t>(c.year));
   } else if (year4) {
-    put4(p, c.year);
+    put_year4(p, c.year);
     p += 4;
   } else {
     put2(p, c.year % 100);
@@ -128,7 +122,7 @@ XF_ROUTINE(zfmdtmm, f) {
   const ymd c = ymd_from_days(t.day);
   put2(text, c.day);
   std::memcpy(text + 2, month_abbr[c.month - 1], 3);
-  if (date_len == 9) put4(text + 5, c.year);
+  if (date_len == 9) put_year4(text + 5, c.year);
   else put2(text + 5, c.year % 100);
   char *p = text + date_len;
   const int64_t fields[3] = {hour12(t.second), t.second % 3600 / 60, t.second % 60};

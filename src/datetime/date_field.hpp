@@ -1,11 +1,12 @@
-// The checks every date and time format runs before it writes, and two
-// small digit writers for the fixed fields of dates.
+// The checks every date and time format runs before it writes, and the
+// four-position year of the fixed fields of dates.
 #pragma once
 
 #include <cstdint>
 #include <cstring>
 
 #include "catalog/field.hpp"
+#include "core/bounded_text.hpp"
 #include "datetime/calendar.hpp"
 #include "xfmt/xfmt.h"
 
@@ -57,11 +58,6 @@ inline bool guard_value(xf_frame *f, int32_t kind, xf_status &status) {
   }
 }
 
-inline constexpr char digit_pairs[] =
-    "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
-    "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
-    "8081828384858687888990919293949596979899";
-
 // guard_value for a date format that goes on with the calendar day: reads
 // the value once and splits it on the common path.
 inline bool guard_date(xf_frame *f, xf_status &status, ymd &day) {
@@ -75,27 +71,18 @@ inline bool guard_date(xf_frame *f, xf_status &status, ymd &day) {
   return false;
 }
 
-// Two digits with a leading zero: 0..99.
-// Number of decimal digits of v (at least 1).
-inline int32_t digit_count(uint64_t v) {
-  int32_t n = 1;
-  while (v >= 100) {
-    v /= 100;
-    n += 2;
-  }
-  return v >= 10 ? n + 1 : n;
-}
+// Digits come from the core writer: put2 for 0..99, digit_count.
+using core::digit_count;
+using core::put2;
 
-inline void put2(char *out, int64_t v) { std::memcpy(out, digit_pairs + 2 * v, 2); }
-
-// Four digits with leading zeros: 0..9999; "****" beyond.
-inline void put4(char *out, int64_t v) {
+// A year in four positions with leading zeros: 0..9999; "****" for one of
+// five digits (or a negative one), which no four positions can show.
+inline void put_year4(char *out, int64_t v) {
   if (v > 9999 || v < 0) {
-    out[0] = out[1] = out[2] = out[3] = '*';
+    std::memcpy(out, "****", 4);
     return;
   }
-  put2(out, v / 100);
-  put2(out + 2, v % 100);
+  core::put4(out, v);
 }
 
 // The DATE layout of a calendar day at the frame's width (usable, already

@@ -26,7 +26,7 @@ const char *const roman[5] = {"", "I", "II", "III", "IV"};
 void monyy_text(char *out, int32_t n, const ymd &c) {
   std::memcpy(out, month_abbr[c.month - 1], 3);
   if (n == 5) put2(out + 3, c.year % 100);
-  else put4(out + 3, c.year);  // years here are 1582..20000: never a blank
+  else put_year4(out + 3, c.year);  // years here are 1582..20000: never a blank
 }
 
 xf_status finish(xf_frame *f) {
@@ -54,7 +54,7 @@ xf_status write_date_layout(xf_frame *f, const ymd &c) {
   if (f->width == 9) {  // the layout hosts use most, straight into the field
     put2(out, c.day);
     std::memcpy(out + 2, month_abbr[c.month - 1], 3);
-    put4(out + 5, c.year);
+    put_year4(out + 5, c.year);
     return finish(f);
   }
   if (f->width < 2) return too_narrow(f);
@@ -64,7 +64,7 @@ xf_status write_date_layout(xf_frame *f, const ymd &c) {
     p[2] = '-';
     std::memcpy(p + 3, month_abbr[c.month - 1], 3);
     p[6] = '-';
-    put4(p + 7, c.year);
+    put_year4(p + 7, c.year);
     return finish(f);
   }
   int32_t n = f->width;

@@ -52,7 +52,7 @@ XF_ROUTINE(zfmdttm, f) {
   const ymd c = ymd_from_days(day);
   put2(text, c.day);
   std::memcpy(text + 2, month_abbr[c.month - 1], 3);
-  if (date_len == 9) put4(text + 5, c.year);
+  if (date_len == 9) put_year4(text + 5, c.year);
   else put2(text + 5, c.year % 100);
   int32_t len = date_len;
   const int64_t fields[3] = {secs / 3600, secs % 3600 / 60, secs % 60};
@@ -63,8 +63,7 @@ XF_ROUTINE(zfmdttm, f) {
   }
   if (dd > 0) {
     text[len++] = '.';
-    int64_t rest = frac;
-    for (int32_t i = dd - 1; i >= 0; --i, rest /= 10) text[len + i] = static_cast<char>('0' + rest % 10);
+    xfmt::core::put_digits(text + len + dd, static_cast<uint64_t>(frac), dd);
     len += dd;
   }
   char *out = xfmt::frame_out(f);

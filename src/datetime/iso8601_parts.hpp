@@ -13,7 +13,7 @@ namespace xfmt::datetime {
 // yyyy-mm-dd or yyyymmdd at out; returns the length. Years past 9999 show "****".
 inline int32_t put_date(char *out, int64_t day, bool extended) {
   const ymd c = ymd_in_range(day);
-  put4(out, c.year);
+  put_year4(out, c.year);
   char *p = out + 4;
   if (extended) *p++ = '-';
   put2(p, c.month);
@@ -45,7 +45,7 @@ inline int32_t put_time(char *out, double s, bool extended, int32_t decimals, bo
     auto micro = static_cast<int64_t>(frac * 1e6 + 0.5);
     if (micro > 999999) micro = 999999;
     char digits[6];
-    for (int32_t i = 5; i >= 0; --i, micro /= 10) digits[i] = static_cast<char>('0' + micro % 10);
+    core::put_digits(digits + 6, static_cast<uint64_t>(micro), 6);
     *p++ = '.';
     std::memcpy(p, digits, static_cast<size_t>(decimals));
     p += decimals;

@@ -99,27 +99,15 @@ struct style {
   bool three_fraction_digits;
 };
 
-// Text assembled in a local buffer; an element writes at most 40 bytes.
-struct text_buffer {
-  char b[96];
-  int32_t n = 0;
-  void put(char c) { b[n++] = c; }
-  void put_fixed(int32_t v, int digits) {
-    for (int i = digits - 1; i >= 0; --i, v /= 10) b[n + i] = static_cast<char>('0' + v % 10);
-    n += digits;
-  }
-  void put_number(int32_t v) { put_fixed(v, digit_count(static_cast<uint64_t>(v))); }
-};
-
 // ".25" (significant digits), ".250" (three), or d digits when d is 1..3;
 // cut, never rounded up into the next second.
-void put_fraction(text_buffer &t, const element &e, bool three, int32_t d) {
+void put_fraction(xfmt::core::bounded_text &t, const element &e, bool three, int32_t d) {
   if (d >= 1 && d <= 3) {
     const int32_t tenths = e.fraction < 0 ? 0 : e.fraction * 5;  // 1/10000 s
     int32_t v = tenths;
     for (int i = 4; i > d; --i) v /= 10;
-    t.put('.');
-    t.put_fixed(v, d);
+    t.put_char('.');
+    t.put_unsigned(static_cast<uint64_t>(v), d);
     return;
   }
   if (e.fraction < 0) return;
@@ -131,51 +119,51 @@ void put_fraction(text_buffer &t, const element &e, bool three, int32_t d) {
     if (v == 0) return;
     while (v % 10 == 0) v /= 10, --digits;
   }
-  t.put('.');
-  t.put_fixed(v, digits);
+  t.put_char('.');
+  t.put_unsigned(static_cast<uint64_t>(v), digits);
 }
 
 // PnYnMnDTnHnMnS with the left-out components dropped (and "T" with the
 // clock's when none is left). False when nothing at all is given.
-bool put_designators(text_buffer &t, const element &e, int32_t d) {
+bool put_designators(xfmt::core::bounded_text &t, const element &e, int32_t d) {
   static const char letters[component_count] = {'Y', 'M', 'D', 'H', 'M', 'S'};
-  const int32_t start = t.n;
-  t.put('P');
+  const size_t start = t.length();
+  t.put_char('P');
   for (int c = year; c <= second; ++c) {
-    if (c == hour && (e.present[hour] || e.present[minute] || e.present[second])) t.put('T');
+    if (c == hour && (e.present[hour] || e.present[minute] || e.present[second])) t.put_char('T');
     if (!e.present[c]) continue;
-    t.put_number(e.value[c]);
+    t.put_unsigned(static_cast<uint64_t>(e.value[c]));
     if (c == second) put_fraction(t, e, false, d);
-    t.put(letters[c]);
+    t.put_char(letters[c]);
   }
-  return t.n > start + 1;
+  return t.length() > start + 1;
 }
 
 // yyyy-mm-ddThh:mm:ss (extended) or yyyymmddThhmmss (basic); a left-out
 // component is one "-" or an "x" for each digit.
-void put_calendar(text_buffer &t, const element &e, bool extended, left_out lo, bool three, int32_t d) {
+void put_calendar(xfmt::core::bounded_text &t, const element &e, bool extended, left_out lo, bool three, int32_t d) {
   static const int digits[component_count] = {4, 2, 2, 2, 2, 2};
   for (int c = year; c <= second; ++c) {
-    if (c == hour) t.put('T');
-    else if (c != year && extended) t.put(c < hour ? '-' : ':');
+    if (c == hour) t.put_char('T');
+    else if (c != year && extended) t.put_char(c < hour ? '-' : ':');
     if (e.present[c]) {
-      t.put_fixed(e.value[c], digits[c]);
+      t.put_unsigned(static_cast<uint64_t>(e.value[c]), digits[c]);
       if (c == second) put_fraction(t, e, three, d);
     } else if (lo == left_out::x) {
-      for (int i = 0; i < digits[c]; ++i) t.put('x');
+      t.put_repeat('x', static_cast<size_t>(digits[c]));
     } else {
-      t.put('-');
+      t.put_char('-');
     }
   }
 }
 
-bool put_element(text_buffer &t, const element &e, const style &s, int32_t d) {
+bool put_element(xfmt::core::bounded_text &t, const element &e, const style &s, int32_t d) {
   if (e.datetime) {
     put_calendar(t, e, s.extended_datetime, s.datetime_left_out, s.three_fraction_digits, d);
     return true;
   }
   if (s.duration == notation::designators) return put_designators(t, e, d);
-  t.put('P');
+  t.put_char('P');
   put_calendar(t, e, s.duration == notation::alternative_extended, s.duration_left_out, s.three_fraction_digits,
                d);
   return true;
@@ -211,16 +199,18 @@ xf_status n8601(xf_frame *f, const style &s) {
   const bool interval = len >= 16 && !no_element(p + 8);
   if (interval && (!decode(p + 8, second_part) || (!first.datetime && !second_part.datetime)))
     return xfmt::fail_stars(f, w, XF_E_DATE_RANGE);
-  text_buffer t;
+  char text[96];  // an element writes at most 40 bytes
+  xfmt::core::bounded_text t(text);
   if (!put_element(t, first, s, f->decimals)) return xfmt::fail_stars(f, w, XF_E_DATE_RANGE);
   if (interval) {
-    t.put('/');
+    t.put_char('/');
     if (!put_element(t, second_part, s, f->decimals)) return xfmt::fail_stars(f, w, XF_E_DATE_RANGE);
   }
-  if (t.n > w) return xfmt::fail_stars(f, w, XF_E_OVERFLOW);
+  const size_t n = t.length();
+  if (n > static_cast<size_t>(w)) return xfmt::fail_stars(f, w, XF_E_OVERFLOW);
   char *out = xfmt::frame_out(f);
-  std::memcpy(out, t.b, static_cast<size_t>(t.n));
-  std::memset(out + t.n, ' ', static_cast<size_t>(w - t.n));
+  std::memcpy(out, text, n);
+  std::memset(out + n, ' ', static_cast<size_t>(w) - n);
   f->output_length = static_cast<uint32_t>(w);
   return XF_OK;
 }

@@ -28,11 +28,10 @@ XF_ROUTINE(zfmmingo, f) {
   // The guard let the day through, so it is whole days within the calendar.
   if (value_of(f) < static_cast<double>(minguo_first_day)) return xfmt::fail_stars(f, w, XF_OK);
   const int64_t year = c.year - 1911;
-  char digits[8];
+  char digits[20];  // room for any count digit_count gives
   int32_t n = digit_count(static_cast<uint64_t>(year));
   if (w == 10 && n < 4) n = 4;  // "0112/07/04": four year digits at width 10
-  for (int32_t i = n - 1, y = static_cast<int32_t>(year); i >= 0; --i, y /= 10)
-    digits[i] = static_cast<char>('0' + y % 10);
+  xfmt::core::put_digits(digits + n, static_cast<uint64_t>(year), n);
   const bool slashes = n + 6 <= w;
   const int32_t used = n + (slashes ? 6 : 4);
   // Narrower than the digits themselves: nothing would be whole.

@@ -63,7 +63,7 @@ XF_ROUTINE(zfmymon, f) {
   char *out = frame_out(f);
   std::memset(out, ' ', static_cast<size_t>(w - len));
   char *p = out + (w - len);
-  if (len == 7) put4(p, c.year);
+  if (len == 7) put_year4(p, c.year);
   else put2(p, c.year % 100);
   std::memcpy(p + len - 3, datestgs[12 + c.month - 1], 3);
   f->output_length = static_cast<uint32_t>(w);

@@ -23,7 +23,7 @@ enum class order { dmy, mdy, ymd };
 // two with a leading zero.
 int32_t put_field(char *area, int32_t pos, int32_t v) {
   if (v > 99) {
-    if (v <= 9999) put4(area + pos - 4, v);
+    if (v <= 9999) put_year4(area + pos - 4, v);
     else write_int_right(area + pos - 4, 4, v);  // "****"
     return pos - 4;
   }
@@ -44,7 +44,7 @@ bool full_layout(char *out, int32_t w, char sep, order o, const ymd &c) {
   const int32_t yl = century ? 4 : 2, s = sep != '\0' ? 1 : 0;
   char *p = out;
   auto year = [&] {
-    if (century) put4(p, c.year);
+    if (century) put_year4(p, c.year);
     else put2(p, c.year % 100);
     p += yl;
   };
@@ -295,7 +295,7 @@ XF_ROUTINE(zfmyyqz, f) {
   char *out = frame_out(f);
   if (w > n) std::memset(out, ' ', static_cast<size_t>(w - n));
   char *p = out + (w - n);
-  if (n == 6) put4(p, c.year);
+  if (n == 6) put_year4(p, c.year);
   else put2(p, c.year % 100);
   put2(p + n - 2, (c.month - 1) / 3 + 1);
   f->output_length = static_cast<uint32_t>(w);

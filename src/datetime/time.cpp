@@ -16,18 +16,6 @@ namespace {
 
 constexpr double two_pow_53 = 9007199254740992.0;
 
-// The n decimal digits of v, ending at out + n; two at a time from the pair table.
-void put_digits(char *out, uint64_t v, int32_t n) {
-  char *p = out + n;
-  while (v >= 100) {
-    p -= 2;
-    put2(p, static_cast<int64_t>(v % 100));
-    v /= 100;
-  }
-  if (v >= 10) put2(p - 2, static_cast<int64_t>(v));
-  else p[-1] = static_cast<char>('0' + v);
-}
-
 double pow10_int(int32_t k) {
   double c = 1;
   while (k-- > 0) c *= 10;
@@ -185,10 +173,10 @@ XF_ROUTINE(zfmtime, f) {
   if (hours < 100 && p - out >= 2) {
     // Two digits, the first blanked again for hours below 10 (no branch
     // on the hour's length, which alternates from value to value).
-    p[-1] = digit_pairs[2 * hours + 1];
-    p[-2] = hours < 10 ? ' ' : digit_pairs[2 * hours];
+    p[-1] = xfmt::core::digit_pairs.c[2 * hours + 1];
+    p[-2] = hours < 10 ? ' ' : xfmt::core::digit_pairs.c[2 * hours];
   } else {
-    put_digits(p - lh, hours, lh);
+    xfmt::core::put_digits(p, hours, lh);
   }
   p -= lh;
   if (neg) p[-1] = '-';

@@ -63,8 +63,8 @@ xf_status two_parts(xf_frame *f, double seconds_per_small) {
   char *p = out + w;
   if (w >= head + 3) {
     if (dd > 0) {
-      uint64_t frac = small % scale;
-      for (int32_t i = 0; i < dd; ++i, frac /= 10) *--p = static_cast<char>('0' + frac % 10);
+      xfmt::core::put_digits(p, small % scale, dd);
+      p -= dd;
       *--p = '.';
     }
     p -= 2;
@@ -74,10 +74,9 @@ xf_status two_parts(xf_frame *f, double seconds_per_small) {
     big = static_cast<uint64_t>(total / 60);  // the larger part alone: cut
     if (digit_count(big) > lb) return xfmt::fail_stars(f, w, XF_OK);
   }
-  do {
-    *--p = static_cast<char>('0' + big % 10);
-    big /= 10;
-  } while (big != 0);
+  const int32_t big_digits = digit_count(big);
+  xfmt::core::put_digits(p, big, big_digits);
+  p -= big_digits;
   if (neg) *--p = '-';
   f->output_length = static_cast<uint32_t>(w);
   return XF_OK;

@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "core/bounded_text.hpp"
 #include "datetime/calendar.hpp"
 
 using namespace xfmt::datetime;
@@ -85,19 +86,12 @@ XF_API int32_t get_yywwdd(const char *rule, int32_t ignored, double *year, doubl
 }
 
 XF_API int32_t i2s(int64_t value, char *out, int32_t digits, char fill) {
-  uint64_t mag = value < 0 ? 0 - static_cast<uint64_t>(value) : static_cast<uint64_t>(value);
-  if (fill == '\0') {
-    digits = 1;
-    for (uint64_t m = mag / 10; m != 0; m /= 10) ++digits;
-  }
+  const uint64_t mag = value < 0 ? 0 - static_cast<uint64_t>(value) : static_cast<uint64_t>(value);
+  if (fill == '\0') digits = xfmt::core::digit_count(mag);
   if (digits <= 0) return 0;
   if (digits > 20) digits = 20;
-  for (int32_t i = digits - 1; i >= 0; --i) {
-    out[i] = static_cast<char>('0' + mag % 10);
-    mag /= 10;
-  }
-  if (fill != '0' && fill != '\0')
-    for (int32_t i = 0; i < digits - 1 && out[i] == '0'; ++i) out[i] = fill;
+  xfmt::core::bounded_text t(out, static_cast<size_t>(digits));
+  t.put_unsigned(mag, digits, fill == '\0' ? '0' : fill);
   return digits;
 }
 

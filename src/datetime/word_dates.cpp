@@ -38,40 +38,22 @@ day_words words_of_day(int64_t n) {
   return {ymd_in_range(n), static_cast<int32_t>(n + 5 - floor_div(n + 5, 7) * 7)};
 }
 
-// A text of at most 40 bytes built left to right.
-struct text_buf {
-  char b[40];
-  int32_t n = 0;
-  void add(const char *s, size_t len) {
-    std::memcpy(b + n, s, len);
-    n += static_cast<int32_t>(len);
-  }
-  void add(const char *s) { add(s, std::strlen(s)); }
-  void add(char ch) { b[n++] = ch; }
-  // A number without leading zeros: 0..99999 (days and years).
-  void number(int64_t v) {
-    char tmp[8];
-    int32_t k = 0;
-    do {
-      tmp[k++] = static_cast<char>('0' + v % 10);
-      v /= 10;
-    } while (v > 0);
-    while (k > 0) b[n++] = tmp[--k];
-  }
-  void year(int64_t y, bool four) {
-    if (four) number(y);
-    else {
-      put2(b + n, y % 100);
-      n += 2;
-    }
-  }
-};
+// A year of the long layouts with all its digits (five from 10000 on), or
+// its last two. The four-digit years, nearly all, skip the digit count.
+void put_year(xfmt::core::bounded_text &t, int64_t y, bool four) {
+  if (!four)
+    t.put2(y % 100);
+  else if (y >= 1000 && y <= 9999)
+    t.put4(y);
+  else
+    t.put_unsigned(static_cast<uint64_t>(y));
+}
 
-xf_status put_right(xf_frame *f, const text_buf &t) {
+xf_status put_right(xf_frame *f, const char *text, int32_t n) {
   const int32_t w = f->width;
   char *out = xfmt::frame_out(f);
-  std::memset(out, ' ', static_cast<size_t>(w - t.n));
-  std::memcpy(out + (w - t.n), t.b, static_cast<size_t>(t.n));
+  std::memset(out, ' ', static_cast<size_t>(w - n));
+  std::memcpy(out + (w - n), text, static_cast<size_t>(n));
   f->output_length = static_cast<uint32_t>(w);
   return XF_OK;
 }
@@ -81,84 +63,86 @@ enum class form { full, abbr4, abbr2, name, short_name };
 
 // WEEKDATE: "Tuesday, July 4, 2023", "Tue, Jul 4, 2023", "Tue, Jul 4, 23",
 // "Tuesday", "Tue".
-text_buf weekdate_text(const day_words &d, form k) {
-  text_buf t;
+size_t weekdate_text(const day_words &d, form k, char (&text)[40]) {
+  xfmt::core::bounded_text t(text);
   const bool full = k == form::full;
   if (k == form::name) {
-    t.add(weekdays[d.weekday]);
-    return t;
+    t.put(weekdays[d.weekday]);
+    return t.length();
   }
-  t.add(full ? weekdays[d.weekday] : abbr_day[d.weekday]);
-  if (k == form::short_name) return t;
-  t.add(", ");
-  t.add(full ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
-  t.add(' ');
-  t.number(d.c.day);
-  t.add(", ");
-  t.year(d.c.year, k != form::abbr2);
-  return t;
+  t.put(full ? weekdays[d.weekday] : abbr_day[d.weekday]);
+  if (k == form::short_name) return t.length();
+  t.put(", ");
+  t.put(full ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
+  t.put_char(' ');
+  t.put_unsigned(static_cast<uint64_t>(d.c.day));
+  t.put(", ");
+  put_year(t, d.c.year, k != form::abbr2);
+  return t.length();
 }
 
 // WEEKDATX: "Tuesday, 4 July 2023", "Tue, 4 Jul 2023", "Tue, 4 Jul 23",
 // "Tuesday", "Tue".
-text_buf weekdatx_text(const day_words &d, form k) {
-  text_buf t;
+size_t weekdatx_text(const day_words &d, form k, char (&text)[40]) {
+  xfmt::core::bounded_text t(text);
   const bool full = k == form::full;
   if (k == form::name) {
-    t.add(weekdays[d.weekday]);
-    return t;
+    t.put(weekdays[d.weekday]);
+    return t.length();
   }
-  t.add(full ? weekdays[d.weekday] : abbr_day[d.weekday]);
-  if (k == form::short_name) return t;
-  t.add(", ");
-  t.number(d.c.day);
-  t.add(' ');
-  t.add(full ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
-  t.add(' ');
-  t.year(d.c.year, k != form::abbr2);
-  return t;
+  t.put(full ? weekdays[d.weekday] : abbr_day[d.weekday]);
+  if (k == form::short_name) return t.length();
+  t.put(", ");
+  t.put_unsigned(static_cast<uint64_t>(d.c.day));
+  t.put_char(' ');
+  t.put(full ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
+  t.put_char(' ');
+  put_year(t, d.c.year, k != form::abbr2);
+  return t.length();
 }
 
 // WORDDATE: "July 4, 2023", "Jul 4, 2023", "Jul 4, 23", "July", "Jul".
-text_buf worddate_text(const day_words &d, form k) {
-  text_buf t;
+size_t worddate_text(const day_words &d, form k, char (&text)[40]) {
+  xfmt::core::bounded_text t(text);
   const bool full = k == form::full;
   if (k == form::name || k == form::short_name) {
-    t.add(k == form::name ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
-    return t;
+    t.put(k == form::name ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
+    return t.length();
   }
-  t.add(full ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
-  t.add(' ');
-  t.number(d.c.day);
-  t.add(", ");
-  t.year(d.c.year, k != form::abbr2);
-  return t;
+  t.put(full ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
+  t.put_char(' ');
+  t.put_unsigned(static_cast<uint64_t>(d.c.day));
+  t.put(", ");
+  put_year(t, d.c.year, k != form::abbr2);
+  return t.length();
 }
 
 // WORDDATX: "4 July 2023", "4 Jul 2023", "4 Jul 23", "July", "Jul".
-text_buf worddatx_text(const day_words &d, form k) {
-  text_buf t;
+size_t worddatx_text(const day_words &d, form k, char (&text)[40]) {
+  xfmt::core::bounded_text t(text);
   if (k == form::name || k == form::short_name) {
-    t.add(k == form::name ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
-    return t;
+    t.put(k == form::name ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
+    return t.length();
   }
-  t.number(d.c.day);
-  t.add(' ');
-  t.add(k == form::full ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
-  t.add(' ');
-  t.year(d.c.year, k != form::abbr2);
-  return t;
+  t.put_unsigned(static_cast<uint64_t>(d.c.day));
+  t.put_char(' ');
+  t.put(k == form::full ? months[d.c.month - 1] : abbr_month[d.c.month - 1]);
+  t.put_char(' ');
+  put_year(t, d.c.year, k != form::abbr2);
+  return t.length();
 }
 
-using text_of = text_buf (*)(const day_words &, form);
+// A layout writes its text into 40 bytes and returns the length.
+using text_of = size_t (*)(const day_words &, form, char (&)[40]);
 
 // The first layout that fits; stars when not even the three-letter name
 // does (widths 1 and 2).
 xf_status write_words(xf_frame *f, int64_t day, text_of layout) {
   const day_words d = words_of_day(day);
   for (form k : {form::full, form::abbr4, form::abbr2, form::name, form::short_name}) {
-    const text_buf t = layout(d, k);
-    if (t.n <= f->width) return put_right(f, t);
+    char text[40];
+    const size_t n = layout(d, k, text);
+    if (n <= static_cast<size_t>(f->width)) return put_right(f, text, static_cast<int32_t>(n));
   }
   return too_narrow(f);
 }

@@ -13,6 +13,7 @@
 #include "catalog/field.hpp"
 #include "nls/locale_reader.hpp"
 #include "nls/nl_encode.hpp"
+#include "core/bounded_text.hpp"  // the candidates' text
 
 // Symbols: the currency's own sign where its country uses one, with a
 // country prefix (US$, CA$, NT$ ...) where several currencies share "$".
@@ -134,24 +135,7 @@ int flag(const field_reader &loc, int field) {
 
 int clamp(int v, int hi) { return v < 0 ? 0 : (v > hi ? hi : v); }
 
-struct out_text {
-  char *p;
-  size_t room;
-  size_t n = 0;
-  bool over = false;
-  void put(std::string_view s) {
-    if (s.empty()) return;  // an absent field has no text at all
-    if (n + s.size() > room) {
-      over = true;
-      return;
-    }
-    std::memcpy(p + n, s.data(), s.size());
-    n += s.size();
-  }
-  void put(char c) { put(std::string_view(&c, 1)); }
-};
-
-void put_digits(out_text &o, const money_conventions &c, std::string_view digits, bool grouped) {
+void put_digits(core::bounded_text &o, const money_conventions &c, std::string_view digits, bool grouped) {
   size_t dot = digits.find('.');
   std::string_view whole = digits.substr(0, dot);
   std::string_view frac =
@@ -241,7 +225,7 @@ int money_pattern_index(const money_conventions &c, bool negative) {
 
 int money_candidate(const money_conventions &c, std::string_view digits, bool negative,
                     bool grouped, std::string_view symbol, char *out, size_t room) {
-  out_text o{out, room};
+  core::bounded_text o(out, room);
   for (const char *p = CurrencyFormatPatterns[money_pattern_index(c, negative)]; *p; ++p) {
     switch (*p) {
       case '$':
@@ -249,7 +233,7 @@ int money_candidate(const money_conventions &c, std::string_view digits, bool ne
         break;
       case '(':
       case ')':
-        if (negative) o.put(*p);
+        if (negative) o.put_char(*p);
         break;
       case '-':
         o.put(negative ? c.negative : c.positive);
@@ -258,12 +242,12 @@ int money_candidate(const money_conventions &c, std::string_view digits, bool ne
         put_digits(o, c, digits, grouped);
         break;
       default:
-        o.put(*p);
+        o.put_char(*p);
         break;
     }
   }
-  if (o.over) return -1;
-  size_t begin = 0, end = o.n;
+  if (o.overflowed()) return -1;
+  size_t begin = 0, end = o.length();
   while (begin < end && out[begin] == ' ') ++begin;
   while (end > begin && out[end - 1] == ' ') --end;
   std::memmove(out, out + begin, end - begin);

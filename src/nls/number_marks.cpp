@@ -106,7 +106,7 @@ bool place_if_fits(xf_frame *f, const char *text, int n, int32_t w, bool utf16, 
   if (ascii && !utf16) {
     if (n > w) return false;
     char *out = frame_out(f);
-    numeric::put_blanks(out, w - n);
+    core::put_blanks(out, w - n);
     std::memcpy(out + (w - n), text, static_cast<size_t>(n));
     f->output_length = static_cast<uint32_t>(w);
     return true;

@@ -66,7 +66,7 @@ XF_ROUTINE(zfmcma, f) {
   if (neg) *--p = '-';
   char *field = frame_out(f);
   uint32_t wu = static_cast<uint32_t>(w);
-  numeric::put_blanks(field, static_cast<int>(wu - new_len));
+  core::put_blanks(field, static_cast<int>(wu - new_len));
   std::memcpy(field + (wu - new_len), text, new_len);
   f->output_length = wu;
   return XF_OK;

@@ -1,12 +1,18 @@
 // Exact decimal digits of doubles without printf: powers of ten and five,
-// digit counts, two-digit pairs, and the exact truncated fraction digits
+// 128-bit digit counts and writers, and the exact truncated fraction digits
 // floor(x * 10^p) of a double x in [0, 1) through 128-bit integers.
 #pragma once
 
 #include <cstdint>
 #include <cstring>
 
+#include "core/bounded_text.hpp"
+
 namespace xfmt::numeric {
+
+// The 64-bit digit writers are the core's; the 128-bit ones below extend them.
+using core::digit_count;
+using core::put_digits;
 
 __extension__ typedef unsigned __int128 u128;
 
@@ -40,86 +46,15 @@ constexpr pow5_table make_pow5() {
 }
 inline constexpr pow5_table pow5_u128 = make_pow5();
 
-inline uint64_t pow10_u64(int i) { return static_cast<uint64_t>(pow10_u128.v[i]); }
-
-// "00" "01" ... "99": two digits per table look-up.
-struct pair_table {
-  char c[200];
-};
-constexpr pair_table make_pairs() {
-  pair_table t{};
-  for (int i = 0; i < 100; ++i) {
-    t.c[2 * i] = static_cast<char>('0' + i / 10);
-    t.c[2 * i + 1] = static_cast<char>('0' + i % 10);
-  }
-  return t;
-}
-inline constexpr pair_table digit_pairs = make_pairs();
-
-// Number of decimal digits of v (1 for 0).
-inline int count_digits(uint64_t v) {
-  // The bit length gives the digit count to within one: 1233/4096 ~ log10(2).
-  int bits = 64 - __builtin_clzll(v | 1);
-  int t = (bits * 1233) >> 12;
-  t += v >= pow10_u64(t) ? 1 : 0;
-  return t > 0 ? t : 1;
-}
-
 // Number of decimal digits of v (1 for 0), for v below 10^38.
-inline int count_digits(u128 v) {
-  if (static_cast<uint64_t>(v >> 64) == 0) return count_digits(static_cast<uint64_t>(v));
+inline int digit_count(u128 v) {
+  if (static_cast<uint64_t>(v >> 64) == 0) return core::digit_count(static_cast<uint64_t>(v));
   int n = 20;
   while (n < 38 && v >= pow10_u128.v[n]) ++n;
   return n;
 }
 
-// n blanks at p (0 <= n <= 64) in a few wide stores: no call into memset,
-// whose start-up cost dominates at these lengths.
-inline void put_blanks(char *p, int n) {
-  const uint64_t blanks = 0x2020202020202020ull;
-  if (n >= 8) {
-    // Straight-line stores (a loop here is turned back into a memset call);
-    // the last one, at n - 8, overlaps whatever the others left.
-    std::memcpy(p, &blanks, 8);
-    if (n > 16) {
-      std::memcpy(p + 8, &blanks, 8);
-      if (n > 24) std::memcpy(p + 16, &blanks, 8);
-      if (n > 32) {
-        std::memcpy(p + 24, &blanks, 8);
-        if (n > 40) std::memcpy(p + 32, &blanks, 8);
-        if (n > 48) std::memcpy(p + 40, &blanks, 8);
-        if (n > 56) std::memcpy(p + 48, &blanks, 8);
-      }
-    }
-    std::memcpy(p + n - 8, &blanks, 8);
-    return;
-  }
-  int i = 0;
-  if (n & 4) {
-    std::memcpy(p, &blanks, 4);
-    i = 4;
-  }
-  if (n & 2) {
-    std::memcpy(p + i, &blanks, 2);
-    i += 2;
-  }
-  if (n & 1) p[i] = ' ';
-}
-
-// Writes exactly count digits of v (v < 10^count) ending just before end,
-// with leading zeros. count may be 0.
-inline void put_digits(char *end, uint64_t v, int count) {
-  while (count >= 2) {
-    uint64_t q = v / 100;
-    std::memcpy(end - 2, &digit_pairs.c[2 * (v - q * 100)], 2);
-    v = q;
-    end -= 2;
-    count -= 2;
-  }
-  if (count == 1) end[-1] = static_cast<char>('0' + v % 10);
-}
-
-// The same for values that may need more than 19 digits (count <= 38).
+// put_digits for values that may need more than 19 digits (count <= 38).
 inline void put_digits(char *end, u128 v, int count) {
   const uint64_t chunk = 10000000000000000ull;  // 10^16
   while (count > 19) {

@@ -144,7 +144,7 @@ int e_layout(double m, int room, int code, char *out) {
   int len = (kept > 1 ? kept + 1 : 1) + 2 + xd;
 
   // Step 5: written in place, right-justified: "d.ddd" then "E+xx".
-  put_blanks(out, room - len);
+  core::put_blanks(out, room - len);
   char *p = out + room - len;
   put_digits(p + 1 + shown, digits, shown);  // at p+1 .. p+shown
   p[0] = p[1];

@@ -112,7 +112,7 @@ xf_status punctuate(xf_frame *f, const punct_style &s) {
   for (const marks &m : order) {
     int n = compose(p, s, m, text);
     if (n <= w) {
-      put_blanks(buf, w - n);
+      core::put_blanks(buf, w - n);
       std::memcpy(buf + (w - n), text, static_cast<size_t>(n));
       return deliver_field(f, buf, w, status);
     }

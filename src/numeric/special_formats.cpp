@@ -14,6 +14,7 @@
 #include "catalog/missing.hpp"
 #include "numeric/engine.hpp"
 #include "catalog/routine_guard.hpp"
+#include "core/bounded_text.hpp"
 
 namespace xfmt::numeric {
 namespace {
@@ -213,8 +214,7 @@ XF_ROUTINE(zfmlogp, f) {
   // power: v = 4.0001 at k = 1 gives m = 9.9977 -> "1.0E-4", not "10.0E-5".
   auto exponent = static_cast<int64_t>(std::ceil(v));
   double m = std::pow(10.0, static_cast<double>(exponent) - v);
-  int el = exponent == 0 ? 1 : 0;
-  for (int64_t x = exponent; x > 0; x /= 10) ++el;
+  const int el = core::digit_count(static_cast<uint64_t>(exponent));
   int room = w - 2 - el;  // positions of the mantissa
   if (room < 1) return fail_stars(f, w, XF_E_OVERFLOW);
   int k = room >= 3 ? room - 2 : 0;  // mantissa decimals
@@ -229,24 +229,15 @@ XF_ROUTINE(zfmlogp, f) {
     digits = scale;  // m a hair below 1 from the rounding of pow
   }
   char text[text_max];
-  int len = 0;
-  char mant[24];
-  int ml = 0;
-  for (int64_t x = digits; x > 0; x /= 10) mant[ml++] = static_cast<char>('0' + x % 10);
-  text[len++] = mant[ml - 1];
-  if (k > 0) {
-    text[len++] = '.';
-    for (int i = ml - 2; i >= 0; --i) text[len++] = mant[i];
-  }
+  core::bounded_text t(text);
+  // One digit before the point, k after it.
+  t.put_decimal(static_cast<uint64_t>(digits / scale), static_cast<uint64_t>(digits % scale), k);
   if (exponent > 0) {
     // 10^0 (p rounded to 1, only at widths without room for F) has no exponent.
-    char exp_text[24];
-    el = 0;
-    for (int64_t x = exponent; x > 0; x /= 10) exp_text[el++] = static_cast<char>('0' + x % 10);
-    text[len++] = 'E';
-    text[len++] = '-';
-    for (int i = el - 1; i >= 0; --i) text[len++] = exp_text[i];
+    t.put("E-");
+    t.put_unsigned(static_cast<uint64_t>(exponent));
   }
+  const auto len = static_cast<int32_t>(t.length());
   if (len > w) return fail_stars(f, w, XF_E_OVERFLOW);
   return deliver_text(f, text, len, w, XF_OK);
 }

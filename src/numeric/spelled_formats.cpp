@@ -12,6 +12,7 @@
 #include "catalog/field.hpp"
 #include "catalog/missing.hpp"
 #include "catalog/routine_guard.hpp"
+#include "core/bounded_text.hpp"
 
 namespace xfmt::numeric {
 namespace {
@@ -28,30 +29,18 @@ constexpr const char *scale_words[5] = {"", "thousand", "million", "billion", "t
 // stay below 200 bytes; minus sign, cents and margin below 320.
 constexpr int words_max = 320;
 
-// Appends to a bounded text buffer.
-struct text_buf {
-  char b[words_max];
-  int n = 0;
-  void put(const char *s) {
-    size_t l = std::strlen(s);
-    std::memcpy(b + n, s, l);
-    n += static_cast<int>(l);
-  }
-  void put(char c) { b[n++] = c; }
-};
-
 // 1..999 in words: "one hundred twenty-three", "forty", "seven".
-void put_hundreds(text_buf &t, int n) {
+void put_hundreds(core::bounded_text &t, int n) {
   if (n >= 100) {
     t.put(units_words[n / 100]);
     t.put(" hundred");
     n %= 100;
-    if (n) t.put(' ');
+    if (n) t.put_char(' ');
   }
   if (n >= 20) {
     t.put(tens_words[n / 10]);
     if (n % 10) {
-      t.put('-');
+      t.put_char('-');
       t.put(units_words[n % 10]);
     }
   } else if (n > 0) {
@@ -61,7 +50,7 @@ void put_hundreds(text_buf &t, int n) {
 
 // 0 .. 10^15 - 1 in words, groups of three joined by blanks:
 // 1002003 -> "one million two thousand three".
-void put_integer(text_buf &t, int64_t n) {
+void put_integer(core::bounded_text &t, int64_t n) {
   if (n == 0) {
     t.put(units_words[0]);
     return;
@@ -74,10 +63,10 @@ void put_integer(text_buf &t, int64_t n) {
   bool first = true;
   for (int i = 4; i >= 0; --i) {
     if (groups[i] == 0) continue;
-    if (!first) t.put(' ');
+    if (!first) t.put_char(' ');
     put_hundreds(t, groups[i]);
     if (i > 0) {
-      t.put(' ');
+      t.put_char(' ');
       t.put(scale_words[i]);
     }
     first = false;
@@ -110,14 +99,14 @@ xf_status spell(xf_frame *f, cents_style style) {
   int64_t whole = 0;
   int c = 0;
   if (!split_amount(std::fabs(v), whole, c)) return fail_stars(f, w, XF_E_OVERFLOW);
-  text_buf t;
+  char words[words_max];
+  core::bounded_text t(words);
   if (neg && (whole != 0 || c != 0)) t.put("minus ");
   put_integer(t, whole);
   if (style == cents_style::figures) {
     // "and 05/100": the cents always shown, as on a cheque.
     t.put(" and ");
-    t.put(static_cast<char>('0' + c / 10));
-    t.put(static_cast<char>('0' + c % 10));
+    t.put2(c);
     t.put("/100");
   } else if (c != 0) {
     // "and forty-five hundredths", "and one hundredth".
@@ -125,11 +114,11 @@ xf_status spell(xf_frame *f, cents_style style) {
     put_hundreds(t, c);
     t.put(c == 1 ? " hundredth" : " hundredths");
   }
-  if (t.n > w) return fail_stars(f, w, XF_E_OVERFLOW);
+  if (t.length() > static_cast<size_t>(w)) return fail_stars(f, w, XF_E_OVERFLOW);
   uint32_t room = field_room(f, w);
-  uint32_t k = static_cast<uint32_t>(t.n) < room ? static_cast<uint32_t>(t.n) : room;
+  uint32_t k = static_cast<uint32_t>(t.length()) < room ? static_cast<uint32_t>(t.length()) : room;
   char *out = frame_out(f);
-  std::memcpy(out, t.b, k);
+  std::memcpy(out, words, k);
   fill_bytes(out + k, room - k, ' ');
   f->output_length = room;
   return room < static_cast<uint32_t>(w) ? XF_E_CAPACITY : XF_OK;
@@ -143,15 +132,6 @@ struct fraction {
   int64_t p = 0;
   int64_t q = 1;
 };
-
-int digit_count(int64_t n) {
-  int c = 1;
-  while (n >= 10) {
-    n /= 10;
-    ++c;
-  }
-  return c;
-}
 
 }  // namespace
 }  // namespace xfmt::numeric
@@ -188,11 +168,12 @@ XF_ROUTINE(zfmfract, f) {
   // Convergents h/k of x: h(-1)/k(-1) = 1/0, h(-2)/k(-2) = 0/1.
   fraction best;
   int sign_len = neg ? 1 : 0;
+  auto digits = [](int64_t m) { return core::digit_count(static_cast<uint64_t>(m)); };
   auto text_len = [&](int64_t wh, const fraction &fr) {
     int n = sign_len;
-    if (fr.p == 0) return n + digit_count(wh);
-    if (wh > 0) n += digit_count(wh) + 1;
-    return n + digit_count(fr.p) + 1 + digit_count(fr.q);
+    if (fr.p == 0) return n + digits(wh);
+    if (wh > 0) n += digits(wh) + 1;
+    return n + digits(fr.p) + 1 + digits(fr.q);
   };
   {
     // The continued fraction of x runs in integers on x = num / 2^60 (x
@@ -224,26 +205,18 @@ XF_ROUTINE(zfmfract, f) {
   // Without a fitting fraction the fraction part rounds to the whole number.
   if (best.p == 0 && x >= 0.5) ++whole;
   char text[64];
-  int n = 0;
+  core::bounded_text t(text);
   bool zero = whole == 0 && best.p == 0;
-  if (neg && !zero) text[n++] = '-';
-  auto put_int = [&](int64_t m) {
-    char d[24];
-    int l = 0;
-    do {
-      d[l++] = static_cast<char>('0' + m % 10);
-      m /= 10;
-    } while (m);
-    while (l) text[n++] = d[--l];
-  };
-  if (whole > 0 || best.p == 0) put_int(whole);
+  if (neg && !zero) t.put_char('-');
+  if (whole > 0 || best.p == 0) t.put_unsigned(static_cast<uint64_t>(whole));
   if (best.p != 0) {
-    if (whole > 0) text[n++] = ' ';
-    put_int(best.p);
-    text[n++] = '/';
-    put_int(best.q);
+    if (whole > 0) t.put_char(' ');
+    t.put_unsigned(static_cast<uint64_t>(best.p));
+    t.put_char('/');
+    t.put_unsigned(static_cast<uint64_t>(best.q));
   }
-  if (n > w) return fail_stars(f, w, XF_E_OVERFLOW);
+  if (t.length() > static_cast<size_t>(w)) return fail_stars(f, w, XF_E_OVERFLOW);
+  const int n = static_cast<int>(t.length());
   char buf[64];
   std::memset(buf, ' ', static_cast<size_t>(w - n));
   std::memcpy(buf + (w - n), text, static_cast<size_t>(n));

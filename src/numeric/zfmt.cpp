@@ -48,7 +48,7 @@ inline bool is_integral(double m) {
   return (bits & ((uint64_t{1} << (52 - e)) - 1)) == 0;
 }
 
-inline void fill_blanks(char *buf, int32_t w) { put_blanks(buf, w); }
+inline void fill_blanks(char *buf, int32_t w) { core::put_blanks(buf, w); }
 
 xf_status stars(char *buf, int32_t w) {
   std::memset(buf, '*', static_cast<size_t>(w));
@@ -58,10 +58,10 @@ xf_status stars(char *buf, int32_t w) {
 // Integral value of at most 2^53 in w <= 16 positions: digits and a floating
 // minus sign, no floating-point digit generation. False when it does not fit.
 bool layout_integer(uint64_t v, bool neg, int32_t w, char *buf) {
-  int n = count_digits(v);
+  int n = digit_count(v);
   int need = n + (neg ? 1 : 0);
   if (need > w) return false;
-  put_blanks(buf, w - need);
+  core::put_blanks(buf, w - need);
   put_digits(buf + w, v, n);
   if (neg) buf[w - n - 1] = '-';
   return true;
@@ -104,7 +104,7 @@ void put_fraction(char *p, double r, double ip, int n, int dd) {
     // Leading zeros of a pure fraction are not significant: 0.000123 keeps
     // 15 digits from the 1 on.
     digits = scaled_fraction(frac, dd);
-    int lz = digits == 0 ? dd : dd - count_digits(digits);
+    int lz = digits == 0 ? dd : dd - digit_count(digits);
     k = dd < 15 + lz ? dd : 15 + lz;
     if (k < dd) digits /= pow10_u128.v[dd - k];
   }
@@ -125,7 +125,7 @@ void strip_best(char *buf, int32_t w, int start) {
   int shift = w - end;
   if (shift == 0) return;
   std::memmove(buf + start + shift, buf + start, static_cast<size_t>(end - start));
-  put_blanks(buf + start, shift);
+  core::put_blanks(buf + start, shift);
 }
 
 }  // namespace
@@ -204,7 +204,7 @@ xf_status layout_number(double v, int32_t w, int32_t d, char *buf) {
   u128 ip = 0;
   int n = 0;
   for (int attempt = 0;; ++attempt) {
-    n = integer_part(r, ip) ? (ip == 0 ? 0 : count_digits(ip)) : max_field + 1;
+    n = integer_part(r, ip) ? (ip == 0 ? 0 : digit_count(ip)) : max_field + 1;
     if (n <= iw) break;
     // Rounding carried into a new digit (F5.1 of 999.96 is 1000.0): one
     // decimal fewer, once; then E notation.

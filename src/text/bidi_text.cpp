@@ -59,26 +59,22 @@ bidi_source bidi_open_source(const xf_frame *f) {
 }
 
 bidi_sink bidi_open_sink(const xf_frame *f, const bidi_source &src) {
-  bidi_sink s{static_cast<uint8_t *>(f->output), 0, 0, false, false};
   uint64_t w = f->width > 0 ? static_cast<uint64_t>(f->width) : 0;
-  s.utf16 = src.form == bidi_form::utf16le || src.form == bidi_form::utf16be ||
-            (src.form == bidi_form::utf8 && f->requested_output_encoding == XF_ENC_UTF16LE);
-  uint64_t cap = s.utf16 ? f->output_capacity & ~1u : f->output_capacity;
-  uint64_t field = s.utf16 ? 2 * w : w;
-  s.room = static_cast<uint32_t>(field < cap ? field : cap);
-  return s;
+  const bool utf16 = src.form == bidi_form::utf16le || src.form == bidi_form::utf16be ||
+                     (src.form == bidi_form::utf8 && f->requested_output_encoding == XF_ENC_UTF16LE);
+  uint64_t cap = utf16 ? f->output_capacity & ~1u : f->output_capacity;
+  uint64_t field = utf16 ? 2 * w : w;
+  const auto room = static_cast<size_t>(field < cap ? field : cap);
+  return bidi_sink{core::bounded_text(static_cast<char *>(f->output), room), utf16, false};
 }
 
 xf_status bidi_close_sink(xf_frame *f, bidi_sink &sink) {
   if (sink.utf16) {
-    for (uint32_t i = sink.used; i + 1 < sink.room; i += 2) {
-      sink.out[i] = ' ';
-      sink.out[i + 1] = 0;
-    }
-  } else if (sink.room > sink.used) {
-    std::memset(sink.out + sink.used, ' ', sink.room - sink.used);
+    while (sink.field.left() >= 2) sink.field.put(" \0", 2);
+  } else {
+    sink.field.put_repeat(' ', sink.field.left());
   }
-  f->output_length = sink.room;
+  f->output_length = static_cast<uint32_t>(sink.field.room);
   f->output_encoding = sink.utf16 ? XF_ENC_UTF16LE : XF_ENC_SINGLE_BYTE;
   uint64_t w = f->width > 0 ? static_cast<uint64_t>(f->width) : 0;
   return (sink.utf16 ? 2 * w : w) > f->output_capacity ? XF_E_CAPACITY : XF_OK;

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 
+#include "core/bounded_text.hpp"
 #include "xfmt/xfmt.h"
 
 namespace xfmt::text {
@@ -75,24 +76,25 @@ inline uint32_t bidi_encoded_size(bidi_form form, uint32_t cp) {
   return cp < 0x10000 ? 2 : 4;
 }
 
-// The output field: room bytes at out, filled from the left.
+// The output field: its bytes filled from the left, never past the room.
 struct bidi_sink {
-  uint8_t *out;
-  uint32_t room;
-  uint32_t used;
+  core::bounded_text field;
   bool utf16;  // UTF-16LE, else UTF-8
   bool full;   // a character did not fit: nothing more is written
 
+  // A character goes in whole or ends the field; stored in place with byte
+  // stores, then counted.
   void put(uint32_t cp) {
     if (full) return;
-    uint8_t *o = out + used;
-    uint32_t left = room - used;
+    // Only whole characters are counted, so the count never passes the room.
+    uint8_t *o = reinterpret_cast<uint8_t *>(field.p) + field.n;
+    const size_t left = field.room - field.n;
     if (utf16) {
       if (cp < 0x10000) {
         if (left < 2) { full = true; return; }
         o[0] = static_cast<uint8_t>(cp);
         o[1] = static_cast<uint8_t>(cp >> 8);
-        used += 2;
+        field.skip(2);
       } else {
         if (left < 4) { full = true; return; }
         uint32_t v = cp - 0x10000;
@@ -101,32 +103,32 @@ struct bidi_sink {
         o[1] = static_cast<uint8_t>(hi >> 8);
         o[2] = static_cast<uint8_t>(lo);
         o[3] = static_cast<uint8_t>(lo >> 8);
-        used += 4;
+        field.skip(4);
       }
       return;
     }
     if (cp < 0x80) {
       if (left < 1) { full = true; return; }
       o[0] = static_cast<uint8_t>(cp);
-      used += 1;
+      field.skip(1);
     } else if (cp < 0x800) {
       if (left < 2) { full = true; return; }
       o[0] = static_cast<uint8_t>(0xC0 | cp >> 6);
       o[1] = static_cast<uint8_t>(0x80 | (cp & 0x3F));
-      used += 2;
+      field.skip(2);
     } else if (cp < 0x10000) {
       if (left < 3) { full = true; return; }
       o[0] = static_cast<uint8_t>(0xE0 | cp >> 12);
       o[1] = static_cast<uint8_t>(0x80 | (cp >> 6 & 0x3F));
       o[2] = static_cast<uint8_t>(0x80 | (cp & 0x3F));
-      used += 3;
+      field.skip(3);
     } else {
       if (left < 4) { full = true; return; }
       o[0] = static_cast<uint8_t>(0xF0 | cp >> 18);
       o[1] = static_cast<uint8_t>(0x80 | (cp >> 12 & 0x3F));
       o[2] = static_cast<uint8_t>(0x80 | (cp >> 6 & 0x3F));
       o[3] = static_cast<uint8_t>(0x80 | (cp & 0x3F));
-      used += 4;
+      field.skip(4);
     }
   }
 };

@@ -19,40 +19,45 @@ namespace xfmt::userfmt {
 // so a cut label is never followed by blanks that hide the cut.
 void label_sink::text(const uint16_t *units, uint32_t n) {
   if (n == 0 || full) return;
-  uint32_t room = capacity - std::min(pos, capacity);
+  const auto room = static_cast<uint32_t>(field.left());
   if (utf16) {
     uint32_t fit = std::min(n, room / 2);
-    std::memcpy(out + pos, units, fit * 2u);
-    pos += fit * 2u;
+    field.put(reinterpret_cast<const char *>(units), fit * 2u);
     chars += fit;
     full = fit < n;
     return;
   }
+  // The encoder writes in place and stops before a character that would
+  // not fit whole; the field counts what it wrote.
   uint32_t done = 0, written = 0;
-  UNICODEToUTF8(units, n * 2u, out + pos, room, &done, &written);
-  pos += written;
+  UNICODEToUTF8(units, n * 2u, reinterpret_cast<uint8_t *>(field.p) + field.length(), room, &done,
+                &written);
+  field.skip(written);
   chars += done;
   full = done < n;
 }
 
 void label_sink::blanks(uint32_t n) {
   if (full) return;
-  uint32_t size = utf16 ? 2u : 1u;
-  uint32_t fit = std::min(n, (capacity - std::min(pos, capacity)) / size);
-  for (uint32_t i = 0; i < fit; ++i) {
-    out[pos++] = ' ';
-    if (utf16) out[pos++] = 0;
+  const uint32_t fit = std::min(n, static_cast<uint32_t>(field.left()) / (utf16 ? 2u : 1u));
+  if (utf16) {
+    for (uint32_t i = 0; i < fit; ++i) field.put(" \0", 2);
+  } else {
+    field.put_repeat(' ', fit);
   }
   chars += fit;
 }
 
 void label_sink::bytes(const char *b, uint32_t n) {
   if (full) return;
-  uint32_t size = utf16 ? 2u : 1u;
-  uint32_t fit = std::min(n, (capacity - std::min(pos, capacity)) / size);
-  for (uint32_t i = 0; i < fit; ++i) {
-    out[pos++] = static_cast<unsigned char>(b[i]);
-    if (utf16) out[pos++] = 0;
+  const uint32_t fit = std::min(n, static_cast<uint32_t>(field.left()) / (utf16 ? 2u : 1u));
+  if (utf16) {
+    for (uint32_t i = 0; i < fit; ++i) {
+      field.put_char(b[i]);
+      field.put_char('\0');
+    }
+  } else {
+    field.put(b, fit);
   }
   chars += fit;
 }
@@ -74,7 +79,7 @@ xf_status write_text_field(xf_frame *f, const uint16_t *units, uint32_t n) {
   uint32_t field = label_field(f);
   s.text(units, std::min(n, field));
   s.pad_to(field);
-  f->output_length = s.pos;
+  f->output_length = s.pos();
   f->output_encoding = s.encoding();
   return XF_OK;
 }
@@ -220,7 +225,7 @@ extern "C" int32_t getmulti(int32_t collect, xf_frame *frame, int64_t count,
                             int32_t round) {
   multi_state m{frame, label_sink(frame), 0, 0, 0, 0, round, value};
   m.w = frame->width > 0 ? static_cast<uint32_t>(frame->width) : 0;
-  m.c = m.sink.utf16 ? m.sink.capacity / 2 : m.sink.capacity;
+  m.c = m.sink.utf16 ? m.sink.capacity() / 2 : m.sink.capacity();
   frame->output_length = 0;
   if (collect) {
     for (int64_t i = 0; i < count; ++i) multi_entry(m, matches[i], true);
@@ -229,11 +234,11 @@ extern "C" int32_t getmulti(int32_t collect, xf_frame *frame, int64_t count,
   }
   if (m.length <= m.c) {
     m.sink.pad_to(static_cast<uint32_t>(m.length));
-    frame->output_length = m.sink.pos;
+    frame->output_length = m.sink.pos();
     frame->output_encoding = m.sink.encoding();
     return 0;
   }
-  uint32_t n = std::min(m.sink.capacity, m.w);
+  uint32_t n = std::min(m.sink.capacity(), m.w);
   if (n) std::memset(frame->output, '*', n);
   frame->output_length = n;
   frame->output_encoding = XF_ENC_SINGLE_BYTE;

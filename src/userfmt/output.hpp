@@ -5,21 +5,25 @@
 
 #include <cstdint>
 
+#include "core/bounded_text.hpp"
+
 #include "xfmt/xfmt.h"
 
 namespace xfmt::userfmt {
 
 struct label_sink {
-  unsigned char *out;
-  uint32_t capacity;
-  uint32_t pos = 0;      // bytes written
-  uint32_t chars = 0;    // field positions written
+  core::bounded_text field;  // the field's bytes: never past the capacity
+  uint32_t chars = 0;        // field positions written
   bool utf16;
-  bool full = false;     // a character did not fit: the field ends there
+  bool full = false;         // a character did not fit: the field ends there
 
   label_sink(xf_frame *f)
-      : out(static_cast<unsigned char *>(f->output)), capacity(f->output ? f->output_capacity : 0),
+      : field(static_cast<char *>(f->output), f->output ? f->output_capacity : 0),
         utf16(f->requested_output_encoding == XF_ENC_UTF16LE) {}
+
+  // Bytes written, and the capacity.
+  uint32_t pos() const { return static_cast<uint32_t>(field.length()); }
+  uint32_t capacity() const { return static_cast<uint32_t>(field.room); }
 
   // Writes n units of text; stops at the first one that does not fit.
   void text(const uint16_t *units, uint32_t n);

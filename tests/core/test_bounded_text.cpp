@@ -1,0 +1,139 @@
+// The bounded writer: never a byte past its room, the full length counted
+// when it is cut, and digits equal to std::to_chars.
+#include <gtest/gtest.h>
+
+#include <charconv>
+#include <cstdio>
+#include <cstring>
+#include <string>
+
+#include "core/bounded_text.hpp"
+#include "support/random.hpp"
+
+using xfmt::core::bounded_text;
+
+namespace {
+
+constexpr char guard = '\x7F';
+
+// Every writer call once, into a buffer of `room` bytes followed by guard
+// bytes; returns the length counted.
+size_t write_all(char *buf, size_t room) {
+  bounded_text t(buf, room);
+  t.put("ab");
+  t.put_char('-');
+  t.put_repeat(' ', 3);
+  t.put2(7);
+  t.put4(305);
+  t.put_unsigned(42, 5, ' ');
+  t.put_unsigned(18446744073709551615ull);
+  t.put_signed(-9223372036854775807LL - 1);
+  t.skip(2);
+  t.put_decimal(12, 5, 3);
+  return t.length();
+}
+
+const std::string full_text =
+    std::string("ab-   070305   4218446744073709551615-9223372036854775808") + "??" + "12.005";
+
+}  // namespace
+
+TEST(bounded_text, every_room_stops_at_its_end_and_counts_the_rest) {
+  for (size_t room = 0; room <= full_text.size() + 2; ++room) {
+    char buf[128];
+    std::memset(buf, guard, sizeof buf);
+    const size_t need = write_all(buf, room);
+    EXPECT_EQ(need, full_text.size()) << "room " << room;
+    const size_t kept = room < need ? room : need;
+    for (size_t i = 0; i < kept; ++i)
+      if (full_text[i] != '?') {
+        EXPECT_EQ(buf[i], full_text[i]) << "room " << room << " at " << i;
+      }
+    for (size_t i = room; i < sizeof buf; ++i) ASSERT_EQ(buf[i], guard) << "room " << room << " at " << i;
+  }
+}
+
+TEST(bounded_text, reports_what_it_kept) {
+  char buf[4];
+  bounded_text t(buf);
+  t.put("abc");
+  EXPECT_FALSE(t.overflowed());
+  EXPECT_EQ(t.left(), 1u);
+  t.put("de");
+  EXPECT_TRUE(t.overflowed());
+  EXPECT_EQ(t.length(), 5u);
+  EXPECT_EQ(t.written(), 4u);
+  EXPECT_EQ(t.view(), "abcd");
+  t.clear();
+  t.put_unsigned(7, 3, '*');
+  EXPECT_EQ(t.view(), "**7");
+  t.clear();
+  t.put_unsigned(12345, 2);  // the last digits only
+  EXPECT_EQ(t.view(), "45");
+  t.clear();
+  t.put_unsigned(1, -3);
+  EXPECT_EQ(t.length(), 0u);
+}
+
+TEST(bounded_text, widths_past_twenty_digits_lead_with_the_fill) {
+  char buf[30];
+  bounded_text t(buf);
+  t.put_unsigned(1234, 24);
+  EXPECT_EQ(t.view(), std::string(20, '0') + "1234");
+  t.clear();
+  t.put_unsigned(1234, 24, ' ');
+  EXPECT_EQ(t.view(), std::string(20, ' ') + "1234");
+  t.clear();
+  t.put_decimal(3, 7, 25);
+  EXPECT_EQ(t.view(), "3." + std::string(24, '0') + "7");
+  EXPECT_EQ(t.length(), 27u);
+}
+
+TEST(bounded_text, digit_count_at_every_power_of_ten) {
+  EXPECT_EQ(xfmt::core::digit_count(0), 1);
+  uint64_t p = 1;
+  for (int k = 1; k <= 20; ++k) {
+    EXPECT_EQ(xfmt::core::digit_count(p), k);
+    if (p > 1) {
+      EXPECT_EQ(xfmt::core::digit_count(p - 1), k - 1);
+    }
+    if (k < 20) p *= 10;
+  }
+  EXPECT_EQ(xfmt::core::digit_count(~uint64_t{0}), 20);
+  static_assert(xfmt::core::digit_count(999) == 3 && xfmt::core::digit_count(1000) == 4);
+}
+
+// Random values of every length against std::to_chars, both through the
+// bounded writer at a room cut anywhere and through the raw writers.
+TEST(bounded_text, digits_match_to_chars) {
+  auto gen = xfmt::test::rng(13);
+  const uint64_t cases = xfmt::test::scaled(200000);
+  for (uint64_t i = 0; i < cases; ++i) {
+    const uint64_t v = gen() >> (gen() % 64);
+    const auto s = static_cast<int64_t>(gen()) >> (gen() % 64);
+    char want[48];
+    auto r = std::to_chars(want, want + sizeof want, v);
+    r = std::to_chars(r.ptr, want + sizeof want, s);
+    const auto need = static_cast<size_t>(r.ptr - want);
+
+    char buf[48 + 8];
+    const size_t room = static_cast<size_t>(gen() % (need + 2));
+    std::memset(buf, guard, sizeof buf);
+    bounded_text t(buf, room);
+    t.put_unsigned(v);
+    t.put_signed(s);
+    ASSERT_EQ(t.length(), need) << v << " " << s;
+    ASSERT_EQ(std::string(buf, t.written()), std::string(want, t.written())) << v << " " << s;
+    ASSERT_EQ(buf[t.written()], guard) << v << " " << s;
+
+    char raw[24];
+    char *end = xfmt::core::put_unsigned(raw, v);
+    const auto vn = static_cast<size_t>(xfmt::core::digit_count(v));
+    ASSERT_EQ(static_cast<size_t>(end - raw), vn);
+    ASSERT_EQ(std::string(raw, vn), std::string(want, vn)) << v;
+    xfmt::core::put4(raw, v % 10000);
+    char four[8];
+    std::snprintf(four, sizeof four, "%04u", static_cast<unsigned>(v % 10000));
+    ASSERT_EQ(std::string(raw, 4), four) << v;
+  }
+}
