@@ -45,6 +45,15 @@ constexpr fmtposs_row poss(const char *module, const char *name) {
   return p;
 }
 
+// The possible-format row of a module row: its name only, limits and routine
+// stay zero (resolution reads them from the module row).
+constexpr fmtposs_row poss(const char *module, const fmtinfo_eachfmt &r) {
+  fmtposs_row p = poss(module, "");
+  for (int i = 0; i < 16; ++i) p.row.name[i] = r.name[i];
+  p.row.name_length = r.name_length;
+  return p;
+}
+
 inline constexpr std::size_t module_count = 10;
 inline constexpr std::size_t fmtposs_count = 548;
 

@@ -5,6 +5,7 @@
 #include <cstring>  // memcpy
 
 #include "catalog/chain.hpp"
+#include "catalog/handle_kind.hpp"
 #include "catalog/intrinsics.hpp"
 
 namespace xfmt::catalog {
@@ -73,8 +74,7 @@ xf_status xfdel(void *handle) {
 
 xf_status xfrelease(void *handle) {
   if (handle == nullptr || is_intrinsic_row(handle)) return XF_OK;
-  const auto *bytes = static_cast<const unsigned char *>(handle);
-  if (bytes[8] == '+') {
+  if (kind_of_handle(handle) == handle_kind::user_character) {
     free_user_handle(static_cast<xf_user_handle *>(handle));
     return XF_OK;
   }

@@ -5,16 +5,12 @@
 #include <cstring>
 
 #include "catalog/chain.hpp"
+#include "catalog/handle_kind.hpp"
 #include "catalog/output_encoding.hpp"
 #include "userfmt/nested_binding.hpp"
 
 namespace xfmt::catalog {
 namespace {
-
-bool is_user_handle(const void *handle) {
-  char kind = static_cast<const char *>(handle)[8];
-  return kind == '+' || kind == '-';
-}
 
 // A user-defined handle: its label routine with the handle's two context
 // words. A character format reads UTF-16: single-byte input is widened for
@@ -29,7 +25,7 @@ xf_status call_user(xf_frame *frame, const xf_user_handle *h) {
     bound = reinterpret_cast<const userfmt::nested_table *>(
         static_cast<const unsigned char *>(h->chain_last) + chain_header_bytes);
   userfmt::nested_scope scope(bound);
-  if (h->kind != '+' || frame->input_encoding != XF_ENC_SINGLE_BYTE)
+  if (kind_of_handle(h) != handle_kind::user_character || frame->input_encoding != XF_ENC_SINGLE_BYTE)
     return h->routine(frame, h->header, h->ranges);
   uint16_t wide[512];
   uint32_t units = widen_latin1(frame, wide);

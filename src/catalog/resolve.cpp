@@ -16,6 +16,7 @@
 
 #include "catalog/catalog.hpp"
 #include "catalog/chain.hpp"
+#include "catalog/handle_kind.hpp"
 #include "catalog/intrinsics.hpp"
 #include "userfmt/nested_binding.hpp"
 
@@ -264,8 +265,7 @@ xf_status xfname3(const char *name, int32_t length, int32_t kind, void *width_bl
   void *local = nullptr;
   xf_status st = resolve(name, length, kind, width_block, &local, ctx);
   if (local != nullptr && !is_intrinsic_row(local)) {
-    const auto *bytes = static_cast<const unsigned char *>(local);
-    if (bytes[8] == '+' || bytes[8] == '-') free_user_handle(static_cast<xf_user_handle *>(local));
+    if (is_user_handle(local)) free_user_handle(static_cast<xf_user_handle *>(local));
     else xfdel(local);
   }
   return st;

@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "catalog/chain.hpp"
+#include "catalog/handle_kind.hpp"
 #include "catalog/intrinsics.hpp"
 #include "catalog/name_families.hpp"
 
@@ -108,8 +109,8 @@ bool read_user_format(const pieces &p, void *context, xfx_spec &spec) {
   int32_t n = static_cast<int32_t>(p.length - (p.informat ? 1 : 0));
   if (xfname2(name, n, p.informat ? 73 : 0, block, &handle, context) != XF_OK || handle == nullptr) return false;
   auto *h = static_cast<xf_user_handle *>(handle);
-  bool built = (h->kind == '+' || h->kind == '-') && h->routine != nullptr;
-  if (h->kind == '+') free_user_handle(h);
+  bool built = is_user_handle(h) && h->routine != nullptr;
+  if (kind_of_handle(h) == handle_kind::user_character) free_user_handle(h);
   else xfdel(handle);
   set_name(spec, name, static_cast<uint32_t>(n));
   spec.flags = XFX_USER | (built ? XFX_BUILT : 0u) | (p.informat ? XFX_INFORMAT : 0u) |

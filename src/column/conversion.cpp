@@ -8,6 +8,7 @@
 #include <new>
 
 #include "catalog/chain.hpp"
+#include "catalog/handle_kind.hpp"
 #include "catalog/missing.hpp"
 #include "catalog/written_format.hpp"
 #include "column/utf8_text.hpp"
@@ -28,7 +29,7 @@ bool writes_ascii_only(const xfx_spec &s, route r) {
 void release_user_handle(void *handle) {
   if (handle == nullptr) return;
   auto *h = static_cast<xf_user_handle *>(handle);
-  if (h->kind == '+') catalog::free_user_handle(h);
+  if (catalog::kind_of_handle(h) == catalog::handle_kind::user_character) catalog::free_user_handle(h);
   else xfdel(handle);
 }
 
@@ -39,7 +40,7 @@ xfx_error open_user(const xfx_spec &spec, void *context, xfx_conversion &c) {
       xfname2(spec.name, static_cast<int32_t>(spec.name_length), kind, nullptr, &handle, context) != XF_OK)
     return XFX_E_UNKNOWN_NAME;
   auto *h = static_cast<xf_user_handle *>(handle);
-  if ((h->kind != '+' && h->kind != '-') || h->routine == nullptr) {
+  if (!catalog::is_user_handle(h) || h->routine == nullptr) {
     release_user_handle(handle);
     return XFX_E_NOT_BUILT;
   }

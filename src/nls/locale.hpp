@@ -6,12 +6,14 @@
 
 #include <string_view>
 
+#include "nls/locale_fields.hpp"
 #include "xfmt/xfmt.h"
 
 namespace xfmt::nls {
 
 inline constexpr int locale_count = 136;
 inline constexpr int locale_field_count = 189;
+static_assert(lf::paper_width_mm == locale_field_count - 1);
 
 // id itself when it is 1..136; otherwise the first record whose language and
 // country codes match positions 0-1 and 3-4 of ZAV_LOCALE (case-insensitive;

@@ -11,6 +11,7 @@
 #include <cstring>
 
 #include "catalog/field.hpp"
+#include "nls/locale_fields.hpp"
 #include "nls/locale_reader.hpp"
 #include "nls/nl_encode.hpp"
 #include "core/bounded_text.hpp"  // the candidates' text
@@ -191,18 +192,18 @@ size_t padded_digits(double v, int w, int d, char *out) {
 
 money_conventions read_money_conventions(const field_reader &loc) {
   money_conventions c;
-  std::string_view point = field_or_empty(loc, 157);
+  std::string_view point = field_or_empty(loc, lf::money_decimal_point);
   if (!point.empty()) c.point = point;
-  c.separator = field_or_empty(loc, 158);
-  std::string_view grouping = field_or_empty(loc, 159);
+  c.separator = field_or_empty(loc, lf::money_thousands_separator);
+  std::string_view grouping = field_or_empty(loc, lf::money_grouping);
   c.group = grouping.empty() ? 0 : grouping[0] - '0';
   if (c.group < 0 || c.group > 9) c.group = 0;
-  c.positive = field_or_empty(loc, 160);
-  c.negative = field_or_empty(loc, 161);
+  c.positive = field_or_empty(loc, lf::money_positive_sign);
+  c.negative = field_or_empty(loc, lf::money_negative_sign);
   // precedes 0/1; space 0/1 (the C library's 2, a space beside the sign,
   // counts as a space); sign position 0-4.
   static constexpr int highest[6] = {1, 1, 1, 1, 4, 4};
-  for (int i = 0; i < 6; ++i) c.flags[i] = clamp(flag(loc, 164 + i), highest[i]);
+  for (int i = 0; i < 6; ++i) c.flags[i] = clamp(flag(loc, lf::money_symbol_precedes_positive + i), highest[i]);
   return c;
 }
 

@@ -1,7 +1,7 @@
 // NLMNY and NLMNYI: an amount in the frame locale's own currency, placed and
 // shortened exactly as the NLMNL/NLMNI formats place a fixed currency: the
-// local symbol of field 156 (NLMNY; the code when the output cannot show
-// the symbol) or the ISO code of field 155 (NLMNYI), under the catalog
+// local symbol (NLMNY; the code when the output cannot show the symbol)
+// or the ISO code (NLMNYI) of the locale, under the catalog
 // limits of these two names (w 1-32, d 0-9).
 #include "xfmt/xfmt.h"
 
@@ -17,7 +17,8 @@ constexpr money_limits locale_currency_limits{1, 32, 9};
 
 xf_status locale_money(xf_frame *f, bool international) {
   const int id = frame_locale_id(f);
-  return money_field(f, locale_money_conventions(id), locale_field(id, 156), locale_field(id, 155),
+  return money_field(f, locale_money_conventions(id), locale_field(id, lf::currency_symbol),
+                     locale_field(id, lf::currency_code),
                      international, locale_currency_limits);
 }
 

@@ -3,11 +3,12 @@
 // it fits the width, else the abbreviation; another number gives '*'.
 #include "xfmt/xfmt.h"
 
+#include "nls/locale_fields.hpp"
 #include "nls/nl_member.hpp"
 #include "catalog/routine_guard.hpp"
 
 using namespace xfmt::nls;
 
-XF_ROUTINE(nlstrmon, f) { return run_name(f, 71, 59, 12); }
-XF_ROUTINE(nlstrqtr, f) { return run_name(f, 139, 135, 4); }
-XF_ROUTINE(nlstrwk, f) { return run_name(f, 114, 107, 7); }
+XF_ROUTINE(nlstrmon, f) { return run_name(f, lf::month_full_jan, lf::month_abbr_jan, 12); }
+XF_ROUTINE(nlstrqtr, f) { return run_name(f, lf::quarter_full_1, lf::quarter_abbr_1, 4); }
+XF_ROUTINE(nlstrwk, f) { return run_name(f, lf::weekday_full_sun, lf::weekday_abbr_sun, 7); }

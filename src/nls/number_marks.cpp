@@ -9,6 +9,7 @@
 
 #include "catalog/field.hpp"
 #include "catalog/missing.hpp"
+#include "nls/locale_fields.hpp"
 #include "nls/locale_reader.hpp"
 #include "nls/nl_encode.hpp"
 #include "numeric/digits.hpp"
@@ -123,16 +124,16 @@ bool place_if_fits(xf_frame *f, const char *text, int n, int32_t w, bool utf16, 
 
 number_marks read_number_marks(const field_reader &loc) {
   number_marks m;
-  std::string_view point = field_or_empty(loc, 172);
+  std::string_view point = field_or_empty(loc, lf::decimal_point);
   if (!point.empty()) m.point = point;
   if (m.point.size() == 1 && static_cast<unsigned char>(m.point[0]) < 0x80) m.point_byte = m.point[0];
-  m.separator = field_or_empty(loc, 173);
+  m.separator = field_or_empty(loc, lf::thousands_separator);
   m.ascii = plain_ascii(m.point) && plain_ascii(m.separator);
-  m.group_bits = m.separator.empty() ? 0 : grouping_bits(field_or_empty(loc, 174));
+  m.group_bits = m.separator.empty() ? 0 : grouping_bits(field_or_empty(loc, lf::grouping));
   // 2: the sign follows the number; 3 and 4 put it beside the currency
-  // symbol, which follows the number only where 179 is 0.
-  const int position = small_number(field_or_empty(loc, 182));
-  const int precedes = small_number(field_or_empty(loc, 179));
+  // symbol, which follows the number only where it does not precede negatives.
+  const int position = small_number(field_or_empty(loc, lf::negative_sign_position));
+  const int precedes = small_number(field_or_empty(loc, lf::symbol_precedes_negative));
   m.minus_after = position == 2 || ((position == 3 || position == 4) && precedes == 0);
   return m;
 }

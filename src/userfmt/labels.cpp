@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "catalog/chain.hpp"
+#include "catalog/handle_kind.hpp"
 #include "catalog/missing.hpp"
 #include "userfmt/output.hpp"
 #include "userfmt/nested_binding.hpp"
@@ -338,7 +339,6 @@ XF_ROUTINE_WITH(yfmtlbl, frame, (void *header, void *ranges, const void *label),
   st = write_nested(frame, header, lf, handle, widths);
   // A user-defined format resolved into our storage still anchors a chain
   // block of its own; a catalogued one allocated nothing.
-  char kind = static_cast<const char *>(handle)[8];
-  if (kind == '+' || kind == '-') xfmt::catalog::free_user_handle(static_cast<xf_user_handle *>(handle));
+  if (xfmt::catalog::is_user_handle(handle)) xfmt::catalog::free_user_handle(static_cast<xf_user_handle *>(handle));
   return st;
 }

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "catalog/chain.hpp"
+#include "catalog/handle_kind.hpp"
 #include "userfmt/records.hpp"
 
 namespace xfmt::userfmt {
@@ -77,8 +78,7 @@ void bind_one(nested_binding &b, const xf_user_format *header, const void *const
     b.state = refusal;
     return;
   }
-  char kind = static_cast<const char *>(handle)[8];
-  if (kind == '+' || kind == '-') {
+  if (catalog::is_user_handle(handle)) {
     auto *u = static_cast<xf_user_handle *>(handle);
     store_word(*chain, u->chain_first);
     *chain = u->chain_last;

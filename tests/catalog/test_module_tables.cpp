@@ -35,6 +35,34 @@ TEST(catalog_tables, every_possible_format_row_is_in_its_module) {
   }
 }
 
+// The table is the module rows, grouped by module in host order, each group
+// in its module's order; only JAZWFUWF's PIBR and JAZWIMSC's @$F are left out.
+TEST(catalog_tables, possible_format_rows_follow_the_module_rows) {
+  const char *const host_order[] = {"JAZWFBIN", "JAZWFDTE", "JAZWFMSC", "JAZWFTME", "JAZWFUWF",
+                                    "JAZWFNLS", "JAZWIBIN", "JAZWIDTE", "JAZWIMSC", "JAZWIUWI"};
+  std::size_t k = 0;
+  int left_out = 0;
+  for (const char *module : host_order) {
+    xf_status st = 99;
+    const fmtinfo *m = xfload(nullptr, module, 8, &st);
+    ASSERT_NE(m, nullptr) << module;
+    for (uint64_t i = 0; i < m->count; ++i) {
+      const std::string name = row_name(m->rows[i]);
+      if ((std::strcmp(module, "JAZWFUWF") == 0 && name == "PIBR") ||
+          (std::strcmp(module, "JAZWIMSC") == 0 && name == "@$F")) {
+        ++left_out;
+        continue;
+      }
+      ASSERT_LT(k, 548u) << module << " " << name;
+      EXPECT_EQ(std::string(fmtposs[k].module_name), module) << k;
+      EXPECT_EQ(row_name(fmtposs[k].row), name) << k;
+      ++k;
+    }
+  }
+  EXPECT_EQ(k, 548u);
+  EXPECT_EQ(left_out, 2);
+}
+
 TEST(catalog_tables, names_are_blank_padded_to_eight_then_nul) {
   const fmtinfo *m = jazwfmsc();
   for (uint64_t i = 0; i < m->count; ++i) {

@@ -2,6 +2,7 @@
 // every rule group, and properties over the whole catalog.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <cstring>
 #include <string>
 
@@ -81,6 +82,13 @@ TEST(name_families, every_name_has_its_rule) {
       EXPECT_EQ(e.spec.family, XFX_FAMILY_NONE) << name;
     }
   }
+}
+
+TEST(name_families, generator_reproduces_the_committed_rules) {
+  if (std::system("command -v python3 >/dev/null 2>&1") != 0) GTEST_SKIP() << "python3 missing";
+  const std::string cmd =
+      "cd '" + std::string(XFMT_SOURCE_DIR) + "' && python3 tools/gen/gen_name_families.py --check";
+  EXPECT_EQ(std::system(cmd.c_str()), 0);
 }
 
 }  // namespace

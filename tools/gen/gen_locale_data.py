@@ -1,5 +1,7 @@
 #!/usr/bin/env python3
-"""Writes src/nls/locale_data.cpp: the 136 locale records of 189 fields.
+"""Writes src/nls/locale_data.cpp: the 136 locale records of 189 fields, and
+src/nls/locale_fields.hpp: one name per field position, for the C++ to use
+instead of bare field numbers.
 
 Sources, all read at development time only:
   - the C library's locale sources, /usr/share/i18n/locales/* (Debian package
@@ -13,7 +15,7 @@ Sources, all read at development time only:
     pictures, AM/PM where the C library has none, and the currency of the
     countries the C library has no locale for.
 
-    python3 tools/gen/gen_locale_data.py [--out FILE]
+    python3 tools/gen/gen_locale_data.py [--out FILE] [--fields-out FILE]
 
 Locales the C library lacks take the conventions of the nearest real locale
 (NEAREST below): Chinese_Macau from zh_HK with the pataca; Croatian_Bosnia
@@ -39,6 +41,107 @@ sys.path.insert(0, HERE)
 import glibc_locale as glibc  # noqa: E402
 
 FIELDS = 189
+
+# The name of each field position, as the C++ reads it (namespace lf). A run
+# of fields (months, weekdays, quarters, fonts) is named by its first field.
+FIELD_NAMES = [
+    (0, "full_name", "Language_Country"),
+    (1, "language_name", ""),
+    (2, "language_code", "two letters, lower case"),
+    (3, "country_name", ""),
+    (4, "match_language", "language code matched against ZAV_LOCALE"),
+    (5, "match_country", "country code matched against ZAV_LOCALE"),
+    (6, "date_order", "\"DMY\", \"MDY\" or \"YMD\""),
+    (7, "paper_name", "\"A4\" or \"LETTER\""),
+    (8, "unused_8", "8-12 empty in every record"),
+    (13, "default_date_format", ""),
+    (14, "default_datetime_format", ""),
+    (15, "default_time_format", ""),
+    (16, "default_number_format", ""),
+    (17, "default_percent_format", ""),
+    (18, "device_font_1", "18-27: ten device font names"),
+    (28, "date_default", "date patterns"),
+    (29, "date_short", ""),
+    (30, "date_medium", ""),
+    (31, "date_long", ""),
+    (32, "date_weekday_long", ""),
+    (33, "date_weekday_short", ""),
+    (34, "year_month_long", ""),
+    (35, "year_month_short", ""),
+    (36, "month_day_long", ""),
+    (37, "month_day_short", ""),
+    (38, "year_long", ""),
+    (39, "year_short", ""),
+    (40, "year_quarter_long", ""),
+    (41, "year_quarter_short", ""),
+    (42, "year_week_long", ""),
+    (43, "year_week_short", ""),
+    (44, "datetime_default", "datetime patterns"),
+    (45, "datetime_short", ""),
+    (46, "datetime_24_hour", ""),
+    (47, "datetime_numeric_date", ""),
+    (48, "datetime_medium", ""),
+    (49, "datetime_long", ""),
+    (50, "datetime_weekday_long", ""),
+    (51, "datetime_weekday_short", ""),
+    (52, "time_default", "time patterns"),
+    (53, "time_24_hour", ""),
+    (54, "time_without_seconds", ""),
+    (55, "time_with_seconds", ""),
+    (56, "time_with_zone", ""),
+    (57, "time_with_zone_2", ""),
+    (58, "date_and_time", "\"%x %X\""),
+    (59, "month_abbr_jan", "59-70"),
+    (71, "month_full_jan", "71-82"),
+    (83, "month_abbr_2_jan", "83-94, second set"),
+    (95, "month_full_2_jan", "95-106, second set"),
+    (107, "weekday_abbr_sun", "107-113, Sunday first"),
+    (114, "weekday_full_sun", "114-120"),
+    (121, "weekday_abbr_2_sun", "121-127, second set"),
+    (128, "weekday_full_2_sun", "128-134, second set"),
+    (135, "quarter_abbr_1", "135-138"),
+    (139, "quarter_full_1", "139-142"),
+    (143, "quarter_abbr_2_1", "143-146, second set"),
+    (147, "quarter_full_2_1", "147-150, second set"),
+    (151, "am_marker", ""),
+    (152, "pm_marker", ""),
+    (153, "date_separator", ""),
+    (154, "digit_code", "\"0\", \"1\" or \"6\""),
+    (155, "currency_code", "ISO 4217"),
+    (156, "currency_symbol", "local"),
+    (157, "money_decimal_point", ""),
+    (158, "money_thousands_separator", ""),
+    (159, "money_grouping", ""),
+    (160, "money_positive_sign", ""),
+    (161, "money_negative_sign", ""),
+    (162, "money_international_fraction_digits", ""),
+    (163, "money_fraction_digits", ""),
+    (164, "money_symbol_precedes_positive", "164-169: the six money flags, in this order"),
+    (165, "money_space_positive", ""),
+    (166, "money_symbol_precedes_negative", ""),
+    (167, "money_space_negative", ""),
+    (168, "money_positive_sign_position", ""),
+    (169, "money_negative_sign_position", ""),
+    (170, "money_picture_local", ""),
+    (171, "money_picture_neutral", ""),
+    (172, "decimal_point", ""),
+    (173, "thousands_separator", ""),
+    (174, "grouping", ""),
+    (175, "positive_sign", ""),
+    (176, "negative_sign", ""),
+    (177, "symbol_precedes_positive", "177-182: the six flags again, for plain numbers"),
+    (178, "space_positive", ""),
+    (179, "symbol_precedes_negative", ""),
+    (180, "space_negative", ""),
+    (181, "positive_sign_position", ""),
+    (182, "negative_sign_position", ""),
+    (183, "number_picture_local", ""),
+    (184, "number_picture_neutral", ""),
+    (185, "percent_picture_local", ""),
+    (186, "percent_picture_neutral", ""),
+    (187, "paper_height_mm", ""),
+    (188, "paper_width_mm", ""),
+]
 
 # code -> where each kind of data comes from when it is not the code itself.
 #   time: LC_TIME and LC_PAPER; money: LC_MONETARY; num: LC_NUMERIC;
@@ -475,10 +578,30 @@ def c_string(s):
     return '"' + s.replace("\\", "\\\\").replace('"', '\\"').replace("??", '?""?') + '"'
 
 
+def fields_header():
+    positions = [k for k, _, _ in FIELD_NAMES]
+    assert positions == sorted(set(positions)) and positions[0] == 0 and positions[-1] == FIELDS - 1
+    out = ["// Generated by tools/gen/gen_locale_data.py; regenerate with: python3 tools/gen/gen_locale_data.py\n",
+           "// The position of each field of a locale record (ZAVlocaleData[id - 1][field]). A run of\n",
+           "// fields (months, weekdays, quarters) is named by its first field: month_full_jan + 11 is\n",
+           "// December. Do not edit: change FIELD_NAMES in the generator and rerun it.\n",
+           "#pragma once\n\n",
+           "namespace xfmt::nls::lf {\n\n",
+           "enum : int {\n"]
+    for k, name, note in FIELD_NAMES:
+        line = f"    {name} = {k},"
+        out.append(f"{line:<48}// {note}\n" if note else line + "\n")
+    out.append("};\n\n}  // namespace xfmt::nls::lf\n")
+    return "".join(out)
+
+
 def main():
     ap = argparse.ArgumentParser()
     ap.add_argument("--out", default=os.path.join(ROOT, "src/nls/locale_data.cpp"))
+    ap.add_argument("--fields-out", default=os.path.join(ROOT, "src/nls/locale_fields.hpp"))
     args = ap.parse_args()
+    with open(args.fields_out, "w", encoding="ascii", newline="\n") as f:
+        f.write(fields_header())
 
     recs = read_tsv("locale_list.txt")
     assert len(recs) == 136
