@@ -130,6 +130,7 @@ inline int64_t value_of(const moment &m) {
   if constexpr (P == part::second) return static_cast<int64_t>(std::floor(m.second));
   if constexpr (P == part::days) return m.hour / 24;
   if constexpr (P == part::half) return m.hour % 24 <= 11 ? 0 : 1;
+  if constexpr (P == part::half_of_count) return m.hour < 12 ? 0 : 1;
 }
 
 size_t write_literal(const plan_step &s, const run_context &c, size_t n) {
@@ -359,45 +360,12 @@ era_kind era_of(const field_reader &loc) {
   return era_kind::none;
 }
 
-class plan_builder {
+// The locale dialect of patterns: "%" conversions as the locale records
+// write them.
+class plan_builder : public plan_maker {
  public:
   plan_builder(const field_reader &loc, const locale_names &names, pattern_plan *plan)
-      : loc_(loc), names_(names), plan_(*plan) {
-    plan_ = pattern_plan{};
-    plan_.names = &names;
-  }
-
-  // Takes up to len bytes of literal text; returns how many fit the plan.
-  // Text goes on the end of the last literal, or becomes the suffix of the
-  // last step while that stays within one chunk, or a literal step.
-  size_t literal(const char *t, size_t len) {
-    if (len > plan_max_text - used_) len = plan_max_text - used_;
-    if (len == 0) return 0;
-    plan_step *last = plan_.step_count > 0 ? &plan_.steps[plan_.step_count - 1] : nullptr;
-    const auto at = static_cast<uint16_t>(used_);
-    if (last != nullptr && last->kind == plan_step::literal && last->first + last->length == at) {
-      last->length = static_cast<uint16_t>(last->length + len);
-    } else if (last != nullptr && last->kind != plan_step::literal &&
-               last->suffix_length + len <= plan_chunk &&
-               (last->suffix_length == 0 || last->suffix_first + last->suffix_length == at)) {
-      if (last->suffix_length == 0) last->suffix_first = at;
-      last->suffix_length = static_cast<uint8_t>(last->suffix_length + len);
-    } else {
-      plan_step s;
-      s.first = at;
-      s.length = static_cast<uint16_t>(len);
-      if (!add(s)) return 0;
-    }
-    std::memcpy(plan_.text + used_, t, len);
-    plan_.literals_plain = plan_.literals_plain && plain_text(std::string_view(t, len));
-    used_ += len;
-    return len;
-  }
-
-  // Room for a conversion of up to steps steps and bytes bytes of text.
-  bool room_for(size_t steps, size_t bytes) const {
-    return plan_.step_count + steps <= plan_max_steps && used_ + bytes <= plan_max_text;
-  }
+      : plan_maker(names, plan), loc_(loc) {}
 
   // One conversion; false for an unknown letter.
   bool conversion_steps(const conversion &c) {
@@ -406,16 +374,16 @@ class plan_builder {
       case '%':
         return literal("%", 1) == 1;
       case 'A':
-        return name(weekday_first(c), 7, part::wday, false);
+        return name(weekday_first(c), 7, part::wday, false, need_date);
       case 'F':
-        return name(weekday_first(c), 7, part::wday, true);
+        return name(weekday_first(c), 7, part::wday, true, need_date);
       case 'B':
-        return name(month_first(c), 12, part::month_index, false);
+        return name(month_first(c), 12, part::month_index, false, need_date);
       case 'C':
         return name(c.hash ? field_month_full_lower : field_month_full, 12, part::month_index,
-                    true);
+                    true, need_date);
       case 'Q':
-        return name(quarter_first(c), 4, part::quarter_index, false);
+        return name(quarter_first(c), 4, part::quarter_index, false, need_date);
       case 'D':
         return two(c, part::day, need_date);
       case 'E':
@@ -440,13 +408,10 @@ class plan_builder {
         return last(part::month, 2, ' ', need_date);
       case 'J':
         return c.hash ? least(part::yday, 1, false, need_date) : last(part::yday, 3, '0', need_date);
-      case 'P': {
-        plan_step s = name_step(field_am, 2, part::half, 0);
-        s.needs = need_hour;
-        return add(s);
-      }
+      case 'P':
+        return name(field_am, 2, part::half, false, need_hour);
       case 'S':
-        return two(c, part::second, need_second) && (c.lower || fraction());
+        return two(c, part::second, need_second) && (c.lower || fraction(decimal_point()));
       case 'T': {
         const conversion plain_two{};
         return two(plain_two, part::hour, need_hour) && literal(":", 1) == 1 &&
@@ -462,95 +427,24 @@ class plan_builder {
         return two(c, part::iso_week, need_date);
       case 'Y':
         return year(c);
-      case 'Z': {
-        plan_step s;
-        s.kind = c.lower ? plan_step::zone_offset : plan_step::zone_name;
-        return add(s);
-      }
+      case 'Z':
+        return zone(c.lower);
       default:
         return false;
     }
   }
 
-  void finish(plan_state state) {
-    for (uint8_t k = 0; k < plan_.step_count; ++k) {
-      plan_step &s = plan_.steps[k];
-      s.write = writers[static_cast<size_t>(s.source)][static_cast<size_t>(s.kind) +
-                                                       (s.suffix_length != 0 ? kind_count : 0)];
-    }
-    plan_.state = state;
-  }
-
  private:
-  bool add(const plan_step &s) {
-    if (plan_.step_count == plan_max_steps) return false;
-    plan_.steps[plan_.step_count++] = s;
-    return true;
-  }
-
-  bool last(part p, uint8_t digits, char fill, uint8_t needs) {
-    plan_step s;
-    s.kind = plan_step::last_digits;
-    s.source = p;
-    s.digits = digits;
-    s.fill = fill;
-    s.needs = needs;
-    return add(s);
-  }
-
-  bool least(part p, uint8_t digits, bool clamp, uint8_t needs) {
-    plan_step s;
-    s.kind = plan_step::least_digits;
-    s.source = p;
-    s.digits = digits;
-    s.clamp = clamp;
-    s.needs = needs;
-    return add(s);
-  }
-
   // Two digits (the last two, zero padded, a negative as 0); under "#" as
   // many as needed.
   bool two(const conversion &c, part p, uint8_t needs) {
     return c.hash ? least(p, 1, false, needs) : last(p, 2, '0', needs);
   }
 
-  plan_step name_step(int first, int count, part p, uint16_t pad) const {
-    plan_step s;
-    s.kind = pad != 0 ? plan_step::padded_name : plan_step::name;
-    s.source = p;
-    s.digits = static_cast<uint8_t>(count);
-    s.first = static_cast<uint16_t>(first);
-    s.length = pad;
-    return s;
-  }
-
-  // count names from first on, one picked by p; padded to the longest when
-  // asked.
-  bool name(int first, int count, part p, bool padded) {
-    uint16_t pad = 0;
-    if (padded)
-      for (int i = 0; i < count; ++i) {
-        const name_entry &e = names_.names[first - first_name_field + i];
-        if (e.chars != no_pad && e.chars > pad) pad = e.chars;
-      }
-    plan_step s = name_step(first, count, p, pad);
-    s.needs = need_date;
-    return add(s);
-  }
-
-  bool fraction() {
+  std::string_view decimal_point() const {
     std::string_view point;
     if (!loc_.get(field_decimal_point, &point) || point.empty()) point = ".";
-    if (point.size() > plan_max_text - used_) return false;
-    plan_step s;
-    s.kind = plan_step::fraction;
-    s.first = static_cast<uint16_t>(used_);
-    s.length = static_cast<uint16_t>(point.size());
-    if (!add(s)) return false;
-    std::memcpy(plan_.text + used_, point.data(), point.size());
-    plan_.literals_plain = plan_.literals_plain && plain_text(point);
-    used_ += point.size();
-    return true;
+    return point;
   }
 
   bool year(const conversion &c) {
@@ -572,12 +466,116 @@ class plan_builder {
   }
 
   const field_reader &loc_;
-  const locale_names &names_;
-  pattern_plan &plan_;
-  size_t used_ = 0;
 };
 
 }  // namespace
+
+plan_maker::plan_maker(const locale_names &names, pattern_plan *plan)
+    : names_(names), plan_(*plan) {
+  plan_ = pattern_plan{};
+  plan_.names = &names;
+}
+
+// Text goes on the end of the last literal, or becomes the suffix of the
+// last step while that stays within one chunk, or a literal step.
+size_t plan_maker::literal(const char *t, size_t len) {
+  if (len > plan_max_text - used_) len = plan_max_text - used_;
+  if (len == 0) return 0;
+  plan_step *last = plan_.step_count > 0 ? &plan_.steps[plan_.step_count - 1] : nullptr;
+  const auto at = static_cast<uint16_t>(used_);
+  if (last != nullptr && last->kind == plan_step::literal && last->first + last->length == at) {
+    last->length = static_cast<uint16_t>(last->length + len);
+  } else if (last != nullptr && last->kind != plan_step::literal &&
+             last->suffix_length + len <= plan_chunk &&
+             (last->suffix_length == 0 || last->suffix_first + last->suffix_length == at)) {
+    if (last->suffix_length == 0) last->suffix_first = at;
+    last->suffix_length = static_cast<uint8_t>(last->suffix_length + len);
+  } else {
+    plan_step s;
+    s.first = at;
+    s.length = static_cast<uint16_t>(len);
+    if (!add(s)) return 0;
+  }
+  std::memcpy(plan_.text + used_, t, len);
+  plan_.literals_plain = plan_.literals_plain && plain_text(std::string_view(t, len));
+  used_ += len;
+  return len;
+}
+
+bool plan_maker::room_for(size_t steps, size_t bytes) const {
+  return plan_.step_count + steps <= plan_max_steps && used_ + bytes <= plan_max_text;
+}
+
+bool plan_maker::last(part p, uint8_t digits, char fill, uint8_t needs) {
+  plan_step s;
+  s.kind = plan_step::last_digits;
+  s.source = p;
+  s.digits = digits;
+  s.fill = fill;
+  s.needs = needs;
+  return add(s);
+}
+
+bool plan_maker::least(part p, uint8_t digits, bool clamp, uint8_t needs) {
+  plan_step s;
+  s.kind = plan_step::least_digits;
+  s.source = p;
+  s.digits = digits;
+  s.clamp = clamp;
+  s.needs = needs;
+  return add(s);
+}
+
+bool plan_maker::name(int first, int count, part p, bool padded, uint8_t needs) {
+  uint16_t pad = 0;
+  if (padded)
+    for (int i = 0; i < count; ++i) {
+      const name_entry &e = names_.names[first - first_name_field + i];
+      if (e.chars != no_pad && e.chars > pad) pad = e.chars;
+    }
+  plan_step s;
+  s.kind = pad != 0 ? plan_step::padded_name : plan_step::name;
+  s.source = p;
+  s.digits = static_cast<uint8_t>(count);
+  s.first = static_cast<uint16_t>(first);
+  s.length = pad;
+  s.needs = needs;
+  return add(s);
+}
+
+bool plan_maker::zone(bool offset) {
+  plan_step s;
+  s.kind = offset ? plan_step::zone_offset : plan_step::zone_name;
+  return add(s);
+}
+
+bool plan_maker::fraction(std::string_view point) {
+  if (point.size() > plan_max_text - used_) return false;
+  plan_step s;
+  s.kind = plan_step::fraction;
+  s.first = static_cast<uint16_t>(used_);
+  s.length = static_cast<uint16_t>(point.size());
+  if (!add(s)) return false;
+  std::memcpy(plan_.text + used_, point.data(), point.size());
+  plan_.literals_plain = plan_.literals_plain && plain_text(point);
+  used_ += point.size();
+  return true;
+}
+
+void plan_maker::finish(plan_state state) {
+  for (uint8_t k = 0; k < plan_.step_count; ++k) {
+    plan_step &s = plan_.steps[k];
+    s.write = writers[static_cast<size_t>(s.source)][static_cast<size_t>(s.kind) +
+                                                     (s.suffix_length != 0 ? kind_count : 0)];
+  }
+  plan_.state = state;
+}
+
+bool plan_maker::add(const plan_step &s) {
+  if (plan_.step_count == plan_max_steps) return false;
+  plan_.steps[plan_.step_count++] = s;
+  return true;
+}
 
 void read_names(const field_reader &loc, locale_names *out) {
   *out = locale_names{};

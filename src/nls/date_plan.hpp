@@ -72,9 +72,10 @@ enum class part : uint8_t {
   minute,
   second,  // whole seconds
   days,    // whole days in the hour count
-  half,    // 0 before noon, 1 after
+  half,    // 0 before noon, 1 after (the hour of the day)
+  half_of_count,  // 0 for an hour count below 12, 1 from 12 on
 };
-inline constexpr size_t part_count = static_cast<size_t>(part::half) + 1;
+inline constexpr size_t part_count = static_cast<size_t>(part::half_of_count) + 1;
 
 // What a step needs from the moment; a step whose need is missing writes
 // "**" instead.
@@ -153,6 +154,33 @@ struct pattern_plan {
   plan_step steps[plan_max_steps];
   char text[plan_max_text + plan_chunk];  // the literal pieces, padded for chunk reads
   const locale_names *names = nullptr;
+};
+
+// Builds a plan step by step: the locale patterns' compiler below and the
+// user formats' date directives both use it.
+class plan_maker {
+ public:
+  plan_maker(const locale_names &names, pattern_plan *plan);
+  // Takes up to len bytes of literal text; returns how many fit the plan.
+  size_t literal(const char *t, size_t len);
+  // Room for up to steps more steps and bytes more bytes of text.
+  bool room_for(size_t steps, size_t bytes) const;
+  bool last(part p, uint8_t digits, char fill, uint8_t needs);
+  bool least(part p, uint8_t digits, bool clamp, uint8_t needs);
+  // count names from first on, one picked by p; padded to the longest when
+  // asked.
+  bool name(int first, int count, part p, bool padded, uint8_t needs);
+  bool zone(bool offset);
+  // The seconds' fraction after the decimal point given.
+  bool fraction(std::string_view point);
+  // Sets each step's writer and the plan's state.
+  void finish(plan_state state);
+
+ private:
+  bool add(const plan_step &s);
+  const locale_names &names_;
+  pattern_plan &plan_;
+  size_t used_ = 0;
 };
 
 // Compiles the prepared pattern (see prepare_pattern) from position from
