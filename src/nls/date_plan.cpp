@@ -43,7 +43,7 @@ size_t put_bounded(const run_context &c, size_t n, const char *s, size_t len) {
 
 // len (at most 16) bytes: two overlapping moves instead of a call, touching
 // nothing outside the len bytes.
-inline void copy_short(char *to, const char *from, size_t len) {
+[[gnu::always_inline]] inline void copy_short(char *to, const char *from, size_t len) {
   if (len >= 8) {
     std::memcpy(to, from, 8);
     std::memcpy(to + len - 8, from + len - 8, 8);
@@ -60,7 +60,7 @@ inline void copy_short(char *to, const char *from, size_t len) {
 
 // Text of len bytes whose 16-byte chunk from may be read whole: the chunk is
 // stored when the scratch room allows, else exactly the bytes that fit.
-inline size_t put_chunked(const run_context &c, size_t n, const char *from, size_t len) {
+[[gnu::always_inline]] inline size_t put_chunked(const run_context &c, size_t n, const char *from, size_t len) {
   if (len <= plan_chunk && n + plan_chunk <= c.chunk_room) {
     std::memcpy(c.out + n, from, plan_chunk);
     return n + len;
@@ -96,6 +96,14 @@ week_values week_fields(const moment &m) {
 
 int64_t twelve_hour(int64_t h) { return h <= 12 ? h : h % 12; }
 
+// floor without the library call (the processor's baseline has no rounding
+// instruction): truncate, then step down for negative fractions.
+inline int64_t whole_seconds(double s) {
+  if (!(s > -9.0e18 && s < 9.0e18)) return static_cast<int64_t>(std::floor(s));
+  const auto t = static_cast<int64_t>(s);
+  return static_cast<double>(t) > s ? t - 1 : t;
+}
+
 // One part of the moment. The writers are made for each part.
 template <part P>
 inline int64_t value_of(const moment &m) {
@@ -127,7 +135,7 @@ inline int64_t value_of(const moment &m) {
   if constexpr (P == part::hour_12) return twelve_hour(m.hour) == 0 ? 12 : twelve_hour(m.hour);
   if constexpr (P == part::hour_12_raw) return twelve_hour(m.hour);
   if constexpr (P == part::minute) return m.minute;
-  if constexpr (P == part::second) return static_cast<int64_t>(std::floor(m.second));
+  if constexpr (P == part::second) return whole_seconds(m.second);
   if constexpr (P == part::days) return m.hour / 24;
   if constexpr (P == part::half) return m.hour % 24 <= 11 ? 0 : 1;
   if constexpr (P == part::half_of_count) return m.hour < 12 ? 0 : 1;
@@ -138,7 +146,7 @@ size_t write_literal(const plan_step &s, const run_context &c, size_t n) {
 }
 
 // The name itself, "**" when the moment has no such name; the caller pads it.
-inline size_t write_name_text(const plan_step &s, int64_t index, const run_context &c, size_t n,
+[[gnu::always_inline]] inline size_t write_name_text(const plan_step &s, int64_t index, const run_context &c, size_t n,
                               const name_entry **picked) {
   if (index < 0 || index >= s.digits) [[unlikely]]
     return put_bounded(c, n, "**", 2);
@@ -274,7 +282,7 @@ size_t write_zone_name(const plan_step &, const run_context &c, size_t n) {
   return put_bounded(c, n, t.data(), t.size());
 }
 
-size_t write_suffix(const plan_step &s, const run_context &c, size_t n) {
+[[gnu::always_inline]] inline size_t write_suffix(const plan_step &s, const run_context &c, size_t n) {
   return put_chunked(c, n, c.plan.text + s.suffix_first, s.suffix_length);
 }
 
@@ -322,7 +330,7 @@ constexpr auto writers = writer_table(std::make_index_sequence<part_count>{});
 
 // Steps K and on, each from a call of its own (see plan_step::write).
 template <size_t K>
-inline size_t run_steps(const run_context &c, uint8_t missing, size_t n) {
+[[gnu::always_inline]] inline size_t run_steps(const run_context &c, uint8_t missing, size_t n) {
   if constexpr (K == plan_max_steps) {
     return n;
   } else {

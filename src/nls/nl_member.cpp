@@ -29,16 +29,114 @@ bool value_in_range(value_kind k, double v) {
   return k == value_kind::date ? date_value_in_range(v) : datetime_value_in_range(v);
 }
 
+// The week rules are asked for only by "%G", "%g", "%V" and "%W": then the
+// full moment of the day gives them.
+void weeks_of_day(const moment &m, int *iso_year, int *iso_week, int *monday_week) {
+  const moment full = date_moment_of(static_cast<double>(m.day_number));
+  full.weeks(full, iso_year, iso_week, monday_week);
+}
+
+// The moment of in-range day n, with the time parts given. One aggregate
+// initialisation, each field written once: a zero fill of the whole struct
+// first costs as much as the calendar split.
+moment day_moment(int64_t n, bool has_hour = false, int64_t hour = 0, bool has_rest = false,
+                  int minute = 0, double second = 0) {
+  const datetime::ymd c = datetime::ymd_in_range(n);
+  const int64_t w = (n + 5) % 7;  // 1960-01-01 was a Friday
+  return moment{.has_date = true,
+                .day_number = n,
+                .year = static_cast<int>(c.year),
+                .month = c.month,
+                .day = c.day,
+                .yday = datetime::day_of_year(c.year, c.month, c.day),
+                .wday = static_cast<int>(w < 0 ? w + 7 : w),
+                .iso_year = 0,
+                .iso_week = 0,
+                .monday_week = 0,
+                .weeks = &weeks_of_day,
+                .has_hour = has_hour,
+                .has_minute = has_rest,
+                .has_second = has_rest,
+                .hour = hour,
+                .minute = minute,
+                .second = second};
+}
+
+// floor of a value well inside the int64 range, without the library call.
+int64_t floor_whole(double v) {
+  const auto n = static_cast<int64_t>(v);
+  return static_cast<double>(n) > v ? n - 1 : n;
+}
+
+// fmod(x, m) for a whole m and |x| far below 2^52: x less a whole multiple
+// of m is exact there, so one division stands in for the library's long
+// division; the quotient, off by one at worst, is put right after.
+double remainder_of(double x, double m) {
+  double r = x - static_cast<double>(static_cast<int64_t>(x / m)) * m;
+  if (x >= 0) {
+    if (r < 0) r += m;
+    else if (r >= m) r -= m;
+  } else {
+    if (r > 0) r -= m;
+    else if (r <= -m) r += m;
+  }
+  return r;
+}
+
+constexpr double powers_of_ten[] = {1, 10, 100, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
+
+// Rounds |v| to decimals the way the plain number printer does: add half a
+// unit of the last place, nudge by one ulp, truncate.
+double round_to(double v, int32_t decimals) {
+  if (decimals <= 0 && v == std::floor(v)) return v;
+  const double scale = powers_of_ten[decimals < 0 ? 0 : (decimals > 9 ? 9 : decimals)];
+  const double mag = (std::fabs(v) + 0.5 / scale) * 1.0000000000000002;
+  const double r = std::floor(mag * scale) / scale;
+  return v < 0 ? -r : r;
+}
+
+// The moment of an in-range datetime (or time) value rounded to decimals:
+// the date part and the time of day as zdatprt, zhour, zminute and zsecond
+// split them, the remainder of the day worked out once.
+moment datetime_moment(double value, int32_t decimals, bool with_date) {
+  const double r = round_to(value, decimals);
+  const bool in_range = datetime::datetime_in_range(r);
+  const double f = remainder_of(r, datetime::seconds_per_day);
+  const double rest = r < 0 ? datetime::seconds_per_day - std::fabs(f) : f;
+  const int64_t hour =
+      in_range ? static_cast<int64_t>((f < 0 ? f + datetime::seconds_per_day : f) / 3600.0) : 0;
+  const int minute = static_cast<int>(
+      static_cast<int64_t>(static_cast<double>(static_cast<int64_t>(remainder_of(rest, 3600.0))) /
+                           60.0));
+  const double second = remainder_of(rest, 60.0);
+  if (with_date && in_range) {
+    const int64_t day =
+        (floor_whole(r) - static_cast<int64_t>(datetime::datetime_min)) / 86400 +
+        datetime::date_min;
+    return day_moment(day, true, hour, true, minute, second);
+  }
+  moment m;
+  m.has_hour = in_range;
+  m.hour = hour;
+  m.has_minute = m.has_second = true;
+  m.minute = minute;
+  m.second = second;
+  return m;
+}
+
+// The moment of a member's value (already checked against its range).
 moment moment_for(value_kind k, double v, int32_t d) {
   switch (k) {
     case value_kind::date:
-      return date_moment_of(v);
+      return day_moment(floor_whole(v));
     case value_kind::datetime:
-      return datetime_moment_of(v, d, true);
-    case value_kind::date_of_datetime:
-      return date_moment_of(zdatprt(v));
+      return datetime_moment(v, d, true);
+    case value_kind::date_of_datetime: {
+      const double day = zdatprt(v);
+      return is_missing(day) ? moment{} : day_moment(floor_whole(day));
+    }
     case value_kind::time:
-      return datetime_moment_of(v, d, false);
+      return datetime_moment(v, d, false);
   }
   return moment{};
 }
@@ -301,6 +399,23 @@ void place_left_utf16(xf_frame *f, uint32_t n) {
   f->output_encoding = XF_ENC_UTF16LE;
 }
 
+// The usual case, kept short: a kept plan written straight into a
+// single-byte field, where plain text that fits is the result. False leaves
+// the field to format_text, which comes to the same bytes the long way.
+bool placed_directly(xf_frame *f, const pattern_plan *plan, const moment &m, int32_t d,
+                     uint32_t *n) {
+  if (plan == nullptr || plan->state != plan_state::complete || wants_utf16(f) || f->width <= 0)
+    return false;
+  const auto w = static_cast<uint32_t>(f->width);
+  uint32_t room = w < f->output_capacity ? w : f->output_capacity;
+  if (room > text_room) room = static_cast<uint32_t>(text_room);
+  bool plain = true;
+  const size_t len = run_plan(*plan, m, d, frame_out(f), room, 0, true, &plain);
+  if (len > room || !plain) return false;
+  *n = static_cast<uint32_t>(len);
+  return true;
+}
+
 xf_status run_two_pattern(xf_frame *f, const member_spec &spec) {
   xf_status st;
   if (!prologue(f, spec, true, &st)) return st;
@@ -311,6 +426,11 @@ xf_status run_two_pattern(xf_frame *f, const member_spec &spec) {
   bool no_room = false;
   for (int code : {spec.first, spec.second}) {
     if (code == 0) continue;
+    uint32_t n = 0;
+    if (placed_directly(f, plan_for_code(id, code), m, d, &n)) {
+      place_left(f, n, false);
+      return XF_OK;
+    }
     const placed p = format_text(f, m, loc, id, {nullptr, 0, code}, d, false, true);
     if (p.result == nl_result::done) {
       place_left(f, p.n, wants_utf16(f));
