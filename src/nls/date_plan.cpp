@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "catalog/platform.hpp"
+#include "datetime/calendar.hpp"
 #include "core/bounded_text.hpp"
 #include "nls/locale_reader.hpp"
 
@@ -104,6 +105,17 @@ inline int64_t whole_seconds(double s) {
   return static_cast<double>(t) > s ? t - 1 : t;
 }
 
+// The day of the year and the weekday, worked out here when the moment
+// left them out.
+inline int yday_of(const moment &m) {
+  return m.yday != 0 ? m.yday : datetime::day_of_year(m.year, m.month, m.day);
+}
+inline int wday_of(const moment &m) {
+  if (m.wday != unknown_wday) return m.wday;
+  const int64_t w = (m.day_number + 5) % 7;  // 1960-01-01 was a Friday
+  return static_cast<int>(w < 0 ? w + 7 : w);
+}
+
 // One part of the moment. The writers are made for each part.
 template <part P>
 inline int64_t value_of(const moment &m) {
@@ -111,12 +123,12 @@ inline int64_t value_of(const moment &m) {
   if constexpr (P == part::month) return m.month;
   if constexpr (P == part::year) return m.year;
   if constexpr (P == part::year_of_century) return m.year % 100;
-  if constexpr (P == part::wday) return m.wday;
-  if constexpr (P == part::wday_monday_1) return m.wday == 0 ? 7 : m.wday;
+  if constexpr (P == part::wday) return wday_of(m);
+  if constexpr (P == part::wday_monday_1) return wday_of(m) == 0 ? 7 : wday_of(m);
   if constexpr (P == part::month_index) return m.month - 1;
   if constexpr (P == part::quarter_index) return (m.month - 1) / 3;
-  if constexpr (P == part::yday) return m.yday;
-  if constexpr (P == part::sunday_week) return (m.yday - 1 + 7 - m.wday) / 7;
+  if constexpr (P == part::yday) return yday_of(m);
+  if constexpr (P == part::sunday_week) return (yday_of(m) - 1 + 7 - wday_of(m)) / 7;
   if constexpr (P == part::iso_year) return week_fields(m).iso_year;
   if constexpr (P == part::iso_year_of_century) return week_fields(m).iso_year % 100;
   if constexpr (P == part::iso_week) return week_fields(m).iso_week;

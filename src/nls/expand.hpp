@@ -43,6 +43,8 @@ struct moment {
   int year = 0;            // 1582 .. 20000
   int month = 0;           // 1 .. 12
   int day = 0;             // 1 .. 31
+  // The day of the year and the weekday may be left to the steps that show
+  // them (most patterns do not): yday 0 and wday unknown_wday say so.
   int yday = 0;            // 1 .. 366
   int wday = -1;           // 0 Sunday .. 6 Saturday
   int iso_year = 0;        // ISO 8601 week-numbering year
@@ -57,6 +59,8 @@ struct moment {
   int minute = 0;     // 0 .. 59
   double second = 0;  // 0 <= s < 60, fraction kept
 };
+
+inline constexpr int unknown_wday = 7;
 
 // One conversion of a pattern: "%", flags, letter.
 struct conversion {

@@ -36,20 +36,20 @@ void weeks_of_day(const moment &m, int *iso_year, int *iso_week, int *monday_wee
   full.weeks(full, iso_year, iso_week, monday_week);
 }
 
-// The moment of in-range day n, with the time parts given. One aggregate
+// The moment of in-range day n, with the time parts given; the day of the
+// year and the weekday are left to the steps that show them. One aggregate
 // initialisation, each field written once: a zero fill of the whole struct
 // first costs as much as the calendar split.
 moment day_moment(int64_t n, bool has_hour = false, int64_t hour = 0, bool has_rest = false,
                   int minute = 0, double second = 0) {
   const datetime::ymd c = datetime::ymd_in_range(n);
-  const int64_t w = (n + 5) % 7;  // 1960-01-01 was a Friday
   return moment{.has_date = true,
                 .day_number = n,
                 .year = static_cast<int>(c.year),
                 .month = c.month,
                 .day = c.day,
-                .yday = datetime::day_of_year(c.year, c.month, c.day),
-                .wday = static_cast<int>(w < 0 ? w + 7 : w),
+                .yday = 0,
+                .wday = unknown_wday,
                 .iso_year = 0,
                 .iso_week = 0,
                 .monday_week = 0,
@@ -125,7 +125,7 @@ moment datetime_moment(double value, int32_t decimals, bool with_date) {
 }
 
 // The moment of a member's value (already checked against its range).
-moment moment_for(value_kind k, double v, int32_t d) {
+[[gnu::always_inline]] inline moment moment_for(value_kind k, double v, int32_t d) {
   switch (k) {
     case value_kind::date:
       return day_moment(floor_whole(v));
@@ -402,7 +402,7 @@ void place_left_utf16(xf_frame *f, uint32_t n) {
 // The usual case, kept short: a kept plan written straight into a
 // single-byte field, where plain text that fits is the result. False leaves
 // the field to format_text, which comes to the same bytes the long way.
-bool placed_directly(xf_frame *f, const pattern_plan *plan, const moment &m, int32_t d,
+[[gnu::always_inline]] inline bool placed_directly(xf_frame *f, const pattern_plan *plan, const moment &m, int32_t d,
                      uint32_t *n) {
   if (plan == nullptr || plan->state != plan_state::complete || wants_utf16(f) || f->width <= 0)
     return false;
