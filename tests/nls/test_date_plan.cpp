@@ -77,11 +77,11 @@ constexpr char sentinel = '\x7f';
 written literal(const field_reader &loc, std::string_view p, const moment &m, int32_t d,
                 size_t room) {
   std::vector<char> out(room + 1, sentinel);
-  written w{xfmt::oracle::expand_literally(m, loc, p.data(), p.size(), out.data(), room, &w.length,
-                                           d),
-            0, {}};
-  if (w.code == 0) w.text.assign(out.data(), w.length < room ? w.length : room);
-  return w;
+  size_t length = 0;
+  const int code =
+      xfmt::oracle::expand_literally(m, loc, p.data(), p.size(), out.data(), room, &length, d);
+  if (code != 0) return {code, 0, {}};
+  return {0, length, std::string(out.data(), length < room ? length : room)};
 }
 
 // Through expand_text, or through a plan when one is given; nothing may be
