@@ -665,19 +665,57 @@ size_t run_plan(const pattern_plan &plan, const moment &m, int32_t decimals, cha
   return n;
 }
 
+namespace {
+
+// The patterns of the moment last compiled on this thread for database
+// locales (the short numeric forms, the name tables' "%#A", a host's own
+// patterns): a hit skips compiling. Longer patterns are compiled each time.
+constexpr size_t recent_pattern_room = 64;
+constexpr size_t recent_count = 4;
+
+struct recent_plan {
+  int id = 0;
+  size_t length = 0;
+  char pattern[recent_pattern_room];
+  pattern_plan plan;
+};
+
+thread_local recent_plan recent_plans[recent_count];
+thread_local size_t recent_next = 0;
+
+const pattern_plan *recent_plan_for(int id, const locale_plans &set, const field_reader &loc,
+                                    std::string_view prepared) {
+  if (prepared.size() > recent_pattern_room) return nullptr;
+  for (recent_plan &r : recent_plans)
+    if (r.id == id && r.length == prepared.size() &&
+        std::memcmp(r.pattern, prepared.data(), prepared.size()) == 0)
+      return &r.plan;
+  recent_plan &r = recent_plans[recent_next++ % recent_count];
+  r.id = 0;
+  compile_pattern(loc, set.names, prepared, 0, &r.plan);
+  if (r.plan.state == plan_state::partial) return nullptr;
+  r.id = id;
+  r.length = prepared.size();
+  std::memcpy(r.pattern, prepared.data(), prepared.size());
+  return &r.plan;
+}
+
+}  // namespace
+
 nl_result run_pattern(const moment &m, const field_reader &loc, const pattern_plan *plan,
                       std::string_view prepared, int32_t decimals, char *out, size_t room,
                       bool tail_is_scratch, size_t *length, bool *plain) {
   if (plain != nullptr) *plain = true;
+  const int id = plan == nullptr ? database_locale(loc) : 0;
+  const locale_plans *set = id != 0 ? plans_of_locale(id) : nullptr;
+  if (plan == nullptr && set != nullptr) plan = recent_plan_for(id, *set, loc, prepared);
   size_t n = 0;
   if (plan != nullptr && plan->state == plan_state::bad_letter) return nl_result::unusable;
   if (plan != nullptr && plan->state == plan_state::complete) {
     n = run_plan(*plan, m, decimals, out, room, 0, tail_is_scratch, plain);
   } else {
-    // A pattern of the moment (or one too long for a kept plan): compiled
-    // here, a plan's worth at a time.
-    const int id = database_locale(loc);
-    const locale_plans *set = id != 0 ? plans_of_locale(id) : nullptr;
+    // A pattern of the moment too long to keep (or one for a reader of a
+    // test's own): compiled here, a plan's worth at a time.
     locale_names own;
     const locale_names *names = set != nullptr ? &set->names : nullptr;
     if (names == nullptr) {

@@ -2,7 +2,8 @@
 // %H:%M:%S") is compiled once into steps (literal text, a name, a number, the
 // fraction of the seconds, the zone) and the steps are run for each value.
 // A locale's own patterns are compiled once per locale and kept for the life
-// of the process; any other pattern is compiled where it is expanded. The
+// of the process; the last few other short patterns of a database locale
+// are kept per thread; anything else is compiled where it is expanded. The
 // text stays in the record's narrow form (non-ASCII as "<UXXXX>" escapes);
 // nl_encode turns it into the output encoding.
 #pragma once
