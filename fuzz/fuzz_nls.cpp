@@ -148,12 +148,27 @@ void one_compiled_pattern(reader &r) {
   check(n == want_n && std::memcmp(out.data(), want, n < room ? n : room) == 0);
 }
 
+// A user-format date picture: its directives run through the same engine;
+// never past the work area, the same text twice.
+void one_date_picture(reader &r) {
+  const int32_t datatype = r.byte() % 5;
+  const double value = value_of(r);
+  const int32_t capacity = static_cast<int32_t>(r.byte()) - 8;
+  std::vector<char> picture(r.p, r.p + r.n);
+  std::vector<char> a(capacity > 0 ? static_cast<size_t>(capacity) : 0), b(a.size());
+  const auto length = static_cast<int32_t>(picture.size());
+  const int32_t n = datefmt(picture.data(), length, datatype, "", 0, value, a.data(), capacity);
+  const int32_t m = datefmt(picture.data(), length, datatype, "", 0, value, b.data(), capacity);
+  check(n == m && a == b && n >= 0 && n <= (capacity > 0 ? capacity : 0));
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   if (size == 0) return 0;
   reader r{data + 1, size - 1};
-  if (data[0] % 3 == 1) one_pattern(r);
+  if (data[0] == 0xFF) one_date_picture(r);
+  else if (data[0] % 3 == 1) one_pattern(r);
   else if (data[0] % 3 == 2) one_compiled_pattern(r);
   else one_format(r);
   return 0;
