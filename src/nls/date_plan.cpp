@@ -61,7 +61,8 @@ size_t put_bounded(const run_context &c, size_t n, const char *s, size_t len) {
 
 // Text of len bytes whose 16-byte chunk from may be read whole: the chunk is
 // stored when the scratch room allows, else exactly the bytes that fit.
-[[gnu::always_inline]] inline size_t put_chunked(const run_context &c, size_t n, const char *from, size_t len) {
+[[gnu::always_inline]] inline size_t put_chunked(const run_context &c, size_t n, const char *from,
+                                                size_t len) {
   if (len <= plan_chunk && n + plan_chunk <= c.chunk_room) {
     std::memcpy(c.out + n, from, plan_chunk);
     return n + len;
@@ -158,7 +159,8 @@ size_t write_literal(const plan_step &s, const run_context &c, size_t n) {
 }
 
 // The name itself, "**" when the moment has no such name; the caller pads it.
-[[gnu::always_inline]] inline size_t write_name_text(const plan_step &s, int64_t index, const run_context &c, size_t n,
+[[gnu::always_inline]] inline size_t write_name_text(const plan_step &s, int64_t index,
+                                                    const run_context &c, size_t n,
                               const name_entry **picked) {
   if (index < 0 || index >= s.digits) [[unlikely]]
     return put_bounded(c, n, "**", 2);
@@ -294,7 +296,8 @@ size_t write_zone_name(const plan_step &, const run_context &c, size_t n) {
   return put_bounded(c, n, t.data(), t.size());
 }
 
-[[gnu::always_inline]] inline size_t write_suffix(const plan_step &s, const run_context &c, size_t n) {
+[[gnu::always_inline]] inline size_t write_suffix(const plan_step &s, const run_context &c,
+                                                 size_t n) {
   return put_chunked(c, n, c.plan.text + s.suffix_first, s.suffix_length);
 }
 
@@ -427,7 +430,8 @@ class plan_builder : public plan_maker {
       case 'O':
         return last(part::month, 2, ' ', need_date);
       case 'J':
-        return c.hash ? least(part::yday, 1, false, need_date) : last(part::yday, 3, '0', need_date);
+        return c.hash ? least(part::yday, 1, false, need_date)
+                      : last(part::yday, 3, '0', need_date);
       case 'P':
         return name(field_am, 2, part::half, false, need_hour);
       case 'S':

@@ -176,7 +176,8 @@ nl_result make_text(const moment &m, const field_reader &loc, int id, const patt
     std::memcpy(joined + p.size(), " %z", 3);
     p = std::string_view(joined, p.size() + 3);
   }
-  const std::string_view prepared = prepare_pattern(p.data(), p.size(), loc, inlined, sizeof inlined);
+  const std::string_view prepared =
+      prepare_pattern(p.data(), p.size(), loc, inlined, sizeof inlined);
   return run_pattern(m, loc, nullptr, prepared, d, out, room, tail_is_scratch, length, plain);
 }
 
@@ -402,7 +403,8 @@ void place_left_utf16(xf_frame *f, uint32_t n) {
 // The usual case, kept short: a kept plan written straight into a
 // single-byte field, where plain text that fits is the result. False leaves
 // the field to format_text, which comes to the same bytes the long way.
-[[gnu::always_inline]] inline bool placed_directly(xf_frame *f, const pattern_plan *plan, const moment &m, int32_t d,
+[[gnu::always_inline]] inline bool placed_directly(xf_frame *f, const pattern_plan *plan,
+                                                  const moment &m, int32_t d,
                      uint32_t *n) {
   if (plan == nullptr || plan->state != plan_state::complete || wants_utf16(f) || f->width <= 0)
     return false;

@@ -36,7 +36,8 @@ test_record record_of(record_kind k) {
     r.fields[71 + 2] = "M<U00E4>rz";  // 4 characters
     r.fields[71 + 8] = "Sept";
   }
-  if (k == thai || k == taiwan || k == japan) r.fields[5] = k == thai ? "TH" : k == taiwan ? "TW" : "JP";
+  if (k == thai || k == taiwan || k == japan)
+    r.fields[5] = k == thai ? "TH" : k == taiwan ? "TW" : "JP";
   return r;
 }
 
@@ -166,7 +167,8 @@ TEST(expand, fitting_left_right_and_too_long) {
   const test_record rec = record_of(plain);
   EXPECT_EQ(run("%d", m, rec, 5), std::make_pair(0, std::string("29")));
   EXPECT_EQ(run("%d", m, rec, -5), std::make_pair(0, std::string("   29")));
-  EXPECT_EQ(run("%B %d", m, rec, 4), std::make_pair(xfmt::nls::expand_too_long, std::string("Febr")));
+  EXPECT_EQ(run("%B %d", m, rec, 4),
+            std::make_pair(xfmt::nls::expand_too_long, std::string("Febr")));
   EXPECT_EQ(run("%B", m, rec, 8), std::make_pair(0, std::string("February")));
 }
 

@@ -147,8 +147,14 @@ bool convert(sink &s, const conversion &c, const moment &m, const field_reader &
     case 'A': name(s, loc, weekdays + m.wday); return true;
     case 'F': name(s, loc, weekdays + m.wday, longest_name(loc, weekdays, 7)); return true;
     case 'B': name(s, loc, months + m.month - 1); return true;
-    case 'C': name(s, loc, (hash ? 95 : 71) + m.month - 1, longest_name(loc, hash ? 95 : 71, 12)); return true;
-    case 'Q': name(s, loc, (lower ? (hash ? 143 : 135) : (hash ? 147 : 139)) + (m.month - 1) / 3); return true;
+    case 'C': {
+      const int first = hash ? 95 : 71;
+      name(s, loc, first + m.month - 1, longest_name(loc, first, 12));
+      return true;
+    }
+    case 'Q':
+      name(s, loc, (lower ? (hash ? 143 : 135) : (hash ? 147 : 139)) + (m.month - 1) / 3);
+      return true;
     case 'D': s.two(c, m.day); return true;
     case 'E': s.fixed(m.day % 100, 2, ' '); return true;
     case 'G': lower ? s.two(c, iso_year % 100) : s.fixed(iso_year % 10000, 4, '0'); return true;
@@ -180,7 +186,10 @@ bool convert(sink &s, const conversion &c, const moment &m, const field_reader &
       seconds(s, none, m, loc, 0, false);
       return true;
     }
-    case 'U': lower ? s.put(static_cast<char>('0' + (m.wday == 0 ? 7 : m.wday))) : s.two(c, (m.yday - 1 + 7 - m.wday) / 7); return true;
+    case 'U':
+      if (lower) s.put(static_cast<char>('0' + (m.wday == 0 ? 7 : m.wday)));
+      else s.two(c, (m.yday - 1 + 7 - m.wday) / 7);
+      return true;
     case 'W': lower ? s.put(static_cast<char>('0' + m.wday)) : s.two(c, monday_week); return true;
     case 'V': s.two(c, iso_week); return true;
     case 'Y': {
