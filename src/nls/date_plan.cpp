@@ -35,11 +35,10 @@ constexpr size_t pattern_room = 1024;
 
 // len bytes at n, stored as far as the room goes; the length counts them all.
 size_t put_bounded(const run_context &c, size_t n, const char *s, size_t len) {
-  if (n < c.room) {
-    const size_t fit = len < c.room - n ? len : c.room - n;
-    if (fit != 0) std::memcpy(c.out + n, s, fit);
-  }
-  return n + len;
+  core::bounded_text t(c.out, c.room);
+  t.skip(n);
+  t.put(s, len);
+  return t.length();
 }
 
 // len (at most 16) bytes: two overlapping moves instead of a call, touching

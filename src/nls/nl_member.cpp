@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "catalog/field.hpp"
+#include "core/bounded_text.hpp"
 #include "datetime/calendar.hpp"
 #include "nls/date_plan.hpp"
 #include "nls/locale_reader.hpp"
@@ -254,17 +255,8 @@ std::string_view date_separator(const field_reader &loc) {
   return s;
 }
 
-struct pattern_text {
-  char p[64];
-  size_t n = 0;
-  void put(std::string_view s) {
-    for (char c : s)
-      if (n < sizeof p) p[n++] = c;
-  }
-};
-
 // The day, month and year of the locale's order, leaving out what skip names.
-void put_dmy(pattern_text &t, std::string_view order, std::string_view sep, bool long_year,
+void put_dmy(core::bounded_text &t, std::string_view order, std::string_view sep, bool long_year,
              char skip) {
   bool first = true;
   for (char c : order) {
@@ -281,11 +273,10 @@ void put_dmy(pattern_text &t, std::string_view order, std::string_view sep, bool
 //   month_day     dd.mm (5), ddmm (4)
 //   year_quarter  yyyyQn (6), yyQn (4)
 //   datetime      date (10 or 8) and hh:mm:ss[.fff], or date (8) and hh:mm
-pattern_text short_pattern(short_form form, int w, int32_t d, const field_reader &loc,
-                           const moment &m) {
-  pattern_text t;
+void short_pattern(core::bounded_text &t, short_form form, int w, int32_t d,
+                   const field_reader &loc, const moment &m) {
   const std::string_view order = date_order(loc);
-  if (order.empty()) return t;
+  if (order.empty()) return;
   const std::string_view sep = date_separator(loc);
   const int s = static_cast<int>(sep.size());
   switch (form) {
@@ -342,15 +333,16 @@ pattern_text short_pattern(short_form form, int w, int32_t d, const field_reader
       break;
     }
   }
-  return t;
 }
 
 placed format_short(xf_frame *f, const member_spec &spec, const moment &m,
                     const field_reader &loc, int id) {
-  const pattern_text t = short_pattern(spec.fallback, f->width, f->decimals, loc, m);
-  if (t.n == 0) return {nl_result::unusable, 0};
-  return format_text(f, m, loc, id, {t.p, t.n, 0}, pattern_decimals(spec.kind, f->decimals), true,
-                     false);
+  char pattern[64];
+  core::bounded_text t(pattern);
+  short_pattern(t, spec.fallback, f->width, f->decimals, loc, m);
+  if (t.written() == 0) return {nl_result::unusable, 0};
+  return format_text(f, m, loc, id, {pattern, t.written(), 0},
+                     pattern_decimals(spec.kind, f->decimals), true, false);
 }
 
 xf_status overflow(xf_frame *f, bool no_room) {
