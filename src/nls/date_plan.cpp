@@ -166,7 +166,7 @@ size_t write_literal(const plan_step &s, const run_context &c, size_t n) {
   const int k = s.first - first_name_field + static_cast<int>(index);
   const name_entry &e = c.plan.names->names[k];
   *picked = &e;
-  c.plain = c.plain && e.plain;
+  if (!e.plain) c.plain = false;
   if (e.length <= plan_chunk) return put_chunked(c, n, c.plan.names->slots[k], e.length);
   return put_bounded(c, n, e.text, e.length);
 }
