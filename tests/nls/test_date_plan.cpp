@@ -116,7 +116,8 @@ TEST(pattern_engine, every_locale_field_against_the_literal_expander) {
         if (zone != 0) pattern += " %z";
         const pattern_plan *plan = plan_for_code(id, code + zone);
         kept += plan != nullptr;
-        for (size_t k = 0; k < moments().size() && failures < 5; ++k) {
+        // A third of the moments for each locale, a different third for the next.
+        for (size_t k = static_cast<size_t>(id) % 3; k < moments().size() && failures < 5; k += 3) {
           const moment &m = moments()[k];
           const int32_t d = static_cast<int32_t>(k % 4);
           const written want = literal(loc, pattern, m, d, 1024);
