@@ -1,5 +1,6 @@
 // National formats against their plain counterparts and against a host's
-// usual route: NLDATE20. beside DATE9. and strftime under setlocale,
+// usual route: NLDATE20. beside DATE9., NLDATM30. beside DATETIME16., and
+// strftime under setlocale,
 // NLMNLUSD12.2 beside DOLLAR12.2 and strfmon, NLNUM12.2 beside COMMA12.2,
 // NLPCT8.2 beside PERCENT8.2. All through xffmt, English
 // (United States) locale, the same values in each pair.
@@ -50,6 +51,11 @@ void run_xffmt(benchmark::State &state, const char *name, int32_t w, int32_t d, 
 // Days 21000 onward, one a week: dates of the 2010s.
 void BM_nldate20(benchmark::State &s) { run_xffmt(s, "NLDATE", 20, 0, 21000, 7); }
 void BM_date9(benchmark::State &s) { run_xffmt(s, "DATE", 9, 0, 21000, 7); }
+
+// NLDATM. and DATETIME. at their default widths (30 and 16) on datetimes of
+// 2017 onward, a day and a half-second apart.
+void BM_nldatm30(benchmark::State &s) { run_xffmt(s, "NLDATM", 30, 0, 1.8e9, 86399.5); }
+void BM_datetime16(benchmark::State &s) { run_xffmt(s, "DATETIME", 16, 0, 1.8e9, 86399.5); }
 
 void BM_strftime_setlocale(benchmark::State &state) {
   std::setlocale(LC_TIME, "C.UTF-8");
@@ -152,6 +158,8 @@ void BM_nldatm30_utf16(benchmark::State &state) {
 
 BENCHMARK(BM_nldate20);
 BENCHMARK(BM_date9);
+BENCHMARK(BM_nldatm30);
+BENCHMARK(BM_datetime16);
 BENCHMARK_CAPTURE(BM_nldate20_in, de_DE, "de_DE");
 BENCHMARK_CAPTURE(BM_nldate20_in, fr_FR, "fr_FR");
 BENCHMARK_CAPTURE(BM_nldate20_in, ja_JP, "ja_JP");

@@ -6,6 +6,13 @@
 // capacity and never deliver more than the width. Also the pattern expander
 // on arbitrary patterns, and those patterns compiled into date steps.
 #include "fuzz_support.hpp"
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
 #include "datetime/calendar.hpp"
 #include "nls/date_plan.hpp"
 #include "nls/locale_reader.hpp"
@@ -82,33 +89,46 @@ void one_pattern(reader &r) {
   check(a == 0 || a == 1 || a == -2);
 }
 
-// A pattern compiled into date steps writes what the expander writes, and
-// only into the room it is given.
+// A locale pattern kept compiled writes what the same pattern compiled on
+// the spot writes, and only into the room it is given.
 void one_compiled_pattern(reader &r) {
   using namespace xfmt::nls;
   const int locale = 1 + r.byte() % locale_count;
-  const int64_t day = xfmt::datetime::date_min +
-                      static_cast<int64_t>(r.u64() % static_cast<uint64_t>(
-                                                        xfmt::datetime::date_max -
-                                                        xfmt::datetime::date_min + 1));
+  const int code = plan_first_field + r.byte() % plan_field_count + (r.byte() % 2 ? 256 : 0);
+  const bool scratch = r.byte() % 2;
+  const double date = value_of(r);
+  const bool with_time = r.byte() % 2 && datetime_value_in_range(date * 86400);
+  const moment m = with_time ? datetime_moment_of(date * 86400, 2, true) : date_moment_of(date);
   const size_t room = r.byte();
-  std::vector<char> pattern(r.p, r.p + r.n);
   const field_reader loc = locale_reader(locale);
-  const date_plan plan = compile_date_plan(loc, pattern.data(), pattern.size());
-  if (!plan.usable) return;
-  const day_fields d = day_fields_of(day);
+  const pattern_plan *plan = plan_for_code(locale, code);
+  if (plan == nullptr) return;
   std::vector<char> out(room + 1);
   out.pop_back();  // exact size: a write past the room is caught
-  const size_t n = run_date_plan(plan, d, loc.record, out.data(), room);
+  size_t n = 0;
+  const nl_result got = run_pattern(m, loc, plan, {}, 2, out.data(), room, scratch, &n);
+  std::string pattern(locale_field(locale, code & 0xFF));
+  if (code & 256) pattern += " %z";
   char want[1024];
   size_t want_n = 0;
-  check(expand_text(date_moment_of(static_cast<double>(day)), loc, pattern.data(), pattern.size(),
-                    want, sizeof want, &want_n, 0) == expand_fits);
-  if (want_n > room) {
-    check(n == room + 1);
-  } else {
-    check(n == want_n && std::memcmp(out.data(), want, n) == 0);
-  }
+  const int r2 = expand_text(m, loc, pattern.data(), pattern.size(), want, sizeof want, &want_n, 2);
+  check((got == nl_result::unusable) == (r2 == expand_bad_letter));
+  if (r2 != expand_fits) return;
+  check(n == want_n && std::memcmp(out.data(), want, n < room ? n : room) == 0);
+}
+
+// A user-format date picture: its directives run through the same engine;
+// never past the work area, the same text twice.
+void one_date_picture(reader &r) {
+  const int32_t datatype = r.byte() % 5;
+  const double value = value_of(r);
+  const int32_t capacity = static_cast<int32_t>(r.byte()) - 8;
+  std::vector<char> picture(r.p, r.p + r.n);
+  std::vector<char> a(capacity > 0 ? static_cast<size_t>(capacity) : 0), b(a.size());
+  const auto length = static_cast<int32_t>(picture.size());
+  const int32_t n = datefmt(picture.data(), length, datatype, "", 0, value, a.data(), capacity);
+  const int32_t m = datefmt(picture.data(), length, datatype, "", 0, value, b.data(), capacity);
+  check(n == m && a == b && n >= 0 && n <= (capacity > 0 ? capacity : 0));
 }
 
 }  // namespace
@@ -116,7 +136,8 @@ void one_compiled_pattern(reader &r) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   if (size == 0) return 0;
   reader r{data + 1, size - 1};
-  if (data[0] % 3 == 1) one_pattern(r);
+  if (data[0] == 0xFF) one_date_picture(r);
+  else if (data[0] % 3 == 1) one_pattern(r);
   else if (data[0] % 3 == 2) one_compiled_pattern(r);
   else one_format(r);
   return 0;

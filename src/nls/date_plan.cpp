@@ -1,99 +1,49 @@
-// Date patterns compiled once per locale. The steps mirror what the expander
-// writes for a value with a date: the same parser reads the pattern, and each
-// conversion that depends on the day alone becomes a literal, a name or a
-// number step. Anything else (times, zones, eras, ISO weeks, unknown letters)
-// leaves the plan unusable, and the expander keeps that pattern.
+// The national pattern engine: the compiler that reads a pattern into steps,
+// and the writers that run them. Each writer is made for one kind and one
+// part of the moment, so a step works out the one number it shows.
 #include "nls/date_plan.hpp"
 
 #include <array>
-#include <atomic>
+#include <cmath>
 #include <cstring>
 #include <new>
-#include <string_view>
 #include <utility>
 
+#include "catalog/platform.hpp"
 #include "datetime/calendar.hpp"
+#include "core/bounded_text.hpp"
 #include "nls/locale_reader.hpp"
 
 namespace xfmt::nls {
-namespace {
 
-// Longest pattern after "%x" and "%X" are inlined; the expander's own bound.
-constexpr size_t pattern_room = 1024;
-
-// The name fields of the conversions: (hash, lower) picks one of four sets.
-constexpr int weekday_first(const conversion &c) {
-  return c.lower ? (c.hash ? 121 : 107) : (c.hash ? 128 : 114);
-}
-constexpr int month_first(const conversion &c) {
-  return c.lower ? (c.hash ? 83 : 59) : (c.hash ? 95 : 71);
-}
-constexpr int quarter_first(const conversion &c) {
-  return c.lower ? (c.hash ? 143 : 135) : (c.hash ? 147 : 139);
-}
-
-constexpr char digit_pairs[] =
-    "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
-    "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
-    "8081828384858687888990919293949596979899";
-
-// The digits of a number step into out (room for at least five bytes);
-// returns the length. v >= 0 and below 100000.
-size_t write_digits(const plan_step &s, int v, char *out) {
-  switch (s.kind) {
-    case plan_step::digits_two:
-      std::memcpy(out, digit_pairs + 2 * (v % 100), 2);
-      return 2;
-    case plan_step::digits_four: {
-      const int last = v % 10000;
-      std::memcpy(out, digit_pairs + 2 * (last / 100), 2);
-      std::memcpy(out + 2, digit_pairs + 2 * (last % 100), 2);
-      return 4;
-    }
-    case plan_step::digits_all:
-      if (v < 100) {  // one or two digits, without a branch on which
-        const size_t len = v < 10 ? 1 : 2;
-        std::memcpy(out, digit_pairs + 2 * v + (2 - len), 2);
-        return len;
-      }
-      break;
-    default:
-      break;
-  }
-  int k = s.length;
-  char fill = s.fill;
-  if (s.kind == plan_step::digits_all) {
-    k = v < 1000 ? 3 : v < 10000 ? 4 : 5;
-    fill = '0';
-  }
-  for (int i = k - 1; i >= 0; --i) {
-    out[i] = static_cast<char>('0' + v % 10);
-    v /= 10;
-  }
-  for (int i = 0; fill != '0' && i < k - 1 && out[i] == '0'; ++i) out[i] = fill;
-  return static_cast<size_t>(k);
-}
-
-}  // namespace
-
-struct step_context {
-  const date_plan &plan;
-  const day_fields &day;
-  const zav_locale_field *record;
+struct run_context {
+  const pattern_plan &plan;
+  const moment &m;
   char *out;
   size_t room;
-  // Cleared by a name that is not plain ASCII (or not known to be).
-  mutable bool plain = true;
+  size_t chunk_room;  // room when the bytes past the text are scratch, else 0
+  int32_t decimals;
+  mutable bool plain;
 };
 
 namespace {
 
-constexpr size_t too_long = ~size_t{0};
+// Longest pattern once "%x" and "%X" are inlined.
+constexpr size_t pattern_room = 1024;
 
-// len (at most 16) bytes near the end of the room, where a whole chunk does
-// not fit: two overlapping moves instead of a call, reading and writing
+// ---------------------------------------------------------------- writing
+
+// len bytes at n, stored as far as the room goes; the length counts them all.
+size_t put_bounded(const run_context &c, size_t n, const char *s, size_t len) {
+  core::bounded_text t(c.out, c.room);
+  t.skip(n);
+  t.put(s, len);
+  return t.length();
+}
+
+// len (at most 16) bytes: two overlapping moves instead of a call, touching
 // nothing outside the len bytes.
-inline void copy_short(char *to, const char *from, size_t len) {
+[[gnu::always_inline]] inline void copy_short(char *to, const char *from, size_t len) {
   if (len >= 8) {
     std::memcpy(to, from, 8);
     std::memcpy(to + len - 8, from + len - 8, 8);
@@ -108,371 +58,725 @@ inline void copy_short(char *to, const char *from, size_t len) {
   }
 }
 
-// One source of the day. The writers are made for each source, so a step
-// works out the one number it shows and nothing else.
-template <day_source S>
-inline int value_of(const day_fields &d) {
-  if constexpr (S == day_source::day) return d.day;
-  if constexpr (S == day_source::month) return d.month;
-  if constexpr (S == day_source::year) return d.year;
-  if constexpr (S == day_source::year_of_century) return d.year % 100;
-  if constexpr (S == day_source::wday) return d.wday;
-  if constexpr (S == day_source::wday_monday_1) return d.wday == 0 ? 7 : d.wday;
-  if constexpr (S == day_source::month_index) return d.month - 1;
-  if constexpr (S == day_source::quarter_index) return (d.month - 1) / 3;
-  if constexpr (S == day_source::yday) return datetime::day_of_year(d.year, d.month, d.day);
-  if constexpr (S == day_source::sunday_week)
-    return (datetime::day_of_year(d.year, d.month, d.day) - 1 + 7 - d.wday) / 7;
-}
-
-// The rare long copy and the check of a name without a known plainness,
-// kept out of line: the writers that call neither stay leaf functions that
-// save no registers.
-[[gnu::noinline, gnu::cold]] void copy_long(char *to, const char *from, size_t len) {
-  std::memcpy(to, from, len);
-}
-
-[[gnu::noinline, gnu::cold]] bool name_is_plain(const zav_locale_field &f) {
-  return plain_text(std::string_view(f.text, f.length));
-}
-
-// len bytes of the plan's text from first: a whole chunk when the piece
-// fits one and the room allows (the text is padded for it).
-inline size_t write_plan_text(uint16_t first, size_t len, const step_context &c, size_t n) {
-  const char *from = c.plan.text + first;
-  if (len <= plan_chunk && n + plan_chunk <= c.room)
+// Text of len bytes whose 16-byte chunk from may be read whole: the chunk is
+// stored when the scratch room allows, else exactly the bytes that fit.
+[[gnu::always_inline]] inline size_t put_chunked(const run_context &c, size_t n, const char *from,
+                                                size_t len) {
+  if (len <= plan_chunk && n + plan_chunk <= c.chunk_room) {
     std::memcpy(c.out + n, from, plan_chunk);
-  else if (n + len > c.room)
-    return too_long;
-  else if (len <= plan_chunk)
+    return n + len;
+  }
+  if (len <= plan_chunk && n + len <= c.room) {
     copy_short(c.out + n, from, len);
-  else
-    copy_long(c.out + n, from, len);
-  return n + len;
+    return n + len;
+  }
+  return put_bounded(c, n, from, len);
 }
 
-size_t write_literal(const plan_step &s, const step_context &c, size_t n) {
-  return write_plan_text(s.first, s.length, c, n);
+// Japanese eras from Meiji to Heisei: the first day of each (days from
+// 1960-01-01) and the Gregorian year it began in.
+int64_t japanese_era_year(const moment &m) {
+  static constexpr struct {
+    int64_t start;
+    int year;
+  } eras[] = {{-33506, 1868}, {-17321, 1912}, {-12060, 1926}, {10600, 1989}};
+  for (int k = 3; k >= 0; --k)
+    if (eras[k].start <= m.day_number) return m.year + 1 - eras[k].year;
+  return m.year;
 }
 
-// The name itself; the caller pads it.
-inline size_t write_name_text(const zav_locale_field &f, int field, const step_context &c,
-                              size_t n) {
-  if (c.plan.names_plain == nullptr)
-    c.plain = c.plain && name_is_plain(f);
-  else
-    c.plain = c.plain && c.plan.names_plain[field - plan_first_name];
-  if (f.length <= plan_chunk && n + plan_chunk <= c.room && c.plan.names != nullptr)
-    std::memcpy(c.out + n, c.plan.names[field - plan_first_name], plan_chunk);
-  else if (n + f.length <= c.room && f.length <= plan_chunk)
-    copy_short(c.out + n, f.text, f.length);
-  else if (n + f.length <= c.room)
-    copy_long(c.out + n, f.text, f.length);
-  else
-    return too_long;
-  return n + f.length;
+struct week_values {
+  int iso_year, iso_week, monday_week;
+};
+
+week_values week_fields(const moment &m) {
+  week_values w{m.iso_year, m.iso_week, m.monday_week};
+  if (m.weeks != nullptr) m.weeks(m, &w.iso_year, &w.iso_week, &w.monday_week);
+  return w;
 }
 
-template <day_source S>
-size_t write_name(const plan_step &s, const step_context &c, size_t n) {
-  const int field = s.first + value_of<S>(c.day);
-  return write_name_text(c.record[field], field, c, n);
+int64_t twelve_hour(int64_t h) { return h <= 12 ? h : h % 12; }
+
+// floor without the library call (the processor's baseline has no rounding
+// instruction): truncate, then step down for negative fractions.
+inline int64_t whole_seconds(double s) {
+  if (!(s > -9.0e18 && s < 9.0e18)) return static_cast<int64_t>(std::floor(s));
+  const auto t = static_cast<int64_t>(s);
+  return static_cast<double>(t) > s ? t - 1 : t;
 }
 
-template <day_source S>
-size_t write_padded_name(const plan_step &s, const step_context &c, size_t n) {
-  const int field = s.first + value_of<S>(c.day);
-  const zav_locale_field &f = c.record[field];
-  n = write_name_text(f, field, c, n);
-  if (n == too_long) return n;
-  const size_t chars = f.length != 0 ? escaped_length(std::string_view(f.text, f.length)) : 0;
-  if (s.pad <= chars) return n;
-  const size_t blanks = s.pad - chars;
-  if (n + blanks > c.room) return too_long;
-  std::memset(c.out + n, ' ', blanks);
+// The day of the year and the weekday, worked out here when the moment
+// left them out.
+inline int yday_of(const moment &m) {
+  return m.yday != 0 ? m.yday : datetime::day_of_year(m.year, m.month, m.day);
+}
+inline int wday_of(const moment &m) {
+  if (m.wday != unknown_wday) return m.wday;
+  const int64_t w = (m.day_number + 5) % 7;  // 1960-01-01 was a Friday
+  return static_cast<int>(w < 0 ? w + 7 : w);
+}
+
+// One part of the moment. The writers are made for each part.
+template <part P>
+inline int64_t value_of(const moment &m) {
+  if constexpr (P == part::day) return m.day;
+  if constexpr (P == part::month) return m.month;
+  if constexpr (P == part::year) return m.year;
+  if constexpr (P == part::year_of_century) return m.year % 100;
+  if constexpr (P == part::wday) return wday_of(m);
+  if constexpr (P == part::wday_monday_1) return wday_of(m) == 0 ? 7 : wday_of(m);
+  if constexpr (P == part::month_index) return m.month - 1;
+  if constexpr (P == part::quarter_index) return (m.month - 1) / 3;
+  if constexpr (P == part::yday) return yday_of(m);
+  if constexpr (P == part::sunday_week) return (yday_of(m) - 1 + 7 - wday_of(m)) / 7;
+  if constexpr (P == part::iso_year) return week_fields(m).iso_year;
+  if constexpr (P == part::iso_year_of_century) return week_fields(m).iso_year % 100;
+  if constexpr (P == part::iso_week) return week_fields(m).iso_week;
+  if constexpr (P == part::monday_week) return week_fields(m).monday_week;
+  if constexpr (P == part::era_tw || P == part::era_tw_of_century) {
+    const int64_t y = m.year - 1911;
+    const int64_t e = y <= 0 ? 1 - y : y;
+    return P == part::era_tw ? e : e % 100;
+  }
+  if constexpr (P == part::era_th) return m.year + 543;
+  if constexpr (P == part::era_th_of_century) return (m.year + 543) % 100;
+  if constexpr (P == part::era_jp) return japanese_era_year(m);
+  if constexpr (P == part::era_jp_of_century) return japanese_era_year(m) % 100;
+  if constexpr (P == part::hour) return m.hour;
+  if constexpr (P == part::hour_from_1) return m.hour == 0 ? 24 : m.hour;
+  if constexpr (P == part::hour_12) return twelve_hour(m.hour) == 0 ? 12 : twelve_hour(m.hour);
+  if constexpr (P == part::hour_12_raw) return twelve_hour(m.hour);
+  if constexpr (P == part::minute) return m.minute;
+  if constexpr (P == part::second) return whole_seconds(m.second);
+  if constexpr (P == part::days) return m.hour / 24;
+  if constexpr (P == part::half) return m.hour % 24 <= 11 ? 0 : 1;
+  if constexpr (P == part::half_of_count) return m.hour < 12 ? 0 : 1;
+}
+
+size_t write_literal(const plan_step &s, const run_context &c, size_t n) {
+  return put_chunked(c, n, c.plan.text + s.first, s.length);
+}
+
+// The name itself, "**" when the moment has no such name; the caller pads it.
+[[gnu::always_inline]] inline size_t write_name_text(const plan_step &s, int64_t index,
+                                                    const run_context &c, size_t n,
+                              const name_entry **picked) {
+  if (index < 0 || index >= s.digits) [[unlikely]]
+    return put_bounded(c, n, "**", 2);
+  const int k = s.first - first_name_field + static_cast<int>(index);
+  const name_entry &e = c.plan.names->names[k];
+  *picked = &e;
+  if (!e.plain) c.plain = false;
+  if (e.length <= plan_chunk) return put_chunked(c, n, c.plan.names->slots[k], e.length);
+  return put_bounded(c, n, e.text, e.length);
+}
+
+template <part P>
+size_t write_name(const plan_step &s, const run_context &c, size_t n) {
+  const name_entry *e = nullptr;
+  return write_name_text(s, value_of<P>(c.m), c, n, &e);
+}
+
+template <part P>
+size_t write_padded_name(const plan_step &s, const run_context &c, size_t n) {
+  const name_entry *e = nullptr;
+  n = write_name_text(s, value_of<P>(c.m), c, n, &e);
+  if (e == nullptr || e->chars == no_pad || s.length <= e->chars) return n;
+  const size_t blanks = s.length - e->chars;
+  if (n + blanks <= c.room) {
+    std::memset(c.out + n, ' ', blanks);
+  } else if (n < c.room) {
+    std::memset(c.out + n, ' ', c.room - n);
+  }
   return n + blanks;
 }
 
-template <day_source S>
-size_t write_two(const plan_step &, const step_context &c, size_t n) {
-  if (n + 2 > c.room) return too_long;
-  std::memcpy(c.out + n, digit_pairs + 2 * (value_of<S>(c.day) % 100), 2);
-  return n + 2;
+// The last k digits of v (v >= 0), leading zeros shown as fill.
+[[gnu::noinline]] size_t write_last_slow(uint64_t v, int k, char fill, const run_context &c,
+                                         size_t n) {
+  char d[24];
+  core::put_digits(d + k, v, k);
+  for (int i = 0; fill != '0' && i < k - 1 && d[i] == '0'; ++i) d[i] = fill;
+  return put_bounded(c, n, d, static_cast<size_t>(k));
 }
 
-template <day_source S>
-size_t write_four(const plan_step &, const step_context &c, size_t n) {
-  if (n + 4 > c.room) return too_long;
-  int v = value_of<S>(c.day);
-  if (v >= 10000) v %= 10000;  // years from 10000 on show their last four digits
-  std::memcpy(c.out + n, digit_pairs + 2 * (v / 100), 2);
-  std::memcpy(c.out + n + 2, digit_pairs + 2 * (v % 100), 2);
-  return n + 4;
+template <part P>
+size_t write_last(const plan_step &s, const run_context &c, size_t n) {
+  const int64_t v = value_of<P>(c.m);
+  const uint64_t u = v < 0 ? 0 : static_cast<uint64_t>(v);
+  if (s.fill == '0' && s.digits == 2 && n + 2 <= c.room) {
+    core::put2(c.out + n, u % 100);
+    return n + 2;
+  }
+  if (s.fill == '0' && s.digits == 4 && n + 4 <= c.room) {
+    core::put4(c.out + n, u % 10000);
+    return n + 4;
+  }
+  return write_last_slow(u, s.digits, s.fill, c, n);
 }
 
-// Any other number: through a small buffer when the room is short.
-[[gnu::noinline]] size_t write_number_value(const plan_step &s, int v, const step_context &c,
-                                           size_t n) {
-  if (n + 5 <= c.room) return n + write_digits(s, v, c.out + n);
-  char digits[8];
-  const size_t len = write_digits(s, v, digits);
-  if (n + len > c.room) return too_long;
-  std::memcpy(c.out + n, digits, len);
-  return n + len;
+// At least k digits of v, with a minus sign when negative.
+[[gnu::noinline]] size_t write_least_slow(int64_t v, int k, const run_context &c, size_t n) {
+  char d[24];
+  size_t len = 0;
+  if (v < 0) d[len++] = '-';
+  const uint64_t u = v < 0 ? 0 - static_cast<uint64_t>(v) : static_cast<uint64_t>(v);
+  const int count = core::digit_count(u) > k ? core::digit_count(u) : k;
+  core::put_digits(d + len + count, u, count);
+  return put_bounded(c, n, d, len + static_cast<size_t>(count));
 }
 
-template <day_source S>
-size_t write_number(const plan_step &s, const step_context &c, size_t n) {
-  return write_number_value(s, value_of<S>(c.day), c, n);
+template <part P>
+size_t write_least(const plan_step &s, const run_context &c, size_t n) {
+  int64_t v = value_of<P>(c.m);
+  if (s.clamp && v < 0) v = 0;
+  if (v >= 0 && v < 100 && s.digits <= 2) {
+    const size_t len = v < 10 && s.digits < 2 ? 1 : 2;
+    const char *d = core::digit_pairs.c + 2 * v + (2 - len);
+    if (n + 2 <= c.chunk_room) {  // one or two digits, without a branch on which
+      std::memcpy(c.out + n, d, 2);
+      return n + len;
+    }
+    if (n + len <= c.room) {
+      c.out[n] = d[0];
+      if (len == 2) c.out[n + 1] = d[1];
+      return n + len;
+    }
+  }
+  return write_least_slow(v, s.digits, c, n);
 }
 
-template <day_source S>
-size_t write_all_digits(const plan_step &s, const step_context &c, size_t n) {
-  const int v = value_of<S>(c.day);
-  if (v >= 100 || n + 2 > c.room) return write_number_value(s, v, c, n);
-  const size_t len = v < 10 ? 1 : 2;  // one or two digits, without a branch on which
-  std::memcpy(c.out + n, digit_pairs + 2 * v + (2 - len), 2);
-  return n + len;
+// The seconds' fraction: the locale's decimal point, then the digits one by
+// one. Only the last digit is rounded, and without carry into earlier ones:
+// with one decimal 12.36 prints "12.4", 12.34 "12.3", and 59.96 "59.9" (a 9
+// is never raised, so the seconds never become 60). Digits past the room are
+// only counted.
+size_t write_fraction(const plan_step &s, const run_context &c, size_t n) {
+  const int32_t decimals = c.decimals;
+  if (decimals <= 0) return n;
+  n = put_bounded(c, n, c.plan.text + s.first, s.length);
+  if (!c.m.has_second) {
+    for (int i = 0; i < decimals; ++i) {
+      if (n >= c.room) return n + static_cast<size_t>(decimals - i);
+      c.out[n++] = '*';
+    }
+    return n;
+  }
+  double frac = c.m.second - std::floor(c.m.second);
+  for (int i = 0; i < decimals; ++i) {
+    if (n >= c.room) return n + static_cast<size_t>(decimals - i);
+    frac *= 10;
+    int digit = static_cast<int>(frac);
+    if (digit > 9) digit = 9;
+    frac -= digit;
+    if (i == decimals - 1 && digit < 9 && static_cast<int>(frac * 10) >= 5) ++digit;
+    c.out[n++] = static_cast<char>('0' + digit);
+  }
+  return n;
 }
 
-// The step's suffix after what the step wrote.
-inline size_t write_suffix(const plan_step &s, const step_context &c, size_t n) {
-  return write_plan_text(s.suffix_first, s.suffix_length, c, n);
+// "%z": sign, hours, minutes of the standard offset; daylight-saving time
+// adds one to the hour count whatever the sign (so a zone five hours west
+// shows -0500 in winter and -0600 in summer: hosts have long relied on this).
+size_t write_zone_offset(const plan_step &, const run_context &c, size_t n) {
+  const platform::zone_snapshot &z = platform::process_zone();
+  const long east = -static_cast<long>(z.seconds_west);
+  const long mag = east < 0 ? -east : east;
+  const int64_t hours = mag / 3600 + (z.dst ? 1 : 0);
+  char t[5] = {east < 0 ? '-' : '+'};
+  core::put2(t + 1, hours % 100);
+  core::put2(t + 3, (mag % 3600) / 60);
+  return put_bounded(c, n, t, sizeof t);
+}
+
+size_t write_zone_name(const plan_step &, const run_context &c, size_t n) {
+  const std::string_view t = platform::process_zone().abbrev;
+  c.plain = c.plain && plain_text(t);
+  return put_bounded(c, n, t.data(), t.size());
+}
+
+[[gnu::always_inline]] inline size_t write_suffix(const plan_step &s, const run_context &c,
+                                                 size_t n) {
+  return put_chunked(c, n, c.plan.text + s.suffix_first, s.suffix_length);
 }
 
 template <step_writer Write>
-size_t with_suffix(const plan_step &s, const step_context &c, size_t n) {
-  n = Write(s, c, n);
-  return n > c.room ? too_long : write_suffix(s, c, n);
+size_t with_suffix(const plan_step &s, const run_context &c, size_t n) {
+  return write_suffix(s, c, Write(s, c, n));
 }
 
-constexpr size_t kind_count = plan_step::digits_fixed + 1;
-// For one source: the writers of every kind (in the order of
-// plan_step::kind_t), without a suffix and then with one.
+constexpr size_t kind_count = plan_step::zone_name + 1;
 using writer_row = std::array<step_writer, 2 * kind_count>;
 
-template <day_source S>
+// For one part: the writers of every kind (in the order of plan_step::kind_t),
+// without a suffix and then with one.
+template <part P>
 constexpr writer_row writers_for() {
   return {write_literal,
-          write_name<S>,
-          write_padded_name<S>,
-          write_all_digits<S>,
-          write_two<S>,
-          write_four<S>,
-          write_number<S>,
+          write_name<P>,
+          write_padded_name<P>,
+          write_last<P>,
+          write_least<P>,
+          write_fraction,
+          write_zone_offset,
+          write_zone_name,
           write_literal,  // a literal never carries a suffix
-          with_suffix<write_name<S>>,
-          with_suffix<write_padded_name<S>>,
-          with_suffix<write_all_digits<S>>,
-          with_suffix<write_two<S>>,
-          with_suffix<write_four<S>>,
-          with_suffix<write_number<S>>};
+          with_suffix<write_name<P>>,
+          with_suffix<write_padded_name<P>>,
+          with_suffix<write_last<P>>,
+          with_suffix<write_least<P>>,
+          with_suffix<write_fraction>,
+          with_suffix<write_zone_offset>,
+          with_suffix<write_zone_name>};
 }
 
 template <size_t... I>
 constexpr std::array<writer_row, sizeof...(I)> writer_table(std::index_sequence<I...>) {
-  return {writers_for<static_cast<day_source>(I)>()...};
+  return {writers_for<static_cast<part>(I)>()...};
 }
 
-constexpr auto writers = writer_table(std::make_index_sequence<day_source_count>{});
+constexpr auto writers = writer_table(std::make_index_sequence<part_count>{});
 
-constexpr step_writer writer_of(plan_step::kind_t k, day_source s, bool suffix) {
-  return writers[static_cast<size_t>(s)][static_cast<size_t>(k) + (suffix ? kind_count : 0)];
+// A step whose part is missing: "**", then its suffix.
+[[gnu::noinline]] size_t write_stars(const plan_step &s, const run_context &c, size_t n) {
+  return write_suffix(s, c, put_bounded(c, n, "**", 2));
 }
 
 // Steps K and on, each from a call of its own (see plan_step::write).
 template <size_t K>
-inline size_t run_steps(const date_plan &plan, const step_context &c, size_t n) {
+[[gnu::always_inline]] inline size_t run_steps(const run_context &c, uint8_t missing, size_t n) {
   if constexpr (K == plan_max_steps) {
     return n;
   } else {
-    if (K >= plan.step_count) return n;
-    const plan_step &s = plan.steps[K];
-    n = s.write(s, c, n);
-    if (n > c.room) return n;
-    return run_steps<K + 1>(plan, c, n);
+    if (K >= c.plan.step_count) return n;
+    const plan_step &s = c.plan.steps[K];
+    n = (s.needs & missing) != 0 ? write_stars(s, c, n) : s.write(s, c, n);
+    return run_steps<K + 1>(c, missing, n);
   }
 }
 
-class plan_builder {
+// ---------------------------------------------------------------- compiling
+
+// The name fields of the conversions: (hash, lower) picks one of four sets.
+constexpr int weekday_first(const conversion &c) {
+  return c.lower ? (c.hash ? field_weekday_abbrev_lower : field_weekday_abbrev)
+                 : (c.hash ? field_weekday_full_lower : field_weekday_full);
+}
+constexpr int month_first(const conversion &c) {
+  return c.lower ? (c.hash ? field_month_abbrev_lower : field_month_abbrev)
+                 : (c.hash ? field_month_full_lower : field_month_full);
+}
+constexpr int quarter_first(const conversion &c) {
+  return c.lower ? (c.hash ? field_quarter_abbrev_lower : field_quarter_abbrev)
+                 : (c.hash ? field_quarter_full_lower : field_quarter_full);
+}
+
+enum class era_kind : uint8_t { none, tw, th, jp };
+
+era_kind era_of(const field_reader &loc) {
+  std::string_view country;
+  if (!loc.get(field_country, &country)) return era_kind::none;
+  if (country == "TW") return era_kind::tw;
+  if (country == "TH") return era_kind::th;
+  if (country == "JP") return era_kind::jp;
+  return era_kind::none;
+}
+
+// The locale dialect of patterns: "%" conversions as the locale records
+// write them.
+class plan_builder : public plan_maker {
  public:
-  explicit plan_builder(const field_reader &loc) : loc_(loc) {}
+  plan_builder(const field_reader &loc, const locale_names &names, pattern_plan *plan)
+      : plan_maker(names, plan), loc_(loc) {}
 
-  // Text goes on the end of the last literal, or becomes the suffix of the
-  // last conversion while that stays within one chunk, or a literal step.
-  bool literal(const char *t, size_t len) {
-    if (len == 0) return true;
-    if (used_ + len > plan_max_text) return false;
-    plan_step *last = plan_.step_count > 0 ? &plan_.steps[plan_.step_count - 1] : nullptr;
-    const auto at = static_cast<uint16_t>(used_);
-    if (last != nullptr && last->kind == plan_step::literal && last->first + last->length == at) {
-      last->length = static_cast<uint8_t>(last->length + len);
-    } else if (last != nullptr && last->kind != plan_step::literal &&
-               last->suffix_length + len <= plan_chunk &&
-               (last->suffix_length == 0 || last->suffix_first + last->suffix_length == at)) {
-      if (last->suffix_length == 0) last->suffix_first = at;
-      last->suffix_length = static_cast<uint8_t>(last->suffix_length + len);
-    } else if (!add({plan_step::literal, day_source::day, static_cast<uint8_t>(len), '0', at, 0})) {
-      return false;
-    }
-    std::memcpy(plan_.text + used_, t, len);
-    plan_.literals_plain = plan_.literals_plain && plain_text(std::string_view(t, len));
-    plan_.plain = plan_.plain && plan_.literals_plain;
-    used_ += len;
-    return true;
-  }
-
-  // Exactly digits digits (leading zeros shown as fill), or all of them.
-  bool number(day_source s, uint8_t digits, char fill = '0') {
-    plan_step::kind_t k = plan_step::digits_fixed;
-    if (digits == 0)
-      k = plan_step::digits_all;
-    else if (digits == 2 && fill == '0')
-      k = plan_step::digits_two;
-    else if (digits == 4 && fill == '0')
-      k = plan_step::digits_four;
-    return add({k, s, digits, fill, 0, 0});
-  }
-
-  // Two digits, zero padded; under "#" as many as needed.
-  bool two(const conversion &c, day_source s) { return number(s, c.hash ? 0 : 2); }
-
-  // count names from first on, one chosen by s; padded to the longest when
-  // asked. A field the reader cannot give is left to the expander.
-  bool name(int first, int count, day_source s, bool padded) {
-    if (first < plan_first_name || first + count > plan_first_name + plan_name_count) return false;
-    std::string_view t;
-    for (int i = 0; i < count; ++i) {
-      if (!loc_.get(first + i, &t)) return false;
-      plan_.plain = plan_.plain && plain_text(t);
-    }
-    const size_t pad = padded ? longest_name(loc_, first, count) : 0;
-    if (pad > 0xFFFF) return false;
-    return add({pad != 0 ? plan_step::padded_name : plan_step::name, s, 0, ' ',
-                static_cast<uint16_t>(first), static_cast<uint16_t>(pad)});
-  }
-
-  // One conversion as the expander writes it when the value has a date.
-  bool conversion_step(const conversion &c) {
+  // One conversion; false for an unknown letter.
+  bool conversion_steps(const conversion &c) {
     if (c.lower && (c.letter == 'V' || c.letter == 'T')) return true;  // "%v", "%t": nothing
     switch (c.letter) {
       case '%':
-        return literal("%", 1);
+        return literal("%", 1) == 1;
       case 'A':
-        return name(weekday_first(c), 7, day_source::wday, false);
+        return name(weekday_first(c), 7, part::wday, false, need_date);
       case 'F':
-        return name(weekday_first(c), 7, day_source::wday, true);
+        return name(weekday_first(c), 7, part::wday, true, need_date);
       case 'B':
-        return name(month_first(c), 12, day_source::month_index, false);
+        return name(month_first(c), 12, part::month_index, false, need_date);
       case 'C':
-        return name(c.hash ? 95 : 71, 12, day_source::month_index, true);
+        return name(c.hash ? field_month_full_lower : field_month_full, 12, part::month_index,
+                    true, need_date);
       case 'Q':
-        return name(quarter_first(c), 4, day_source::quarter_index, false);
+        return name(quarter_first(c), 4, part::quarter_index, false, need_date);
       case 'D':
-        return two(c, day_source::day);
+        return two(c, part::day, need_date);
       case 'E':
-        return number(day_source::day, 2, ' ');
-      case 'N':  // "%m"; "%?m" is the day count of a time
-        return !c.lower && two(c, day_source::month);
+        return last(part::day, 2, ' ', need_date);
+      case 'G':
+        return c.lower ? two(c, part::iso_year_of_century, need_date)
+                       : last(part::iso_year, 4, '0', need_date);
+      case 'H':
+      case 'K':
+        // Hours past 99 (a long time) keep all their digits.
+        return least(c.letter == 'H' ? part::hour : part::hour_from_1, c.hash ? 1 : 2, !c.hash,
+                     need_hour);
+      case 'I':
+        return two(c, part::hour_12, need_hour);
+      case 'L':
+        return two(c, part::hour_12_raw, need_hour);
+      case 'M':
+        return two(c, part::minute, need_minute);
+      case 'N':  // "%m" the month; "%n" whole days in the hour count
+        return c.lower ? least(part::days, 1, false, need_hour) : two(c, part::month, need_date);
       case 'O':
-        return number(day_source::month, 2, ' ');
+        return last(part::month, 2, ' ', need_date);
       case 'J':
-        return number(day_source::yday, c.hash ? 0 : 3);
+        return c.hash ? least(part::yday, 1, false, need_date)
+                      : last(part::yday, 3, '0', need_date);
+      case 'P':
+        return name(field_am, 2, part::half, false, need_hour);
+      case 'S':
+        return two(c, part::second, need_second) && (c.lower || fraction(decimal_point()));
+      case 'T': {
+        const conversion plain_two{};
+        return two(plain_two, part::hour, need_hour) && literal(":", 1) == 1 &&
+               two(plain_two, part::minute, need_minute) && literal(":", 1) == 1 &&
+               two(plain_two, part::second, need_second);
+      }
       case 'U':
-        return c.lower ? number(day_source::wday_monday_1, 1)
-                       : two(c, day_source::sunday_week);
-      case 'W':  // "%W" needs the calendar's week rules
-        return c.lower && number(day_source::wday, 1);
+        return c.lower ? last(part::wday_monday_1, 1, '0', need_date)
+                       : two(c, part::sunday_week, need_date);
+      case 'W':
+        return c.lower ? last(part::wday, 1, '0', need_date) : two(c, part::monday_week, need_date);
+      case 'V':
+        return two(c, part::iso_week, need_date);
       case 'Y':
-        if (c.era) return false;
-        return c.lower ? two(c, day_source::year_of_century) : number(day_source::year, 4);
+        return year(c);
+      case 'Z':
+        return zone(c.lower);
       default:
         return false;
     }
   }
 
-  date_plan finish() {
-    for (uint8_t k = 0; k < plan_.step_count; ++k) {
-      plan_step &s = plan_.steps[k];
-      s.write = writer_of(s.kind, s.source, s.suffix_length != 0);
-    }
-    plan_.usable = true;
-    return plan_;
+ private:
+  // Two digits (the last two, zero padded, a negative as 0); under "#" as
+  // many as needed.
+  bool two(const conversion &c, part p, uint8_t needs) {
+    return c.hash ? least(p, 1, false, needs) : last(p, 2, '0', needs);
   }
 
- private:
-  bool add(const plan_step &s) {
-    if (plan_.step_count == plan_max_steps) return false;
-    plan_.steps[plan_.step_count++] = s;
-    return true;
+  std::string_view decimal_point() const {
+    std::string_view point;
+    if (!loc_.get(field_decimal_point, &point) || point.empty()) point = ".";
+    return point;
+  }
+
+  bool year(const conversion &c) {
+    part full = part::year, short_year = part::year_of_century;
+    if (c.era) switch (era_of(loc_)) {
+        case era_kind::tw:
+          full = part::era_tw, short_year = part::era_tw_of_century;
+          break;
+        case era_kind::th:
+          full = part::era_th, short_year = part::era_th_of_century;
+          break;
+        case era_kind::jp:
+          full = part::era_jp, short_year = part::era_jp_of_century;
+          break;
+        case era_kind::none:
+          break;
+      }
+    return c.lower ? two(c, short_year, need_date) : last(full, 4, '0', need_date);
   }
 
   const field_reader &loc_;
-  date_plan plan_{};
-  size_t used_ = 0;
 };
 
 }  // namespace
 
+plan_maker::plan_maker(const locale_names &names, pattern_plan *plan)
+    : names_(names), plan_(*plan) {
+  plan_ = pattern_plan{};
+  plan_.names = &names;
+}
+
+// Text goes on the end of the last literal, or becomes the suffix of the
+// last step while that stays within one chunk, or a literal step.
+size_t plan_maker::literal(const char *t, size_t len) {
+  if (len > plan_max_text - used_) len = plan_max_text - used_;
+  if (len == 0) return 0;
+  plan_step *last = plan_.step_count > 0 ? &plan_.steps[plan_.step_count - 1] : nullptr;
+  const auto at = static_cast<uint16_t>(used_);
+  if (last != nullptr && last->kind == plan_step::literal && last->first + last->length == at) {
+    last->length = static_cast<uint16_t>(last->length + len);
+  } else if (last != nullptr && last->kind != plan_step::literal &&
+             last->suffix_length + len <= plan_chunk &&
+             (last->suffix_length == 0 || last->suffix_first + last->suffix_length == at)) {
+    if (last->suffix_length == 0) last->suffix_first = at;
+    last->suffix_length = static_cast<uint8_t>(last->suffix_length + len);
+  } else {
+    plan_step s;
+    s.first = at;
+    s.length = static_cast<uint16_t>(len);
+    if (!add(s)) return 0;
+  }
+  std::memcpy(plan_.text + used_, t, len);
+  plan_.literals_plain = plan_.literals_plain && plain_text(std::string_view(t, len));
+  used_ += len;
+  return len;
+}
+
+bool plan_maker::room_for(size_t steps, size_t bytes) const {
+  return plan_.step_count + steps <= plan_max_steps && used_ + bytes <= plan_max_text;
+}
+
+bool plan_maker::last(part p, uint8_t digits, char fill, uint8_t needs) {
+  plan_step s;
+  s.kind = plan_step::last_digits;
+  s.source = p;
+  s.digits = digits;
+  s.fill = fill;
+  s.needs = needs;
+  return add(s);
+}
+
+bool plan_maker::least(part p, uint8_t digits, bool clamp, uint8_t needs) {
+  plan_step s;
+  s.kind = plan_step::least_digits;
+  s.source = p;
+  s.digits = digits;
+  s.clamp = clamp;
+  s.needs = needs;
+  return add(s);
+}
+
+bool plan_maker::name(int first, int count, part p, bool padded, uint8_t needs) {
+  uint16_t pad = 0;
+  if (padded)
+    for (int i = 0; i < count; ++i) {
+      const name_entry &e = names_.names[first - first_name_field + i];
+      if (e.chars != no_pad && e.chars > pad) pad = e.chars;
+    }
+  plan_step s;
+  s.kind = pad != 0 ? plan_step::padded_name : plan_step::name;
+  s.source = p;
+  s.digits = static_cast<uint8_t>(count);
+  s.first = static_cast<uint16_t>(first);
+  s.length = pad;
+  s.needs = needs;
+  return add(s);
+}
+
+bool plan_maker::zone(bool offset) {
+  plan_step s;
+  s.kind = offset ? plan_step::zone_offset : plan_step::zone_name;
+  return add(s);
+}
+
+bool plan_maker::fraction(std::string_view point) {
+  if (point.size() > plan_max_text - used_) return false;
+  plan_step s;
+  s.kind = plan_step::fraction;
+  s.first = static_cast<uint16_t>(used_);
+  s.length = static_cast<uint16_t>(point.size());
+  if (!add(s)) return false;
+  std::memcpy(plan_.text + used_, point.data(), point.size());
+  plan_.literals_plain = plan_.literals_plain && plain_text(point);
+  used_ += point.size();
+  return true;
+}
+
+void plan_maker::finish(plan_state state) {
+  for (uint8_t k = 0; k < plan_.step_count; ++k) {
+    plan_step &s = plan_.steps[k];
+    s.write = writers[static_cast<size_t>(s.source)][static_cast<size_t>(s.kind) +
+                                                     (s.suffix_length != 0 ? kind_count : 0)];
+  }
+  plan_.state = state;
+}
+
+bool plan_maker::add(const plan_step &s) {
+  if (plan_.step_count == plan_max_steps) return false;
+  plan_.steps[plan_.step_count++] = s;
+  return true;
+}
+
+void read_names(const field_reader &loc, locale_names *out) {
+  *out = locale_names{};
+  for (int k = 0; k < name_count; ++k) {
+    const int field = first_name_field + k;
+    name_entry &e = out->names[k];
+    std::string_view t;
+    if (loc.get(field, &t)) {
+      e.chars = static_cast<uint16_t>(escaped_length(t) < no_pad ? escaped_length(t) : no_pad - 1);
+    } else {
+      t = field == field_am ? "AM" : field == field_pm ? "PM" : "**";
+      e.chars = no_pad;
+    }
+    if (t.size() > 0xFFFF) t = t.substr(0, 0xFFFF);
+    e.text = t.data();
+    e.length = static_cast<uint16_t>(t.size());
+    e.plain = plain_text(t);
+    if (t.size() <= plan_chunk && !t.empty()) std::memcpy(out->slots[k], t.data(), t.size());
+  }
+}
+
+size_t compile_pattern(const field_reader &loc, const locale_names &names,
+                       std::string_view prepared, size_t from, pattern_plan *plan) {
+  plan_builder b(loc, names, plan);
+  const char *p = prepared.data();
+  const size_t n = prepared.size();
+  size_t i = from;
+  while (i < n) {
+    if (p[i] != '%') {
+      size_t run = 1;
+      while (i + run < n && p[i + run] != '%') ++run;
+      const size_t took = b.literal(p + i, run);
+      i += took;
+      if (took < run) break;  // the plan is full
+      continue;
+    }
+    // A conversion takes at most five steps and a few bytes of text ("%T",
+    // "%S" with the locale's point): it goes whole into this plan or the next.
+    if (!b.room_for(5, 16)) break;
+    size_t j = i + 1;
+    if (j < n && p[j] == '%') {
+      b.literal("%", 1);
+      i = j + 1;
+      continue;
+    }
+    conversion c;
+    if (!parse_conversion(p, n, j, c) || !b.conversion_steps(c)) {
+      b.finish(plan_state::bad_letter);
+      return i;
+    }
+    i = j;
+  }
+  b.finish(i < n ? plan_state::partial : plan_state::complete);
+  return i;
+}
+
+size_t run_plan(const pattern_plan &plan, const moment &m, int32_t decimals, char *out,
+                size_t room, size_t n, bool tail_is_scratch, bool *plain) {
+  const run_context c{plan, m, out, room, tail_is_scratch ? room : 0, decimals,
+                      plan.literals_plain};
+  const uint8_t missing = static_cast<uint8_t>((m.has_date ? 0 : need_date) |
+                                               (m.has_hour ? 0 : need_hour) |
+                                               (m.has_minute ? 0 : need_minute) |
+                                               (m.has_second ? 0 : need_second));
+  n = run_steps<0>(c, missing, n);
+  if (plain != nullptr) *plain = *plain && c.plain;
+  return n;
+}
+
+namespace {
+
+// The patterns of the moment last compiled on this thread for database
+// locales (the short numeric forms, the name tables' "%#A", a host's own
+// patterns): a hit skips compiling. Longer patterns are compiled each time.
+constexpr size_t recent_pattern_room = 64;
+constexpr size_t recent_count = 4;
+
+struct recent_plan {
+  int id = 0;
+  size_t length = 0;
+  char pattern[recent_pattern_room];
+  pattern_plan plan;
+};
+
+thread_local recent_plan recent_plans[recent_count];
+thread_local size_t recent_next = 0;
+
+const pattern_plan *recent_plan_for(int id, const locale_plans &set, const field_reader &loc,
+                                    std::string_view prepared) {
+  if (prepared.size() > recent_pattern_room) return nullptr;
+  for (recent_plan &r : recent_plans)
+    if (r.id == id && r.length == prepared.size() &&
+        std::memcmp(r.pattern, prepared.data(), prepared.size()) == 0)
+      return &r.plan;
+  recent_plan &r = recent_plans[recent_next++ % recent_count];
+  r.id = 0;
+  compile_pattern(loc, set.names, prepared, 0, &r.plan);
+  if (r.plan.state == plan_state::partial) return nullptr;
+  r.id = id;
+  r.length = prepared.size();
+  std::memcpy(r.pattern, prepared.data(), prepared.size());
+  return &r.plan;
+}
+
+}  // namespace
+
+nl_result run_pattern(const moment &m, const field_reader &loc, const pattern_plan *plan,
+                      std::string_view prepared, int32_t decimals, char *out, size_t room,
+                      bool tail_is_scratch, size_t *length, bool *plain) {
+  if (plain != nullptr) *plain = true;
+  const int id = plan == nullptr ? database_locale(loc) : 0;
+  const locale_plans *set = id != 0 ? plans_of_locale(id) : nullptr;
+  if (plan == nullptr && set != nullptr) plan = recent_plan_for(id, *set, loc, prepared);
+  size_t n = 0;
+  if (plan != nullptr && plan->state == plan_state::bad_letter) return nl_result::unusable;
+  if (plan != nullptr && plan->state == plan_state::complete) {
+    n = run_plan(*plan, m, decimals, out, room, 0, tail_is_scratch, plain);
+  } else {
+    // A pattern of the moment too long to keep (or one for a reader of a
+    // test's own): compiled here, a plan's worth at a time.
+    locale_names own;
+    const locale_names *names = set != nullptr ? &set->names : nullptr;
+    if (names == nullptr) {
+      read_names(loc, &own);
+      names = &own;
+    }
+    pattern_plan piece;
+    size_t at = 0;
+    do {
+      at = compile_pattern(loc, *names, prepared, at, &piece);
+      if (piece.state == plan_state::bad_letter) return nl_result::unusable;
+      n = run_plan(piece, m, decimals, out, room, n, tail_is_scratch, plain);
+    } while (piece.state == plan_state::partial);
+  }
+  *length = n;
+  return n <= room ? nl_result::done : nl_result::too_long;
+}
+
+int database_locale(const field_reader &loc) {
+  if (loc.record == nullptr || loc.read != &read_locale_field) return 0;
+  const int id = static_cast<int>(reinterpret_cast<intptr_t>(loc.context));
+  return id >= 1 && id <= locale_count ? id : 0;
+}
+
 std::atomic<const locale_plans *> compiled_plans[locale_count];
 
 const locale_plans *compile_locale_plans(int id) {
-  auto *fresh = new (std::nothrow) locale_plans{};
+  auto *fresh = new (std::nothrow) locale_plans;
   if (fresh == nullptr) return nullptr;
   const field_reader loc = locale_reader(id);
-  for (int k = 0; k < plan_name_count; ++k) {
-    std::string_view t;
-    if (!loc.get(plan_first_name + k, &t)) continue;
-    if (t.size() <= plan_chunk) std::memcpy(fresh->names[k], t.data(), t.size());
-    fresh->names_plain[k] = plain_text(t);
-  }
-  for (int k = 0; k < plan_field_count; ++k) {
-    std::string_view p;
-    if (!loc.get(plan_first_field + k, &p)) continue;
-    fresh->plans[k] = compile_date_plan(loc, p.data(), p.size());
-    fresh->plans[k].names = fresh->names;
-    fresh->plans[k].names_plain = fresh->names_plain;
-  }
+  read_names(loc, &fresh->names);
+  for (int zoned = 0; zoned < 2; ++zoned)
+    for (int k = 0; k < plan_field_count; ++k) {
+      pattern_plan &plan = fresh->plans[zoned][k];
+      plan = pattern_plan{};
+      std::string_view p;
+      if (!loc.get(plan_first_field + k, &p)) continue;
+      char joined[pattern_room], inlined[pattern_room];
+      if (zoned != 0) {
+        if (p.size() + 3 > sizeof joined) continue;
+        std::memcpy(joined, p.data(), p.size());
+        std::memcpy(joined + p.size(), " %z", 3);
+        p = std::string_view(joined, p.size() + 3);
+      }
+      const std::string_view prepared =
+          prepare_pattern(p.data(), p.size(), loc, inlined, sizeof inlined);
+      // A pattern too long for one plan is left uncompiled: it is compiled
+      // where it is expanded, a piece at a time.
+      if (compile_pattern(loc, fresh->names, prepared, 0, &plan) < prepared.size() &&
+          plan.state != plan_state::bad_letter)
+        plan = pattern_plan{};
+    }
   const locale_plans *expected = nullptr;
   if (compiled_plans[id - 1].compare_exchange_strong(expected, fresh, std::memory_order_acq_rel,
                                                      std::memory_order_acquire))
     return fresh;
   delete fresh;
   return expected;
-}
-
-
-date_plan compile_date_plan(const field_reader &loc, const char *pattern, size_t pattern_length) {
-  char buffer[pattern_room];
-  const std::string_view p = prepare_pattern(pattern, pattern_length, loc, buffer, sizeof buffer);
-  const size_t n = p.size();
-  plan_builder b(loc);
-  for (size_t i = 0; i < n;) {
-    if (p[i] != '%') {
-      size_t run = 1;
-      while (i + run < n && p[i + run] != '%') ++run;
-      if (!b.literal(p.data() + i, run)) return {};
-      i += run;
-      continue;
-    }
-    ++i;
-    if (i < n && p[i] == '%') {
-      if (!b.literal("%", 1)) return {};
-      ++i;
-      continue;
-    }
-    conversion c;
-    if (!parse_conversion(p.data(), n, i, c) || !b.conversion_step(c)) return {};
-  }
-  return b.finish();
-}
-
-size_t run_date_plan(const date_plan &plan, const day_fields &day, const zav_locale_field *record,
-                     char *out, size_t room, bool *plain) {
-  const step_context c{plan, day, record, out, room};
-  const size_t n = run_steps<0>(plan, c, 0);
-  if (plain != nullptr) *plain = plan.literals_plain && c.plain;
-  return n <= room ? n : room + 1;
 }
 
 }  // namespace xfmt::nls

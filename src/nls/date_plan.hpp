@@ -1,151 +1,250 @@
-// Compiled date patterns: a locale's date pattern read once into a list of
-// steps (literal text, a name field, a number), so a date value is written
-// without walking the pattern again. Only patterns whose every conversion
-// depends on the day alone compile; the others keep going through the
-// expander, which also stays the reference for what a plan writes.
+// The national pattern engine. A date, time or datetime pattern ("%d %B %Y
+// %H:%M:%S") is compiled once into steps (literal text, a name, a number, the
+// fraction of the seconds, the zone) and the steps are run for each value.
+// A locale's own patterns are compiled once per locale and kept for the life
+// of the process; the last few other short patterns of a database locale
+// are kept per thread; anything else is compiled where it is expanded. The
+// text stays in the record's narrow form (non-ASCII as "<UXXXX>" escapes);
+// nl_encode turns it into the output encoding.
 #pragma once
 
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
-#include "datetime/calendar.hpp"
 #include "nls/expand.hpp"
 #include "nls/locale.hpp"
+#include "nls/nl_result.hpp"
 
 namespace xfmt::nls {
 
-// What a number or name step reads from the day.
-enum class day_source : uint8_t {
-  day,              // 1..31
-  month,            // 1..12
-  year,             // 1582..20000
-  year_of_century,  // year % 100
-  wday,             // 0 Sunday .. 6
-  wday_monday_1,    // 1 Monday .. 7 Sunday
-  month_index,      // 0..11
-  quarter_index,    // 0..3
-  yday,             // 1..366
-  sunday_week,      // 0..53, weeks beginning on Sunday
+// The locale record fields the engine reads. Named here, in one place, until
+// the record's generated field names replace the numbers.
+inline constexpr int field_country = 5;
+inline constexpr int field_date_default = 28;  // "%x"
+inline constexpr int field_time_24 = 53;       // "%X"
+inline constexpr int field_month_abbrev = 59;
+inline constexpr int field_month_full = 71;
+inline constexpr int field_month_abbrev_lower = 83;
+inline constexpr int field_month_full_lower = 95;
+inline constexpr int field_weekday_abbrev = 107;
+inline constexpr int field_weekday_full = 114;
+inline constexpr int field_weekday_abbrev_lower = 121;
+inline constexpr int field_weekday_full_lower = 128;
+inline constexpr int field_quarter_abbrev = 135;
+inline constexpr int field_quarter_full = 139;
+inline constexpr int field_quarter_abbrev_lower = 143;
+inline constexpr int field_quarter_full_lower = 147;
+inline constexpr int field_am = 151;
+inline constexpr int field_pm = 152;
+inline constexpr int field_decimal_point = 172;
+
+// The names a step can pick: months, weekdays, quarters, AM and PM.
+inline constexpr int first_name_field = field_month_abbrev;
+inline constexpr int name_count = field_pm + 1 - first_name_field;
+
+// What a number or name step reads from the moment.
+enum class part : uint8_t {
+  day,
+  month,
+  year,
+  year_of_century,
+  wday,           // 0 Sunday .. 6
+  wday_monday_1,  // 1 Monday .. 7 Sunday
+  month_index,    // 0 .. 11
+  quarter_index,  // 0 .. 3
+  yday,
+  sunday_week,
+  iso_year,
+  iso_year_of_century,
+  iso_week,
+  monday_week,
+  era_tw,  // years of the Republic of China (before year 1 counted back)
+  era_tw_of_century,
+  era_th,  // Buddhist era
+  era_th_of_century,
+  era_jp,  // Japanese eras, Meiji to Heisei
+  era_jp_of_century,
+  hour,
+  hour_from_1,  // "%K": 24 for hour 0
+  hour_12,      // "%I": 12 for hour 0
+  hour_12_raw,  // "%L"
+  minute,
+  second,  // whole seconds
+  days,    // whole days in the hour count
+  half,    // 0 before noon, 1 after (the hour of the day)
+  half_of_count,  // 0 for an hour count below 12, 1 from 12 on
 };
-inline constexpr size_t day_source_count = 10;
+inline constexpr size_t part_count = static_cast<size_t>(part::half_of_count) + 1;
+
+// What a step needs from the moment; a step whose need is missing writes
+// "**" instead.
+inline constexpr uint8_t need_date = 1, need_hour = 2, need_minute = 4, need_second = 8;
+
+// One name as a step writes it.
+struct name_entry {
+  const char *text = nullptr;
+  uint16_t length = 0;  // bytes
+  uint16_t chars = 0;   // characters, an escape counting one; no_pad: never padded
+  bool plain = true;    // ASCII without "<"
+};
+inline constexpr uint16_t no_pad = 0xFFFF;
+
+// A step copies text 16 bytes at a time when the room allows; the names
+// that fit are kept in zeroed 16-byte slots for it.
+inline constexpr size_t plan_chunk = 16;
+
+struct locale_names {
+  name_entry names[name_count];
+  char slots[name_count][plan_chunk];
+};
+
+// The names of a locale: a name that cannot be read writes "**" (AM and PM
+// fall back to "AM" and "PM").
+void read_names(const field_reader &loc, locale_names *out);
 
 struct plan_step;
-struct step_context;
-// Writes one step at position n; returns the new length, or more than the
-// room when the step does not fit.
-using step_writer = size_t (*)(const plan_step &step, const step_context &c, size_t n);
+struct run_context;
+// Writes one step at n; returns the new length (counting what did not fit).
+using step_writer = size_t (*)(const plan_step &step, const run_context &c, size_t n);
 
 struct plan_step {
   enum kind_t : uint8_t {
-    literal,      // length bytes of the plan's text from first
-    name,         // the field first + source
-    padded_name,  // the same, blanks after it up to pad characters
-    digits_all,   // as many digits as the number has
-    digits_two,   // the last two digits, zero padded
-    digits_four,  // the last four digits, zero padded
-    digits_fixed  // the last length digits, leading zeros shown as fill
+    literal,       // length bytes of the plan's text from first
+    name,          // the field first + source (one of digits fields)
+    padded_name,   // the same, blanks after it up to length characters
+    last_digits,   // the last digits digits, negatives as 0, leading zeros as fill
+    least_digits,  // at least digits digits, zero padded; a minus when negative
+                   // (or 0 when clamp is set)
+    fraction,      // the decimal point (text first, length) and the fraction
+    zone_offset,   // "+hhmm" of the process zone
+    zone_name,     // its abbreviation
   } kind = literal;
-  day_source source = day_source::day;
-  uint8_t length = 0;
+  part source = part::day;
+  uint8_t digits = 0;
   char fill = '0';
+  uint8_t needs = 0;
+  bool clamp = false;
   uint16_t first = 0;
-  uint16_t pad = 0;
-  // Literal text written right after the step (at most plan_chunk bytes of
-  // the plan's text from suffix_first): most patterns alternate a
+  uint16_t length = 0;
+  // Literal text written right after the step: most patterns alternate a
   // conversion and a short separator, one step writes both.
-  uint8_t suffix_length = 0;
   uint16_t suffix_first = 0;
-  // The writer of the kind, set when the plan is compiled. Each step is
-  // called from a place of its own, so the call is foreseen as well as
-  // straight code would be; one switch for every step was mispredicted.
+  uint8_t suffix_length = 0;
+  // The writer of the kind and source, set when the plan is compiled: each
+  // step is called from a place of its own, which the processor foresees
+  // better than one switch for every step.
   step_writer write = nullptr;
 };
 
-inline constexpr size_t plan_max_steps = 16;
-inline constexpr size_t plan_max_text = 48;
-// Literals and short names are copied 16 bytes at a time when the room
-// allows (the bytes past the piece are overwritten by what follows or by
-// the blanks after the text); their stores are padded to be read that far.
-inline constexpr size_t plan_chunk = 16;
+inline constexpr size_t plan_max_steps = 24;
+inline constexpr size_t plan_max_text = 112;
 
-// The names of a locale (fields 59 to 150: months, weekdays, quarters),
-// each in a zeroed 16-byte slot when it fits one.
-inline constexpr int plan_first_name = 59;
-inline constexpr int plan_name_count = 92;
-using name_slot = char[plan_chunk];
+enum class plan_state : uint8_t {
+  empty,       // not a pattern (or not compiled)
+  complete,    // the steps are the whole pattern
+  partial,     // the steps are its beginning; compile on from where they stop
+  bad_letter,  // an unknown conversion
+};
 
-struct date_plan {
-  bool usable = false;  // false: the expander writes this pattern
-  // Every literal and every name the steps can pick is plain ASCII without
-  // escapes: the text needs no encoding, whatever the day.
-  bool plain = true;
-  // Every literal is plain: the text is plain when the names it picks are.
-  bool literals_plain = true;
+struct pattern_plan {
+  plan_state state = plan_state::empty;
+  bool literals_plain = true;  // every literal is ASCII without "<"
   uint8_t step_count = 0;
   plan_step steps[plan_max_steps];
-  char text[plan_max_text + plan_chunk];  // the literal pieces, one after another
-  const name_slot *names = nullptr;       // the locale's name slots, when kept
-  const bool *names_plain = nullptr;      // and which of the names are plain
+  char text[plan_max_text + plan_chunk];  // the literal pieces, padded for chunk reads
+  const locale_names *names = nullptr;
 };
 
-// The day as the steps read it; the rest (day of the year, quarter, ...)
-// is worked out by the steps that show it.
-struct day_fields {
-  int year, month, day, wday;
+// Builds a plan step by step: the locale patterns' compiler below and the
+// user formats' date directives both use it.
+class plan_maker {
+ public:
+  plan_maker(const locale_names &names, pattern_plan *plan);
+  // Takes up to len bytes of literal text; returns how many fit the plan.
+  size_t literal(const char *t, size_t len);
+  // Room for up to steps more steps and bytes more bytes of text.
+  bool room_for(size_t steps, size_t bytes) const;
+  bool last(part p, uint8_t digits, char fill, uint8_t needs);
+  bool least(part p, uint8_t digits, bool clamp, uint8_t needs);
+  // count names from first on, one picked by p; padded to the longest when
+  // asked.
+  bool name(int first, int count, part p, bool padded, uint8_t needs);
+  bool zone(bool offset);
+  // The seconds' fraction after the decimal point given.
+  bool fraction(std::string_view point);
+  // Sets each step's writer and the plan's state.
+  void finish(plan_state state);
+
+ private:
+  bool add(const plan_step &s);
+  const locale_names &names_;
+  pattern_plan &plan_;
+  size_t used_ = 0;
 };
 
-// The day fields of an in-range day number (days from 1960-01-01).
-inline day_fields day_fields_of(int64_t day) {
-  const datetime::ymd c = datetime::ymd_in_range(day);
-  const int64_t w = (day + 5) % 7;  // 1960-01-01 was a Friday
-  return {static_cast<int>(c.year), c.month, c.day, static_cast<int>(w < 0 ? w + 7 : w)};
-}
+// Compiles the prepared pattern (see prepare_pattern) from position from
+// into plan with the locale's names; returns where the steps stop (the
+// pattern's end when the plan is complete).
+size_t compile_pattern(const field_reader &loc, const locale_names &names,
+                       std::string_view prepared, size_t from, pattern_plan *plan);
 
-// Compiles the pattern as expand_text reads it for a value with a date.
-date_plan compile_date_plan(const field_reader &loc, const char *pattern, size_t pattern_length);
+// Runs the plan for the moment, appending at out + n (room bytes from out):
+// returns the new length, which counts what did not fit; only the bytes that
+// fit are stored. When tail_is_scratch, bytes past the text within the room
+// may be overwritten. plain (when given) is cleared when the text written
+// is not ASCII without "<".
+size_t run_plan(const pattern_plan &plan, const moment &m, int32_t decimals, char *out,
+                size_t room, size_t n, bool tail_is_scratch, bool *plain = nullptr);
 
-// Writes the plan's text for the day into out; returns its length, or
-// room + 1 when it does not fit (out then holds nothing to rely on). When
-// plain is given it is set to whether the text is plain (as plain_text
-// says), known without reading the text back.
-size_t run_date_plan(const date_plan &plan, const day_fields &day, const zav_locale_field *record,
-                     char *out, size_t room, bool *plain = nullptr);
-
-// The compiled date fields of a locale: the date patterns the national
-// members read (28 to 43), and the locale's names.
+// The locale pattern fields compiled once per locale: 28 (date) to 53
+// (time), each as it stands and with " %z" appended.
 inline constexpr int plan_first_field = 28;
-inline constexpr int plan_field_count = 16;
+inline constexpr int plan_field_count = 26;
 
 struct locale_plans {
-  date_plan plans[plan_field_count];
-  name_slot names[plan_name_count];
-  bool names_plain[plan_name_count];
+  locale_names names;
+  pattern_plan plans[2][plan_field_count];  // [with zone][field - plan_first_field]
 };
 
-// Per locale, set once when its plans are first asked for.
+// Per locale, published once when its plans are first asked for.
 extern std::atomic<const locale_plans *> compiled_plans[locale_count];
 
-// Compiles every date field of locale id and publishes the set; a thread
-// that loses the race to publish drops its copy and takes the winner's.
-// Null only when memory runs out.
+// Compiles every pattern of locale id and publishes the set; a thread that
+// loses the race to publish drops its copy and takes the winner's. Null only
+// when memory runs out.
 const locale_plans *compile_locale_plans(int id);
 
-// The compiled pattern of locale field code (a plain field number) in locale
-// id (1..136), or null when the field is not a compiled date pattern. A
-// locale's patterns are compiled together on first use and kept for the
-// life of the process; concurrent first uses are safe.
-inline const date_plan *date_plan_for(int id, int code) {
-  if (id < 1 || id > locale_count || code < plan_first_field ||
-      code >= plan_first_field + plan_field_count)
-    return nullptr;
+inline const locale_plans *plans_of_locale(int id) {
+  if (id < 1 || id > locale_count) return nullptr;
   const locale_plans *set = compiled_plans[id - 1].load(std::memory_order_acquire);
-  if (set == nullptr) [[unlikely]] {
+  if (set == nullptr) [[unlikely]]
     set = compile_locale_plans(id);
-    if (set == nullptr) return nullptr;
-  }
-  const date_plan &p = set->plans[code - plan_first_field];
-  return p.usable ? &p : nullptr;
+  return set;
 }
+
+// The locale id behind a database reader; 0 for any other reader.
+int database_locale(const field_reader &loc);
+
+// The compiled pattern of a locale field code (a field number, plus 256 for
+// " %z" appended; the datetime mark 4096 is ignored) in locale id, or null
+// when the code names no compiled pattern.
+inline const pattern_plan *plan_for_code(int id, int code) {
+  const int field = code & 0xFF;
+  if (code <= 0 || field < plan_first_field || field >= plan_first_field + plan_field_count)
+    return nullptr;
+  const locale_plans *set = plans_of_locale(id);
+  if (set == nullptr) return nullptr;
+  const pattern_plan &p = set->plans[(code & 256) != 0 ? 1 : 0][field - plan_first_field];
+  return p.state == plan_state::empty ? nullptr : &p;
+}
+
+// Expands the prepared pattern, or runs plan when one is given, into out:
+// its full length in *length. done (the whole text stored), too_long (its
+// first room bytes stored) or unusable (an unknown conversion).
+nl_result run_pattern(const moment &m, const field_reader &loc, const pattern_plan *plan,
+                      std::string_view prepared, int32_t decimals, char *out, size_t room,
+                      bool tail_is_scratch, size_t *length, bool *plain = nullptr);
 
 }  // namespace xfmt::nls

@@ -1,7 +1,8 @@
-// The national date and time pattern expander: turns a locale pattern such as
-// "%d %B %Y" into text with the locale's names, still in the record's narrow
-// form (non-ASCII characters as "<UXXXX>" escapes; nl_encode turns them into
-// the output encoding).
+// Expanding a national date and time pattern: a locale pattern such as
+// "%d %B %Y" made into text with the locale's names, still in the record's
+// narrow form (non-ASCII characters as "<UXXXX>" escapes; nl_encode turns them
+// into the output encoding). The pattern engine (date_plan.hpp) does the work:
+// expanding is compiling the pattern and running its steps.
 #pragma once
 
 #include <cstddef>
@@ -42,13 +43,15 @@ struct moment {
   int year = 0;            // 1582 .. 20000
   int month = 0;           // 1 .. 12
   int day = 0;             // 1 .. 31
+  // The day of the year and the weekday may be left to the steps that show
+  // them (most patterns do not): yday 0 and wday unknown_wday say so.
   int yday = 0;            // 1 .. 366
   int wday = -1;           // 0 Sunday .. 6 Saturday
   int iso_year = 0;        // ISO 8601 week-numbering year
   int iso_week = 0;        // 1 .. 53
   int monday_week = 0;     // 0 .. 53, weeks beginning on Monday
-  // When set, the three week fields are not filled in: the expander asks for
-  // them only for "%G", "%g", "%V" and "%W", which few patterns hold.
+  // When set, the three week fields are not filled in: they are asked for
+  // only by "%G", "%g", "%V" and "%W", which few patterns hold.
   void (*weeks)(const moment &m, int *iso_year, int *iso_week, int *monday_week) = nullptr;
 
   bool has_hour = false, has_minute = false, has_second = false;
@@ -56,6 +59,8 @@ struct moment {
   int minute = 0;     // 0 .. 59
   double second = 0;  // 0 <= s < 60, fraction kept
 };
+
+inline constexpr int unknown_wday = 7;
 
 // One conversion of a pattern: "%", flags, letter.
 struct conversion {
@@ -69,7 +74,7 @@ struct conversion {
 // it; false when the pattern ends first.
 bool parse_conversion(const char *p, size_t n, size_t &i, conversion &c);
 
-// The pattern as the expander walks it: "%x" and "%X" replaced by the
+// The pattern as it is compiled: "%x" and "%X" replaced by the
 // locale's date and time patterns (written to buffer, room bytes), trailing
 // blanks dropped. Most patterns hold neither and are returned in place.
 std::string_view prepare_pattern(const char *pattern, size_t pattern_length,
@@ -113,14 +118,7 @@ inline bool plain_text(std::string_view t) {
   return true;
 }
 
-// Era-adjusted year of "%+Y" for the locale's country code (field 5).
-int era_year(const moment &m, std::string_view country);
-
 // Length in characters of a record text: each "<UXXXX>" escape counts one.
 size_t escaped_length(std::string_view text);
-
-// Longest name, in characters, of count fields from first on (the width of
-// the padded name conversions).
-size_t longest_name(const field_reader &loc, int first, int count);
 
 }  // namespace xfmt::nls

@@ -5,14 +5,15 @@
 
 #include <cmath>
 #include <cstring>
-#include <optional>
 #include <string_view>
 
 #include "catalog/field.hpp"
+#include "core/bounded_text.hpp"
 #include "datetime/calendar.hpp"
 #include "nls/date_plan.hpp"
 #include "nls/locale_reader.hpp"
 #include "nls/nl_encode.hpp"
+#include "nls/nl_result.hpp"
 #include "nls/zkf.hpp"
 
 namespace xfmt::nls {
@@ -22,8 +23,6 @@ constexpr size_t text_room = 1024;
 constexpr int code_short_form = 190;
 constexpr int field_date_order = 6;
 constexpr int field_date_separator = 153;
-// Beyond the encoder's results: the pattern could not be read or expanded.
-constexpr int format_failed = 8;
 
 bool wants_utf16(const xf_frame *f) { return f->requested_output_encoding == XF_ENC_UTF16LE; }
 
@@ -31,16 +30,114 @@ bool value_in_range(value_kind k, double v) {
   return k == value_kind::date ? date_value_in_range(v) : datetime_value_in_range(v);
 }
 
-moment moment_for(value_kind k, double v, int32_t d) {
+// The week rules are asked for only by "%G", "%g", "%V" and "%W": then the
+// full moment of the day gives them.
+void weeks_of_day(const moment &m, int *iso_year, int *iso_week, int *monday_week) {
+  const moment full = date_moment_of(static_cast<double>(m.day_number));
+  full.weeks(full, iso_year, iso_week, monday_week);
+}
+
+// The moment of in-range day n, with the time parts given; the day of the
+// year and the weekday are left to the steps that show them. One aggregate
+// initialisation, each field written once: a zero fill of the whole struct
+// first costs as much as the calendar split.
+moment day_moment(int64_t n, bool has_hour = false, int64_t hour = 0, bool has_rest = false,
+                  int minute = 0, double second = 0) {
+  const datetime::ymd c = datetime::ymd_in_range(n);
+  return moment{.has_date = true,
+                .day_number = n,
+                .year = static_cast<int>(c.year),
+                .month = c.month,
+                .day = c.day,
+                .yday = 0,
+                .wday = unknown_wday,
+                .iso_year = 0,
+                .iso_week = 0,
+                .monday_week = 0,
+                .weeks = &weeks_of_day,
+                .has_hour = has_hour,
+                .has_minute = has_rest,
+                .has_second = has_rest,
+                .hour = hour,
+                .minute = minute,
+                .second = second};
+}
+
+// floor of a value well inside the int64 range, without the library call.
+int64_t floor_whole(double v) {
+  const auto n = static_cast<int64_t>(v);
+  return static_cast<double>(n) > v ? n - 1 : n;
+}
+
+// fmod(x, m) for a whole m and |x| far below 2^52: x less a whole multiple
+// of m is exact there, so one division stands in for the library's long
+// division; the quotient, off by one at worst, is put right after.
+double remainder_of(double x, double m) {
+  double r = x - static_cast<double>(static_cast<int64_t>(x / m)) * m;
+  if (x >= 0) {
+    if (r < 0) r += m;
+    else if (r >= m) r -= m;
+  } else {
+    if (r > 0) r -= m;
+    else if (r <= -m) r += m;
+  }
+  return r;
+}
+
+constexpr double powers_of_ten[] = {1, 10, 100, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
+
+// Rounds |v| to decimals the way the plain number printer does: add half a
+// unit of the last place, nudge by one ulp, truncate.
+double round_to(double v, int32_t decimals) {
+  if (decimals <= 0 && v == std::floor(v)) return v;
+  const double scale = powers_of_ten[decimals < 0 ? 0 : (decimals > 9 ? 9 : decimals)];
+  const double mag = (std::fabs(v) + 0.5 / scale) * 1.0000000000000002;
+  const double r = std::floor(mag * scale) / scale;
+  return v < 0 ? -r : r;
+}
+
+// The moment of an in-range datetime (or time) value rounded to decimals:
+// the date part and the time of day as zdatprt, zhour, zminute and zsecond
+// split them, the remainder of the day worked out once.
+moment datetime_moment(double value, int32_t decimals, bool with_date) {
+  const double r = round_to(value, decimals);
+  const bool in_range = datetime::datetime_in_range(r);
+  const double f = remainder_of(r, datetime::seconds_per_day);
+  const double rest = r < 0 ? datetime::seconds_per_day - std::fabs(f) : f;
+  const int64_t hour =
+      in_range ? static_cast<int64_t>((f < 0 ? f + datetime::seconds_per_day : f) / 3600.0) : 0;
+  const int minute = static_cast<int>(
+      static_cast<int64_t>(static_cast<double>(static_cast<int64_t>(remainder_of(rest, 3600.0))) /
+                           60.0));
+  const double second = remainder_of(rest, 60.0);
+  if (with_date && in_range) {
+    const int64_t day =
+        (floor_whole(r) - static_cast<int64_t>(datetime::datetime_min)) / 86400 +
+        datetime::date_min;
+    return day_moment(day, true, hour, true, minute, second);
+  }
+  moment m;
+  m.has_hour = in_range;
+  m.hour = hour;
+  m.has_minute = m.has_second = true;
+  m.minute = minute;
+  m.second = second;
+  return m;
+}
+
+// The moment of a member's value (already checked against its range).
+[[gnu::always_inline]] inline moment moment_for(value_kind k, double v, int32_t d) {
   switch (k) {
     case value_kind::date:
-      return date_moment_of(v);
+      return day_moment(floor_whole(v));
     case value_kind::datetime:
-      return datetime_moment_of(v, d, true);
-    case value_kind::date_of_datetime:
-      return date_moment_of(zdatprt(v));
+      return datetime_moment(v, d, true);
+    case value_kind::date_of_datetime: {
+      const double day = zdatprt(v);
+      return is_missing(day) ? moment{} : day_moment(floor_whole(day));
+    }
     case value_kind::time:
-      return datetime_moment_of(v, d, false);
+      return datetime_moment(v, d, false);
   }
   return moment{};
 }
@@ -49,140 +146,96 @@ int32_t pattern_decimals(value_kind k, int32_t d) {
   return (k == value_kind::datetime || k == value_kind::time) && d > 0 ? d : 0;
 }
 
-// The encoded text goes straight to the output field: the encoder writes
-// nothing when it fails, so a field that must stay as it was does.
-struct encoded {
-  uint32_t n = 0;
+// A pattern to expand: the text of a pattern, or (pattern null) a locale
+// field code, which may ask for " %z" appended.
+struct pattern_request {
+  const char *pattern;
+  size_t pattern_length;
+  int code;
 };
 
-// Expands one pattern (or locale field code) and encodes it against w.
-int format_one(xf_frame *f, const moment &m, const field_reader &loc, const char *pattern,
-               size_t pattern_length, int code, int32_t d, bool strip, encoded &out) {
+// The text of the request into out (room bytes), as the exported zkf
+// routines make it: a kept plan for a locale's own pattern, else the pattern
+// compiled here. done, too_long (the first room bytes stored) or unusable.
+nl_result make_text(const moment &m, const field_reader &loc, int id, const pattern_request &q,
+                    int32_t d, char *out, size_t room, bool tail_is_scratch, size_t *length,
+                    bool *plain) {
+  if (q.pattern == nullptr) {
+    const pattern_plan *plan = plan_for_code(id, q.code);
+    if (plan != nullptr)
+      return run_pattern(m, loc, plan, {}, d, out, room, tail_is_scratch, length, plain);
+  }
+  std::string_view p;
+  if (q.pattern != nullptr)
+    p = std::string_view(q.pattern, q.pattern_length);
+  else if (q.code <= 0 || !loc.get(q.code & 0xFF, &p))
+    return nl_result::unusable;
+  char joined[256], inlined[text_room];
+  if (q.code > 0 && (q.code & code_with_zone) != 0) {
+    if (p.size() + 3 > sizeof joined) return nl_result::unusable;
+    std::memcpy(joined, p.data(), p.size());
+    std::memcpy(joined + p.size(), " %z", 3);
+    p = std::string_view(joined, p.size() + 3);
+  }
+  const std::string_view prepared =
+      prepare_pattern(p.data(), p.size(), loc, inlined, sizeof inlined);
+  return run_pattern(m, loc, nullptr, prepared, d, out, room, tail_is_scratch, length, plain);
+}
+
+// What the encoder answers, as a placing.
+struct placed {
+  nl_result result;
+  uint32_t n;  // encoded bytes when done or shortened
+};
+
+placed encoded(bool utf16, const char *text, size_t length, const xf_frame *f, char *out) {
+  uint32_t n = 0;
+  const int r = encode_text(utf16, text, length, f->width, out, f->output_capacity, &n);
+  if (r <= 0) return {nl_result::done, n};
+  if (r == encode_shortened) return {nl_result::shortened, n};
+  return {r == encode_no_room ? nl_result::no_room : nl_result::unusable, 0};
+}
+
+// The one write path of the members: the text made, then encoded into the
+// field against the width. The encoder writes nothing when it fails, so a
+// field that must stay as it was does. in_place says the caller overwrites
+// the first min(w, capacity) bytes whatever the outcome (a later pattern, the
+// short form or the stars): the text is then made straight in the field, and
+// text that is plain ASCII and fits needs no encoding. Anything else goes
+// through a buffer and the encoder, with the same result:
+//   text longer than w whose first w bytes are plain: at least w + 1
+//     characters, so the encoder would have shortened it;
+//   text that fits but is not plain: encoded from a copy.
+placed format_text(xf_frame *f, const moment &m, const field_reader &loc, int id,
+                   const pattern_request &q, int32_t d, bool strip, bool in_place) {
+  const bool utf16 = wants_utf16(f);
   char text[text_room];
-  int32_t len = static_cast<int32_t>(sizeof text);
-  if (zkf_expand(m, loc, pattern, pattern_length, code, text, &len, d) != expand_fits)
-    return format_failed;
+  size_t len = 0;
+  if (in_place && !utf16 && f->width > 0 && !strip) {
+    const uint32_t w = static_cast<uint32_t>(f->width);
+    // Never more than the buffer: a longer text fails there.
+    uint32_t room = w < f->output_capacity ? w : f->output_capacity;
+    if (room > text_room) room = static_cast<uint32_t>(text_room);
+    char *field = frame_out(f);
+    bool plain = true;
+    const nl_result r = make_text(m, loc, id, q, d, field, room, true, &len, &plain);
+    if (r == nl_result::unusable) return {r, 0};
+    if (r == nl_result::done && plain) return {nl_result::done, static_cast<uint32_t>(len)};
+    if (r == nl_result::too_long && room == w && plain_text(std::string_view(field, room)))
+      return {nl_result::shortened, 0};
+    if (r == nl_result::done) {  // escapes or Latin-1 bytes: encoded from a copy
+      std::memcpy(text, field, len);
+      return encoded(false, text, len, f, field);
+    }
+  }
+  if (make_text(m, loc, id, q, d, text, sizeof text, false, &len, nullptr) != nl_result::done)
+    return {nl_result::unusable, 0};
   const char *t = text;
   if (strip) {
     while (len > 0 && *t == ' ') ++t, --len;
     while (len > 0 && t[len - 1] == ' ') --len;
   }
-  return encode_text(wants_utf16(f), t, static_cast<size_t>(len), f->width, frame_out(f),
-                     f->output_capacity, &out.n);
-}
-
-// format_one for callers that overwrite the first min(w, capacity) bytes of
-// the field whatever the outcome (a later pattern, the short form or the
-// stars), so the expander may write there straight away. Text that is plain
-// ASCII and fits needs no encoding: that is the result. Anything else goes
-// the general way, whose result is the same by construction:
-//   text longer than w whose first w bytes are plain: at least w + 1
-//     characters, so the encoder would have shortened it;
-//   text that fits but is not plain: encoded from a copy;
-//   text cut short otherwise: the expansion is repeated with full room.
-int format_one_in_place(xf_frame *f, const moment &m, const field_reader &loc, int code,
-                        int32_t d, encoded &out) {
-  if (wants_utf16(f) || f->width <= 0)
-    return format_one(f, m, loc, nullptr, 0, code, d, false, out);
-  const uint32_t w = static_cast<uint32_t>(f->width);
-  // Never more than the general way's buffer: a longer text fails there.
-  uint32_t room = w < f->output_capacity ? w : f->output_capacity;
-  if (room > text_room) room = static_cast<uint32_t>(text_room);
-  char *field = frame_out(f);
-  int32_t len = static_cast<int32_t>(room);
-  const int r = zkf_expand(m, loc, nullptr, 0, code, field, &len, d);
-  if (r == expand_fits && plain_text(std::string_view(field, static_cast<size_t>(len)))) {
-    out.n = static_cast<uint32_t>(len);
-    return len - f->width;  // zero or negative: fits whole
-  }
-  if (r == expand_too_long && room == w && plain_text(std::string_view(field, room)))
-    return encode_shortened;
-  if (r == expand_fits) {  // escapes or Latin-1 bytes: encode from a copy
-    char text[text_room];
-    std::memcpy(text, field, static_cast<size_t>(len));
-    return encode_text(false, text, static_cast<size_t>(len), f->width, field, f->output_capacity,
-                       &out.n);
-  }
-  if (r != expand_too_long) return format_failed;
-  return format_one(f, m, loc, nullptr, 0, code, d, false, out);
-}
-
-// The moment of the frame's value, taken apart only when a pattern goes
-// through the expander: the compiled date patterns need just the day.
-class lazy_moment {
- public:
-  lazy_moment(value_kind kind, double value, int32_t decimals)
-      : kind_(kind), value_(value), decimals_(decimals) {}
-  const moment &get() {
-    if (!m_) m_.emplace(moment_for(kind_, value_, decimals_));
-    return *m_;
-  }
-
- private:
-  value_kind kind_;
-  double value_;
-  int32_t decimals_;
-  // Not filled in until asked for: clearing a moment costs more than a
-  // compiled pattern takes to write.
-  std::optional<moment> m_;
-};
-
-// The day of a date value, for compiled patterns; ok is false when the
-// expander must write the field: UTF-16, no width, no usable day.
-struct planned_day {
-  bool ok = false;
-  day_fields day{};
-};
-
-// v is the frame's value, already checked by the prologue.
-planned_day plan_day_of(const xf_frame *f, value_kind kind, double v) {
-  if (kind != value_kind::date && kind != value_kind::date_of_datetime) return {};
-  if (wants_utf16(f) || f->width <= 0) return {};
-  if (kind == value_kind::date_of_datetime) {
-    v = zdatprt(v);
-    if (is_missing(v) || !date_value_in_range(v)) return {};
-  }
-  int64_t n = static_cast<int64_t>(v);
-  if (static_cast<double>(n) > v) --n;  // floor for negative fractions
-  return {true, day_fields_of(n)};
-}
-
-// format_one_in_place for a compiled pattern: the same bytes reach the field
-// and the same result comes back, the text now made by the plan. False when
-// the text outgrows the local buffer; the caller then takes the expander's way.
-bool format_planned(xf_frame *f, const date_plan &plan, const day_fields &day,
-                    const zav_locale_field *record, encoded &out, int *result) {
-  const uint32_t w = static_cast<uint32_t>(f->width);
-  uint32_t room = w < f->output_capacity ? w : f->output_capacity;
-  if (room > text_room) room = static_cast<uint32_t>(text_room);
-  char *field = frame_out(f);
-  if (plan.literals_plain) {  // the usual case: written where it goes, nothing to check
-    bool plain = false;
-    const size_t len = run_date_plan(plan, day, record, field, room, &plain);
-    if (len <= room && plain) {
-      out.n = static_cast<uint32_t>(len);
-      *result = static_cast<int>(len) - f->width;
-      return true;
-    }
-  }
-  // Too long for the field, or text that needs encoding: made whole in a
-  // buffer first.
-  char text[256];
-  const size_t len = run_date_plan(plan, day, record, text, sizeof text);
-  if (len > sizeof text) return false;
-  const size_t shown = len < room ? len : room;
-  if (shown != 0) std::memcpy(field, text, shown);
-  if (len <= room && plain_text(std::string_view(text, len))) {
-    out.n = static_cast<uint32_t>(len);
-    *result = static_cast<int>(len) - f->width;
-    return true;
-  }
-  if (len > room && room == w && plain_text(std::string_view(text, room))) {
-    *result = encode_shortened;
-    return true;
-  }
-  *result = encode_text(false, text, len, f->width, field, f->output_capacity, &out.n);
-  return true;
+  return encoded(utf16, t, len, f, frame_out(f));
 }
 
 // The date order of field 6 as three letters: "YMD" when the text is not an
@@ -202,17 +255,8 @@ std::string_view date_separator(const field_reader &loc) {
   return s;
 }
 
-struct pattern_text {
-  char p[64];
-  size_t n = 0;
-  void put(std::string_view s) {
-    for (char c : s)
-      if (n < sizeof p) p[n++] = c;
-  }
-};
-
 // The day, month and year of the locale's order, leaving out what skip names.
-void put_dmy(pattern_text &t, std::string_view order, std::string_view sep, bool long_year,
+void put_dmy(core::bounded_text &t, std::string_view order, std::string_view sep, bool long_year,
              char skip) {
   bool first = true;
   for (char c : order) {
@@ -229,11 +273,10 @@ void put_dmy(pattern_text &t, std::string_view order, std::string_view sep, bool
 //   month_day     dd.mm (5), ddmm (4)
 //   year_quarter  yyyyQn (6), yyQn (4)
 //   datetime      date (10 or 8) and hh:mm:ss[.fff], or date (8) and hh:mm
-pattern_text short_pattern(short_form form, int w, int32_t d, const field_reader &loc,
-                           const moment &m) {
-  pattern_text t;
+void short_pattern(core::bounded_text &t, short_form form, int w, int32_t d,
+                   const field_reader &loc, const moment &m) {
   const std::string_view order = date_order(loc);
-  if (order.empty()) return t;
+  if (order.empty()) return;
   const std::string_view sep = date_separator(loc);
   const int s = static_cast<int>(sep.size());
   switch (form) {
@@ -290,14 +333,16 @@ pattern_text short_pattern(short_form form, int w, int32_t d, const field_reader
       break;
     }
   }
-  return t;
 }
 
-int format_short(xf_frame *f, const member_spec &spec, short_form form, const moment &m,
-                 const field_reader &loc, encoded &out) {
-  pattern_text t = short_pattern(form, f->width, f->decimals, loc, m);
-  if (t.n == 0) return format_failed;
-  return format_one(f, m, loc, t.p, t.n, 0, pattern_decimals(spec.kind, f->decimals), true, out);
+placed format_short(xf_frame *f, const member_spec &spec, const moment &m,
+                    const field_reader &loc, int id) {
+  char pattern[64];
+  core::bounded_text t(pattern);
+  short_pattern(t, spec.fallback, f->width, f->decimals, loc, m);
+  if (t.written() == 0) return {nl_result::unusable, 0};
+  return format_text(f, m, loc, id, {pattern, t.written(), 0},
+                     pattern_decimals(spec.kind, f->decimals), true, false);
 }
 
 xf_status overflow(xf_frame *f, bool no_room) {
@@ -347,36 +392,53 @@ void place_left_utf16(xf_frame *f, uint32_t n) {
   f->output_encoding = XF_ENC_UTF16LE;
 }
 
+// The usual case, kept short: a kept plan written straight into a
+// single-byte field, where plain text that fits is the result. False leaves
+// the field to format_text, which comes to the same bytes the long way.
+[[gnu::always_inline]] inline bool placed_directly(xf_frame *f, const pattern_plan *plan,
+                                                  const moment &m, int32_t d,
+                     uint32_t *n) {
+  if (plan == nullptr || plan->state != plan_state::complete || wants_utf16(f) || f->width <= 0)
+    return false;
+  const auto w = static_cast<uint32_t>(f->width);
+  uint32_t room = w < f->output_capacity ? w : f->output_capacity;
+  if (room > text_room) room = static_cast<uint32_t>(text_room);
+  bool plain = true;
+  const size_t len = run_plan(*plan, m, d, frame_out(f), room, 0, true, &plain);
+  if (len > room || !plain) return false;
+  *n = static_cast<uint32_t>(len);
+  return true;
+}
+
 xf_status run_two_pattern(xf_frame *f, const member_spec &spec) {
   xf_status st;
   if (!prologue(f, spec, true, &st)) return st;
   const int id = frame_locale_id(f);
   const field_reader loc = locale_reader(id);
-  const double v = frame_value(f);
-  lazy_moment m(spec.kind, v, f->decimals);
+  const moment m = moment_for(spec.kind, frame_value(f), f->decimals);
   const int32_t d = pattern_decimals(spec.kind, f->decimals);
-  const planned_day day = plan_day_of(f, spec.kind, v);
-  encoded out;
   bool no_room = false;
   for (int code : {spec.first, spec.second}) {
     if (code == 0) continue;
-    const date_plan *plan = day.ok ? date_plan_for(id, code) : nullptr;
-    int r = 0;
-    if (plan == nullptr || !format_planned(f, *plan, day.day, loc.record, out, &r))
-      r = format_one_in_place(f, m.get(), loc, code, d, out);
-    if (r <= 0) {
-      place_left(f, out.n, wants_utf16(f));
+    uint32_t n = 0;
+    if (placed_directly(f, plan_for_code(id, code), m, d, &n)) {
+      place_left(f, n, false);
       return XF_OK;
     }
-    no_room = no_room || r == encode_no_room;
+    const placed p = format_text(f, m, loc, id, {nullptr, 0, code}, d, false, true);
+    if (p.result == nl_result::done) {
+      place_left(f, p.n, wants_utf16(f));
+      return XF_OK;
+    }
+    no_room = no_room || p.result == nl_result::no_room;
   }
   if (spec.fallback != short_form::none) {
-    int r = format_short(f, spec, spec.fallback, m.get(), loc, out);
-    if (r <= 0) {
-      place_left(f, out.n, wants_utf16(f));
+    const placed p = format_short(f, spec, m, loc, id);
+    if (p.result == nl_result::done) {
+      place_left(f, p.n, wants_utf16(f));
       return XF_OK;
     }
-    no_room = no_room || r == encode_no_room;
+    no_room = no_room || p.result == nl_result::no_room;
   }
   return overflow(f, no_room);
 }
@@ -385,34 +447,34 @@ xf_status run_one_pattern(xf_frame *f, const member_spec &spec, const xf_nl_patt
   if (table[0].pattern == nullptr && table[0].code == code_short_form) return run_short(f, spec);
   xf_status st;
   if (!prologue(f, spec, false, &st)) return st;
-  const field_reader loc = locale_reader(frame_locale_id(f));
+  const int id = frame_locale_id(f);
+  const field_reader loc = locale_reader(id);
   const moment m = moment_for(spec.kind, frame_value(f), f->decimals);
   const char *p = table[0].pattern;
-  encoded out;
-  int r =
-      format_one(f, m, loc, p, p != nullptr ? std::strlen(p) : 0, p != nullptr ? 0 : table[0].code,
-                 pattern_decimals(spec.kind, f->decimals), false, out);
-  if (r <= encode_shortened) {
-    place_left(f, out.n, wants_utf16(f));
+  const pattern_request q{p, p != nullptr ? std::strlen(p) : 0, p != nullptr ? 0 : table[0].code};
+  const placed r =
+      format_text(f, m, loc, id, q, pattern_decimals(spec.kind, f->decimals), false, false);
+  if (r.result == nl_result::done || r.result == nl_result::shortened) {
+    place_left(f, r.n, wants_utf16(f));
     return XF_OK;
   }
   // Too long for the buffer, or unconvertible: the field stays as it was.
   f->output_length = 0;
-  return r == encode_no_room ? XF_E_CAPACITY : XF_E_OVERFLOW;
+  return r.result == nl_result::no_room ? XF_E_CAPACITY : XF_E_OVERFLOW;
 }
 
 xf_status run_short(xf_frame *f, const member_spec &spec) {
   xf_status st;
   if (!prologue(f, spec, true, &st)) return st;
-  const field_reader loc = locale_reader(frame_locale_id(f));
+  const int id = frame_locale_id(f);
+  const field_reader loc = locale_reader(id);
   const moment m = moment_for(spec.kind, frame_value(f), f->decimals);
-  encoded out;
-  int r = format_short(f, spec, spec.fallback, m, loc, out);
-  if (r <= 0) {
-    place_left(f, out.n, wants_utf16(f));
+  const placed r = format_short(f, spec, m, loc, id);
+  if (r.result == nl_result::done) {
+    place_left(f, r.n, wants_utf16(f));
     return XF_OK;
   }
-  return overflow(f, r == encode_no_room);
+  return overflow(f, r.result == nl_result::no_room);
 }
 
 xf_status run_name(xf_frame *f, int full_first, int abbrev_first, int count) {
@@ -425,19 +487,18 @@ xf_status run_name(xf_frame *f, int full_first, int abbrev_first, int count) {
     return fail_stars(f, f->width, XF_E_OVERFLOW);
   const int k = static_cast<int>(std::trunc(v)) - 1;
   const field_reader loc = locale_reader(frame_locale_id(f));
-  encoded out;
   bool no_room = false;
   // The full name when it fits whole, else the abbreviation, cut if need be.
   for (int first : {full_first, abbrev_first}) {
     std::string_view name;
     if (!loc.get(first + k, &name) || name.empty()) continue;
-    int r = encode_text(wants_utf16(f), name.data(), name.size(), f->width, frame_out(f),
-                        f->output_capacity, &out.n);
-    if (r <= 0 || (r == encode_shortened && first == abbrev_first)) {
-      place_left(f, out.n, wants_utf16(f));
+    const placed r = encoded(wants_utf16(f), name.data(), name.size(), f, frame_out(f));
+    if (r.result == nl_result::done ||
+        (r.result == nl_result::shortened && first == abbrev_first)) {
+      place_left(f, r.n, wants_utf16(f));
       return XF_OK;
     }
-    no_room = no_room || r == encode_no_room;
+    no_room = no_room || r.result == nl_result::no_room;
   }
   return overflow(f, no_room);
 }

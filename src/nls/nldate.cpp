@@ -6,49 +6,92 @@
 #include "nls/nl_member.hpp"
 #include "catalog/routine_guard.hpp"
 
+// The locale record's date pattern fields, and the name fields the name
+// tables point at (numbers until the record's generated field names
+// replace them).
+constexpr int32_t date_long = 28, date_short = 29, date_medium = 30, date_full = 31;
+constexpr int32_t weekday_date_long = 32, weekday_date_short = 33;
+constexpr int32_t year_month_long = 34, year_month_short = 35;
+constexpr int32_t month_day_long = 36, month_day_short = 37;
+constexpr int32_t year_long = 38, year_short = 39;
+constexpr int32_t year_quarter_long = 40, year_quarter_short = 41;
+constexpr int32_t year_week_long = 42, year_week_short = 43;
+constexpr int32_t month_full_lower = 95, month_abbrev_lower = 83;
+constexpr int32_t weekday_full_lower = 128, weekday_abbrev_lower = 121;
+constexpr int32_t short_numeric = 190;  // the short numeric form, not a field
+
 // Pattern tables: only the first row is read; the others are kept as data.
-extern "C" const xf_nl_pattern nldatel_pat[3] = {{nullptr, 31}, {nullptr, 30}, {nullptr, 190}};
-extern "C" const xf_nl_pattern nldatem_pat[2] = {{nullptr, 30}, {nullptr, 190}};
-extern "C" const xf_nl_pattern nldateyml_pat[3] = {{nullptr, 34}, {nullptr, 35}, {nullptr, 190}};
-extern "C" const xf_nl_pattern nldateymm_pat[2] = {{nullptr, 35}, {nullptr, 190}};
-extern "C" const xf_nl_pattern nldateyql_pat[3] = {{nullptr, 40}, {nullptr, 41}, {nullptr, 190}};
-extern "C" const xf_nl_pattern nldateyqm_pat[2] = {{nullptr, 41}, {nullptr, 190}};
-extern "C" const xf_nl_pattern nldatemdl_pat[3] = {{nullptr, 36}, {nullptr, 37}, {nullptr, 190}};
-extern "C" const xf_nl_pattern nldatemdm_pat[2] = {{nullptr, 37}, {nullptr, 190}};
-extern "C" const xf_nl_pattern nldatew_pat[4] = {
-    {nullptr, 32}, {nullptr, 33}, {"%#A", 128}, {"%#a", 121}};
-extern "C" const xf_nl_pattern nldatemn_pat[3] = {{"%#B", 95}, {"%#b", 83}, {"%o", 2}};
-extern "C" const xf_nl_pattern nldatewn_pat[3] = {{"%#A", 128}, {"%#a", 121}, {"uw", 42}};
+extern "C" const xf_nl_pattern nldatel_pat[3] = {{nullptr, date_full},
+                                                 {nullptr, date_medium},
+                                                 {nullptr, short_numeric}};
+extern "C" const xf_nl_pattern nldatem_pat[2] = {{nullptr, date_medium}, {nullptr, short_numeric}};
+extern "C" const xf_nl_pattern nldateyml_pat[3] = {{nullptr, year_month_long},
+                                                   {nullptr, year_month_short},
+                                                   {nullptr, short_numeric}};
+extern "C" const xf_nl_pattern nldateymm_pat[2] = {{nullptr, year_month_short},
+                                                   {nullptr, short_numeric}};
+extern "C" const xf_nl_pattern nldateyql_pat[3] = {{nullptr, year_quarter_long},
+                                                   {nullptr, year_quarter_short},
+                                                   {nullptr, short_numeric}};
+extern "C" const xf_nl_pattern nldateyqm_pat[2] = {{nullptr, year_quarter_short},
+                                                   {nullptr, short_numeric}};
+extern "C" const xf_nl_pattern nldatemdl_pat[3] = {{nullptr, month_day_long},
+                                                   {nullptr, month_day_short},
+                                                   {nullptr, short_numeric}};
+extern "C" const xf_nl_pattern nldatemdm_pat[2] = {{nullptr, month_day_short},
+                                                   {nullptr, short_numeric}};
+extern "C" const xf_nl_pattern nldatew_pat[4] = {{nullptr, weekday_date_long},
+                                                 {nullptr, weekday_date_short},
+                                                 {"%#A", weekday_full_lower},
+                                                 {"%#a", weekday_abbrev_lower}};
+extern "C" const xf_nl_pattern nldatemn_pat[3] = {{"%#B", month_full_lower},
+                                                  {"%#b", month_abbrev_lower},
+                                                  {"%o", 2}};
+extern "C" const xf_nl_pattern nldatewn_pat[3] = {{"%#A", weekday_full_lower},
+                                                  {"%#a", weekday_abbrev_lower},
+                                                  {"uw", 42}};
 
 using namespace xfmt::nls;
 
 XF_ROUTINE(nldate, f) {
-  static constexpr member_spec spec{10, 0, value_kind::date, 28, 29, short_form::date};
+  static constexpr member_spec spec{
+      10, 0, value_kind::date,
+      date_long, date_short, short_form::date};
   return run_two_pattern(f, spec);
 }
 
 XF_ROUTINE(nldatemd, f) {
-  static constexpr member_spec spec{6, 0, value_kind::date, 36, 37, short_form::none};
+  static constexpr member_spec spec{
+      6, 0, value_kind::date,
+      month_day_long, month_day_short, short_form::none};
   return run_two_pattern(f, spec);
 }
 
 XF_ROUTINE(nldateym, f) {
-  static constexpr member_spec spec{6, 0, value_kind::date, 34, 35, short_form::none};
+  static constexpr member_spec spec{
+      6, 0, value_kind::date,
+      year_month_long, year_month_short, short_form::none};
   return run_two_pattern(f, spec);
 }
 
 XF_ROUTINE(nldateyr, f) {
-  static constexpr member_spec spec{2, 0, value_kind::date, 38, 39, short_form::none};
+  static constexpr member_spec spec{
+      2, 0, value_kind::date,
+      year_long, year_short, short_form::none};
   return run_two_pattern(f, spec);
 }
 
 XF_ROUTINE(nldateyq, f) {
-  static constexpr member_spec spec{4, 0, value_kind::date, 40, 41, short_form::none};
+  static constexpr member_spec spec{
+      4, 0, value_kind::date,
+      year_quarter_long, year_quarter_short, short_form::none};
   return run_two_pattern(f, spec);
 }
 
 XF_ROUTINE(nldateyw, f) {
-  static constexpr member_spec spec{5, 0, value_kind::date, 42, 43, short_form::none};
+  static constexpr member_spec spec{
+      5, 0, value_kind::date,
+      year_week_long, year_week_short, short_form::none};
   return run_two_pattern(f, spec);
 }
 

@@ -14,109 +14,134 @@
 
 #include <cmath>
 #include <cstring>
+#include <string_view>
 
 #include "catalog/missing.hpp"
+#include "datetime/calendar.hpp"
+#include "nls/date_plan.hpp"
 
 namespace xfmt::userfmt {
 namespace {
 
-struct parts {
-  bool has_date = false;
-  int year = 0, month = 0, day = 0, yday = 0, wday = 0;  // wday 0 = Sunday
-  bool has_time = false;
-  int hour = 0, minute = 0, second = 0;
-};
+using nls::part;
 
-class writer {
- public:
-  writer(char *out, int32_t cap) : out_(out), cap_(cap > 0 ? cap : 0) {}
-  void put(char c) {
-    if (n_ < cap_) out_[n_] = c;
-    ++n_;
+// The English names the directives show, laid out as a locale's names are:
+// the abbreviations are the first three letters of the full names.
+nls::locale_names english_names() {
+  nls::locale_names t{};
+  auto set = [&t](int field, const char *text, size_t length) {
+    nls::name_entry &e = t.names[field - nls::first_name_field];
+    e.text = text;
+    e.length = static_cast<uint16_t>(length);
+    e.chars = e.length;
+    std::memcpy(t.slots[field - nls::first_name_field], text, length);
+  };
+  for (int k = 0; k < 12; ++k) {
+    set(nls::field_month_abbrev + k, months[k], 3);
+    set(nls::field_month_full + k, months[k], std::strlen(months[k]));
   }
-  void put(const char *s, size_t len) {
-    for (size_t i = 0; i < len; ++i) put(s[i]);
+  for (int k = 0; k < 7; ++k) {
+    set(nls::field_weekday_abbrev + k, weekdays[k], 3);
+    set(nls::field_weekday_full + k, weekdays[k], std::strlen(weekdays[k]));
   }
-  void number(long v, int pad) {
-    char buf[24];
-    int k = 0;
-    bool neg = v < 0;
-    unsigned long m = neg ? 0ul - static_cast<unsigned long>(v) : static_cast<unsigned long>(v);
-    do {
-      buf[k++] = static_cast<char>('0' + m % 10);
-      m /= 10;
-    } while (m);
-    if (neg) put('-');
-    for (int i = k; i < pad; ++i) put('0');
-    while (k) put(buf[--k]);
-  }
-  int32_t length() const { return n_ < cap_ ? n_ : cap_; }
-
- private:
-  char *out_;
-  int32_t cap_;
-  int32_t n_ = 0;
-};
-
-bool date_parts(double date, parts &p) {
-  double jul = zjuldat(date);
-  if (is_missing(jul) || std::isnan(jul)) return false;
-  double y, m, d;
-  zymdjul(&y, &m, &d, jul);
-  double wd = zwekday(date);
-  if (is_missing(y) || is_missing(wd) || m < 1 || m > 12) return false;
-  p.has_date = true;
-  p.year = static_cast<int>(y);
-  p.month = static_cast<int>(m);
-  p.day = static_cast<int>(d);
-  p.yday = static_cast<int>(std::fmod(jul, 1000.0));
-  // Before 1600-01-02 the weekday runs from -5 to 1; the true one is mod 7.
-  p.wday = ((static_cast<int>(wd) - 1) % 7 + 7) % 7;
-  return true;
+  set(nls::field_am, "AM", 2);
+  set(nls::field_pm, "PM", 2);
+  return t;
 }
 
-bool time_parts(double t, parts &p) {
-  double h = zhour(t), mi = zminute(t), s = zsecond(t);
-  if (is_missing(h) || is_missing(mi) || is_missing(s)) return false;
-  p.has_time = true;
-  p.hour = static_cast<int>(h);
-  p.minute = static_cast<int>(mi);
-  p.second = static_cast<int>(s);
-  return true;
+const nls::locale_names &english() {
+  static const nls::locale_names names = english_names();
+  return names;
 }
 
-// Returns false when the directive does not apply (copied as it stands).
-bool directive(writer &out, char c, bool zero, const parts &p) {
-  auto num = [&](long v, int width) { out.number(v, zero ? width : 0); };
+// One directive as steps; false when it does not apply (it is then copied
+// as it stands). Numbers have no padding unless zero is set.
+bool directive(nls::plan_maker &b, char c, bool zero, bool has_date, bool has_time) {
+  auto num = [&](part p, uint8_t width, uint8_t needs) {
+    return b.least(p, zero ? width : 1, false, needs);
+  };
+  constexpr uint8_t date = nls::need_date, time = nls::need_hour;
   switch (c) {
     case 'a': case 'A': case 'b': case 'B': case 'd': case 'j': case 'm':
     case 'U': case 'w': case 'y': case 'Y':
-      if (!p.has_date) return false;
+      if (!has_date) return false;
       break;
     case 'H': case 'I': case 'M': case 'S': case 'p':
-      if (!p.has_time) return false;
+      if (!has_time) return false;
       break;
     default: return false;
   }
   switch (c) {
-    case 'a': out.put(weekdays[p.wday], 3); break;
-    case 'A': out.put(weekdays[p.wday], std::strlen(weekdays[p.wday])); break;
-    case 'b': out.put(months[p.month - 1], 3); break;
-    case 'B': out.put(months[p.month - 1], std::strlen(months[p.month - 1])); break;
-    case 'd': num(p.day, 2); break;
-    case 'j': num(p.yday, 3); break;
-    case 'm': num(p.month, 2); break;
-    case 'U': num((p.yday - 1 + 7 - p.wday) / 7, 2); break;
-    case 'w': num(p.wday, 1); break;
-    case 'y': num(p.year % 100, 2); break;
-    case 'Y': num(p.year, 4); break;
-    case 'H': num(p.hour, 2); break;
-    case 'I': num(p.hour % 12 == 0 ? 12 : p.hour % 12, 2); break;
-    case 'M': num(p.minute, 2); break;
-    case 'S': num(p.second, 2); break;
-    case 'p': out.put(p.hour < 12 ? "AM" : "PM", 2); break;
-    default: break;
+    case 'a': return b.name(nls::field_weekday_abbrev, 7, part::wday, false, date);
+    case 'A': return b.name(nls::field_weekday_full, 7, part::wday, false, date);
+    case 'b': return b.name(nls::field_month_abbrev, 12, part::month_index, false, date);
+    case 'B': return b.name(nls::field_month_full, 12, part::month_index, false, date);
+    case 'd': return num(part::day, 2, date);
+    case 'j': return num(part::yday, 3, date);
+    case 'm': return num(part::month, 2, date);
+    case 'U': return num(part::sunday_week, 2, date);
+    case 'w': return num(part::wday, 1, date);
+    case 'y': return num(part::year_of_century, 2, date);
+    case 'Y': return num(part::year, 4, date);
+    case 'H': return num(part::hour, 2, time);
+    case 'I': return num(part::hour_12, 2, time);
+    case 'M': return num(part::minute, 2, time);
+    case 'S': return num(part::second, 2, time);
+    default: return b.name(nls::field_am, 2, part::half_of_count, false, time);  // 'p'
   }
+}
+
+// Compiles the picture from position i into plan; returns where the steps
+// stop (the picture's end when the plan is complete).
+int32_t compile_picture(const char *picture, int32_t length, int32_t i, bool has_date,
+                        bool has_time, nls::pattern_plan *plan) {
+  nls::plan_maker b(english(), plan);
+  for (; i < length; ++i) {
+    if (!b.room_for(1, 2)) break;
+    const char c = picture[i];
+    if (c != '%' || i + 1 >= length) {
+      b.literal(&c, 1);
+      continue;
+    }
+    int32_t j = i + 1;
+    const bool zero = picture[j] == '0';
+    if (zero && j + 1 < length) ++j;
+    if (picture[j] == '%') {
+      b.literal("%", 1);
+      i = j;
+    } else if (directive(b, picture[j], zero, has_date, has_time)) {
+      i = j;
+    } else {
+      b.literal(&c, 1);
+    }
+  }
+  b.finish(i < length ? nls::plan_state::partial : nls::plan_state::complete);
+  return i;
+}
+
+// The date of a value: the calendar's day, with the weekday as the host
+// has always counted it (whole days from 1600-01-02 truncated, so a
+// fractional date before then takes the weekday of the day after).
+bool date_parts(double date, nls::moment &m) {
+  if (datetime::unusable(date) || !datetime::date_in_range(date)) return false;
+  const datetime::ymd c = datetime::ymd_of_value(date);
+  const int64_t n = static_cast<int64_t>(date + 131486.0);
+  m.has_date = true;
+  m.year = static_cast<int>(c.year);
+  m.month = c.month;
+  m.day = c.day;
+  m.yday = datetime::day_of_year(c.year, c.month, c.day);
+  m.wday = static_cast<int>((n % 7 + 7) % 7);
+  return true;
+}
+
+bool time_parts(double t, nls::moment &m) {
+  const double h = zhour(t), mi = zminute(t), s = zsecond(t);
+  if (is_missing(h) || is_missing(mi) || is_missing(s)) return false;
+  m.has_hour = m.has_minute = m.has_second = true;
+  m.hour = static_cast<int>(h);
+  m.minute = static_cast<int>(mi);
+  m.second = static_cast<int>(s);  // whole seconds, as shown
   return true;
 }
 
@@ -128,41 +153,33 @@ using namespace xfmt::userfmt;
 extern "C" int32_t datefmt(const char *picture, int32_t picture_length, int32_t datatype,
                            const char *language, int32_t language_length, double value,
                            char *work, int32_t work_capacity) {
-  writer out(work, work_capacity);
+  const size_t room = work_capacity > 0 ? static_cast<size_t>(work_capacity) : 0;
   // Only English names are held: "English", an empty language and any
   // other language all use them.
   (void)language;
   (void)language_length;
   if (xfmt::is_missing(value)) {
-    out.put(xfmt::missing_symbol(xfmt::double_bits(value)) == ' ' ? '.'
-                                                                 : xfmt::missing_symbol(xfmt::double_bits(value)));
-    return out.length();
+    const char symbol = xfmt::missing_symbol(xfmt::double_bits(value));
+    if (room > 0) work[0] = symbol == ' ' ? '.' : symbol;
+    return room > 0 ? 1 : 0;
   }
-  parts p;
+  xfmt::nls::moment m;
   bool ok = true;
-  if (datatype == 1) ok = date_parts(value, p);
-  else if (datatype == 2) ok = time_parts(value, p);
-  else if (datatype == 3) ok = date_parts(zdatprt(value), p) && time_parts(ztimprt(value), p);
+  if (datatype == 1) ok = date_parts(value, m);
+  else if (datatype == 2) ok = time_parts(value, m);
+  else if (datatype == 3) ok = date_parts(zdatprt(value), m) && time_parts(ztimprt(value), m);
   if (!ok || std::isnan(value)) {
-    out.put('*');
-    return out.length();
+    if (room > 0) work[0] = '*';
+    return room > 0 ? 1 : 0;
   }
-  for (int32_t i = 0; i < picture_length; ++i) {
-    char c = picture[i];
-    if (c != '%' || i + 1 >= picture_length) {
-      out.put(c);
-      continue;
-    }
-    int32_t j = i + 1;
-    bool zero = picture[j] == '0';
-    if (zero && j + 1 < picture_length) ++j;
-    if (picture[j] == '%') {
-      out.put('%');
-      i = j;
-      continue;
-    }
-    if (directive(out, picture[j], zero, p)) i = j;
-    else out.put(c);
-  }
-  return out.length();
+  // The directives compile into the national pattern engine's steps, a
+  // plan's worth at a time for a long picture.
+  xfmt::nls::pattern_plan plan;
+  size_t n = 0;
+  int32_t at = 0;
+  do {
+    at = compile_picture(picture, picture_length, at, m.has_date, m.has_hour, &plan);
+    n = xfmt::nls::run_plan(plan, m, 0, work, room, n, false);
+  } while (plan.state == xfmt::nls::plan_state::partial);
+  return static_cast<int32_t>(n < room ? n : room);
 }

@@ -1,11 +1,11 @@
-// Compiled date patterns against the expander they stand in for: every
-// locale's date fields over days spread across the whole range, each
-// conversion a plan takes on its own, the room limits, and the first use
-// from many threads at once.
+// The pattern engine against the literal expander it replaced: every pattern
+// field of every locale, kept plans and patterns compiled on the spot, over
+// days across the whole range and times of day, in rooms from none to ample;
+// each conversion with its flags on a test record and on era locales; the
+// plans kept per locale.
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <random>
 #include <string>
 #include <thread>
 #include <vector>
@@ -14,157 +14,190 @@
 #include "nls/date_plan.hpp"
 #include "nls/locale_reader.hpp"
 #include "nls/zkf.hpp"
+#include "oracle/nls_expand_oracle.hpp"
+#include "record.hpp"
 #include "support/random.hpp"
 
 namespace {
 
 using namespace xfmt::nls;
+using xfmt::datetime::days_from_ymd;
 
-constexpr int english_us = 53;
+constexpr int english_us = 53, japanese = 79, thai = 131, taiwan = 30;
 
-// What the expander writes for the pattern on the day, with ample room.
-std::string expanded(int id, std::string_view pattern, int64_t day) {
-  const moment m = date_moment_of(static_cast<double>(day));
-  char text[1024];
-  size_t n = 0;
-  EXPECT_EQ(expand_text(m, locale_reader(id), pattern.data(), pattern.size(), text, sizeof text,
-                        &n, 0),
-            expand_fits);
-  return std::string(text, n < sizeof text ? n : sizeof text);
-}
-
-std::string planned(int id, const date_plan &plan, int64_t day, size_t room = 256) {
-  std::vector<char> out(room + 1, '\x7f');
-  const size_t n =
-      run_date_plan(plan, day_fields_of(day), locale_reader(id).record, out.data(), room);
-  EXPECT_EQ(out[room], '\x7f') << "written past the room";
-  return n <= room ? std::string(out.data(), n) : std::string("<too long>");
-}
-
-// Days of every era of the range: both ends, leap days, the turn of 4000,
-// year ends, and a spread of others.
-std::vector<int64_t> sample_days() {
-  using xfmt::datetime::days_from_ymd;
+// Dates at both ends of the range, leap days, the turn of 4000, year ends and
+// a spread of others, each alone, with a time of day (fractions, midnight,
+// noon), and a time alone; then hand-built moments the values cannot make.
+std::vector<moment> sample_moments() {
   std::vector<int64_t> days = {
-      xfmt::datetime::date_min,      xfmt::datetime::date_max,      -1, 0, 1,
-      days_from_ymd(2000, 2, 29),    days_from_ymd(1900, 3, 1),     days_from_ymd(4000, 2, 28),
-      days_from_ymd(4000, 3, 1),     days_from_ymd(2024, 12, 31),   days_from_ymd(2025, 1, 1),
-      days_from_ymd(9999, 12, 31),   days_from_ymd(10000, 1, 1),    days_from_ymd(1582, 10, 15),
-  };
-  for (int64_t d = days_from_ymd(2023, 1, 1); d <= days_from_ymd(2024, 12, 31); d += 1)
+      xfmt::datetime::date_min,   xfmt::datetime::date_max,   -1, 0, 1,
+      days_from_ymd(2000, 2, 29), days_from_ymd(1900, 3, 1),  days_from_ymd(4000, 2, 28),
+      days_from_ymd(4000, 3, 1),  days_from_ymd(2024, 12, 30), days_from_ymd(2027, 1, 1),
+      days_from_ymd(9999, 12, 31), days_from_ymd(10000, 1, 1), days_from_ymd(1582, 10, 15),
+      days_from_ymd(1868, 10, 23), days_from_ymd(1989, 1, 8),  days_from_ymd(1911, 6, 1)};
+  for (int64_t d = xfmt::datetime::date_min; d <= xfmt::datetime::date_max; d += 99991)
     days.push_back(d);
-  for (int64_t d = xfmt::datetime::date_min; d <= xfmt::datetime::date_max; d += 9973)
-    days.push_back(d);
-  return days;
+  const double seconds[] = {0, 43199.96, 43200, 86399.9996, 3723.25, 50000.5};
+  std::vector<moment> out;
+  for (size_t k = 0; k < days.size(); ++k) {
+    const double day = static_cast<double>(days[k]);
+    out.push_back(date_moment_of(day));
+    out.push_back(datetime_moment_of(day * 86400 + seconds[k % 6], static_cast<int32_t>(k % 4),
+                                     true));
+  }
+  out.push_back(datetime_moment_of(seconds[4], 2, false));
+  moment odd = xfmt::test::datetime_moment(2020, 2, 29, 0, 7, 9.75);
+  odd.hour = 1234;  // a long time: hours past 99 keep their digits
+  out.push_back(odd);
+  odd.has_minute = odd.has_second = false;
+  out.push_back(odd);
+  out.push_back(moment{});
+  return out;
 }
 
-TEST(date_plan, every_locale_field_writes_what_the_expander_writes) {
-  const std::vector<int64_t> days = sample_days();
-  int usable = 0, failures = 0;
-  for (int id = 1; id <= locale_count && failures < 5; ++id)
-    for (int field = 28; field < 44 && failures < 5; ++field) {
-      const date_plan *plan = date_plan_for(id, field);
-      if (plan == nullptr) continue;
-      ++usable;
-      const std::string_view pattern = locale_field(id, field);
-      for (int64_t day : days) {
-        const std::string want = expanded(id, pattern, day);
-        const std::string got = planned(id, *plan, day);
-        if (got != want) {
-          ADD_FAILURE() << "locale " << id << " field " << field << " day " << day << ": \""
-                        << got << "\" for \"" << want << "\"";
+const std::vector<moment> &moments() {
+  static const std::vector<moment> all = sample_moments();
+  return all;
+}
+
+// The stored text and the full length, or the unknown-conversion code.
+struct written {
+  int code;
+  size_t length;
+  std::string text;
+  bool operator==(const written &) const = default;
+};
+
+std::ostream &operator<<(std::ostream &os, const written &w) {
+  return os << w.code << " " << w.length << " \"" << w.text << "\"";
+}
+
+constexpr char sentinel = '\x7f';
+
+written literal(const field_reader &loc, std::string_view p, const moment &m, int32_t d,
+                size_t room) {
+  std::vector<char> out(room + 1, sentinel);
+  size_t length = 0;
+  const int code =
+      xfmt::oracle::expand_literally(m, loc, p.data(), p.size(), out.data(), room, &length, d);
+  if (code != 0) return {code, 0, {}};
+  return {0, length, std::string(out.data(), length < room ? length : room)};
+}
+
+// Through expand_text, or through a plan when one is given; nothing may be
+// written past the room, nor (outside a scratch tail) past the text.
+written engine(const field_reader &loc, std::string_view p, const moment &m, int32_t d,
+               size_t room, const pattern_plan *plan = nullptr, bool scratch = false) {
+  std::vector<char> out(room + 1, sentinel);
+  written w{0, 0, {}};
+  if (plan == nullptr) {
+    w.code = expand_text(m, loc, p.data(), p.size(), out.data(), room, &w.length, d);
+  } else {
+    const nl_result r = run_pattern(m, loc, plan, {}, d, out.data(), room, scratch, &w.length);
+    w.code = r == nl_result::unusable ? expand_bad_letter : expand_fits;
+  }
+  const size_t stored = w.length < room ? w.length : room;
+  if (w.code == 0) w.text.assign(out.data(), stored);
+  EXPECT_EQ(out[room], sentinel) << "written past the room";
+  if (!scratch && w.code == 0 && stored < room) {
+    EXPECT_EQ(out[stored], sentinel) << "past the text";
+  }
+  return w;
+}
+
+TEST(pattern_engine, every_locale_field_against_the_literal_expander) {
+  auto g = xfmt::test::rng(71);
+  int failures = 0, kept = 0;
+  for (int id = 1; id <= locale_count && failures < 5; ++id) {
+    const field_reader loc = locale_reader(id);
+    for (int code = plan_first_field; code < plan_first_field + plan_field_count; ++code)
+      for (int zone : {0, 256}) {
+        std::string pattern(locale_field(id, code));
+        if (zone != 0) pattern += " %z";
+        const pattern_plan *plan = plan_for_code(id, code + zone);
+        kept += plan != nullptr;
+        // A third of the moments for each locale, a different third for the next.
+        for (size_t k = static_cast<size_t>(id) % 3; k < moments().size() && failures < 5; k += 3) {
+          const moment &m = moments()[k];
+          const int32_t d = static_cast<int32_t>(k % 4);
+          const written want = literal(loc, pattern, m, d, 1024);
+          const written got = engine(loc, pattern, m, d, 1024);
+          const written kept_plan = plan != nullptr ? engine(loc, {}, m, d, 1024, plan) : want;
+          if (got == want && kept_plan == want) continue;
           ++failures;
-          break;
+          ADD_FAILURE() << "locale " << id << " code " << code + zone << " moment " << k << ": "
+                        << got << " / " << kept_plan << " for " << want;
+        }
+        // Rooms from none to past the text, for one moment.
+        const moment &m = moments()[g() % moments().size()];
+        for (size_t room = 0; room <= 48 && failures < 5; ++room) {
+          const written want = literal(loc, pattern, m, 3, room);
+          const bool scratch = room % 2 == 0;
+          if (engine(loc, pattern, m, 3, room) == want &&
+              (plan == nullptr || engine(loc, {}, m, 3, room, plan, scratch) == want))
+            continue;
+          ++failures;
+          ADD_FAILURE() << "locale " << id << " code " << code + zone << " room " << room;
         }
       }
-    }
-  // The date fields the members read compile nearly everywhere; the rest are
-  // times and ISO weeks, which stay with the expander.
-  EXPECT_GT(usable, 136 * 14);
-  ASSERT_NE(date_plan_for(english_us, 28), nullptr);
-  EXPECT_TRUE(date_plan_for(english_us, 28)->plain);
+  }
+  EXPECT_GT(kept, locale_count * 2 * 20);  // nearly every pattern field is kept compiled
 }
 
-struct pattern_case {
-  const char *pattern;
-  int compiles;  // 1 yes, 0 no, -1 as the locale's own patterns decide
-};
-
-// Each conversion on its own and in company; what a plan must leave alone.
-const pattern_case patterns[] = {
-    {"%A|%a|%#A|%#a", true},  {"%F|%f|%#F|%#f", true},     {"%B|%b|%#B|%#b", true},
-    {"%C|%c|%#C", true},      {"%Q|%q|%#Q|%#q", true},     {"%d|%#d|%D|%e", true},
-    {"%m|%#m|%N|%O", true},   {"%Y|%y|%#y", true},         {"%j|%#j|%J", true},
-    {"%U|%#U|%u|%w", true},   {"%%|%#%|100%%", true},      {"%v%t|", true},
-    {"%1d|%0d|%9B", true},    {"", true},                  {"plain text", true},
-    {"a literal of forty characters and more: %d", true},
-    {"%x", -1},               {"  %d  ", true},            {"%d %d %d %d %d %d %d %d", true},
-    {"%H", false},            {"%M", false},               {"%S", false},
-    {"%p", false},            {"%T", false},               {"%z", false},
-    {"%Z", false},            {"%+Y", false},              {"%G", false},
-    {"%V", false},            {"%W", false},               {"%?m", false},
-    {"%k", false},            {"%X", -1},               {"%", false},
-    {"%d%", false},
-    // More pieces than a plan holds: literal text, or steps.
-    {"a fairly long piece of literal text, longer than a plan keeps %d", false},
-    {"%d.%d.%d.%d.%d.%d.%d.%d.%d.%d.%d.%d.%d.%d.%d.%d.%d", false},
-};
-
-TEST(date_plan, each_conversion_against_the_expander) {
-  const std::vector<int64_t> days = sample_days();
-  for (int id : {english_us, 1, 37, 70, 100, 136})
-    for (const pattern_case &c : patterns) {
-      SCOPED_TRACE(c.pattern);
-      const field_reader loc = locale_reader(id);
-      const date_plan plan = compile_date_plan(loc, c.pattern, std::strlen(c.pattern));
-      if (c.compiles >= 0) {
-        ASSERT_EQ(plan.usable, c.compiles == 1) << c.pattern;
-      }
-      if (!plan.usable) continue;
-      for (size_t k = 0; k < days.size(); k += 7)
-        ASSERT_EQ(planned(id, plan, days[k]), expanded(id, c.pattern, days[k]))
-            << "locale " << id << " pattern \"" << c.pattern << "\" day " << days[k];
-    }
+// Each conversion with its flags, alone and in company, on the test record
+// (names it cannot read, escapes) and on locales with eras.
+TEST(pattern_engine, each_conversion_against_the_literal_expander) {
+  xfmt::test::test_record rec = xfmt::test::english_like();
+  rec.fields[59] = "M<U00E4>r";  // an escape, padded by characters
+  rec.fields.erase(60);          // a name that cannot be read
+  rec.fields.erase(151);         // AM falls back
+  rec.fields[172] = ",";
+  const std::string letters = "%ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz19?+#";
+  std::vector<std::string> patterns = {
+      "", "plain", "  %d  ", "%", "%#", "%+", "%d%", "%x|%X", "[%x] %X %%", "%#+?Y|%+y|%+#y",
+      std::string(150, 'a') + "%d" + std::string(40, 'b'),
+      "%d.%m.%Y %H:%M:%S %z %Z %p %A %B %C %F %G %V %W %U %j %n %q %T "
+      "%d.%m.%Y %H:%M:%S %z %Z %p %A %B %C %F %G %V %W %U %j %n %q %T"};
+  for (char l : letters)
+    for (const char *flag : {"", "#", "?", "+", "0", "7"})
+      patterns.push_back(std::string("<%") + flag + l + ">");
+  for (int which = 0; which < 5; ++which) {
+    const field_reader loc = which == 0 ? rec.reader()
+                                        : locale_reader(which == 1   ? english_us
+                                                        : which == 2 ? japanese
+                                                        : which == 3 ? thai
+                                                                     : taiwan);
+    for (const std::string &p : patterns)
+      for (size_t k = 0; k < moments().size(); k += 3)
+        for (int32_t d : {0, 1, 4}) {
+          const moment &m = moments()[k];
+          for (size_t room : {size_t{0}, size_t{1}, size_t{5}, size_t{1024}})
+            ASSERT_EQ(engine(loc, p, m, d, room), literal(loc, p, m, d, room))
+                << "reader " << which << " pattern \"" << p << "\" moment " << k << " room "
+                << room;
+        }
+  }
 }
 
-TEST(date_plan, a_short_room_takes_the_text_whole_or_not_at_all) {
-  auto g = xfmt::test::rng(61);
-  std::uniform_int_distribution<int64_t> any_day(xfmt::datetime::date_min,
-                                                 xfmt::datetime::date_max);
-  for (int id = 1; id <= locale_count; id += 5)
-    for (int field = 28; field < 44; ++field) {
-      const date_plan *plan = date_plan_for(id, field);
-      if (plan == nullptr) continue;
-      const int64_t day = any_day(g);
-      const std::string whole = planned(id, *plan, day);
-      for (size_t room = 0; room <= whole.size() + 17; ++room) {
-        const std::string got = planned(id, *plan, day, room);
-        if (whole.size() <= room)
-          ASSERT_EQ(got, whole) << "room " << room;
-        else
-          ASSERT_EQ(got, "<too long>") << "room " << room;
-      }
-    }
+TEST(pattern_engine, kept_plans_cover_the_pattern_fields_only) {
+  EXPECT_EQ(plan_for_code(english_us, plan_first_field - 1), nullptr);
+  EXPECT_EQ(plan_for_code(english_us, plan_first_field + plan_field_count), nullptr);
+  EXPECT_EQ(plan_for_code(0, 28), nullptr);
+  EXPECT_EQ(plan_for_code(locale_count + 1, 28), nullptr);
+  ASSERT_NE(plan_for_code(english_us, 4096 + 256 + 46), nullptr);
+  EXPECT_EQ(plan_for_code(english_us, 4096 + 256 + 46), plan_for_code(english_us, 256 + 46));
+  EXPECT_EQ(plan_for_code(english_us, 28)->state, plan_state::complete);
 }
 
-TEST(date_plan, fields_outside_the_date_patterns_have_no_plan) {
-  EXPECT_EQ(date_plan_for(english_us, 27), nullptr);
-  EXPECT_EQ(date_plan_for(english_us, 44), nullptr);
-  EXPECT_EQ(date_plan_for(english_us, 4096 + 46), nullptr);
-  EXPECT_EQ(date_plan_for(0, 28), nullptr);
-  EXPECT_EQ(date_plan_for(locale_count + 1, 28), nullptr);
-  EXPECT_EQ(date_plan_for(english_us, 59), nullptr);  // "January": a name, not a pattern
-}
-
-TEST(date_plan, first_use_from_many_threads_gives_one_set) {
+TEST(pattern_engine, first_use_from_many_threads_gives_one_set) {
   // Locales the other tests of this file leave alone, so each starts empty.
   for (int id : {2, 3, 4}) {
-    std::vector<const date_plan *> seen(8);
+    std::vector<const pattern_plan *> seen(8);
     std::vector<std::thread> threads;
     for (size_t t = 0; t < seen.size(); ++t)
-      threads.emplace_back([&seen, t, id] { seen[t] = date_plan_for(id, 38); });
+      threads.emplace_back([&seen, t, id] { seen[t] = plan_for_code(id, 38); });
     for (std::thread &t : threads) t.join();
-    for (const date_plan *p : seen) EXPECT_EQ(p, seen[0]) << "locale " << id;
+    for (const pattern_plan *p : seen) EXPECT_EQ(p, seen[0]) << "locale " << id;
   }
 }
 

@@ -18,8 +18,7 @@ namespace {
 
 using xfmt::test::frame_box;
 
-constexpr int afrikaans = 1, french = 60, german = 64, english_us = 53, japanese = 79,
-              thai = 131, taiwan = 30;
+constexpr int afrikaans = 1, french = 60, german = 64, english_us = 53, japanese = 79;
 
 struct out {
   xf_status status;
@@ -281,20 +280,6 @@ TEST(nldate, utf16_output_on_request) {
   EXPECT_EQ(std::memcmp(b.out.data(), want.data(), want.size() * 2), 0);
   EXPECT_EQ(b.out[39], 0);  // blank units to the end
   EXPECT_EQ(b.out[38], ' ');
-}
-
-TEST(nldate, eras_in_thai_and_taiwanese_patterns) {
-  // The era conversions are reached through patterns; the records use the
-  // Gregorian year, so the expander is called directly.
-  char buf[32];
-  int32_t w = 32;
-  ASSERT_EQ(expand(leap_day, xfmt::missing_ordinary(), xfmt::missing_ordinary(),
-                   xfmt::missing_ordinary(), thai, "%+Y", 3, buf, &w, 0), 0);
-  EXPECT_EQ(std::string(buf, static_cast<size_t>(w)), "2563");
-  w = 32;
-  ASSERT_EQ(expand(leap_day, xfmt::missing_ordinary(), xfmt::missing_ordinary(),
-                   xfmt::missing_ordinary(), taiwan, "%+Y", 3, buf, &w, 0), 0);
-  EXPECT_EQ(std::string(buf, static_cast<size_t>(w)), "0109");
 }
 
 TEST(nldate, process_locale_from_the_environment) {
