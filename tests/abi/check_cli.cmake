@@ -116,7 +116,7 @@ string(CONCAT edge_notes "^xfmt: [^\n]*:9: column 1 \\(price\\): 'abc' is not a 
     "xfmt: 3 cells or rows could not be converted[^\n]*\n$")
 expect_file(1 ${DATA}/edge_cases.report "${edge_notes}" csv --keep-going ${edge})
 expect_file(1 ${DATA}/edge_cases.out.csv "${edge_notes}" csv --keep-going --output csv ${edge})
-expect_file(1 ${DATA}/edge_cases.out.txt "${edge_notes}" csv --keep-going --output=tsv -)
+expect_file(1 ${DATA}/edge_cases.out.tsv "${edge_notes}" csv --keep-going --output=tsv -)
 # Without --keep-going the rows before the bad cell are written, then the
 # job stops naming its line and column.
 execute_process(COMMAND ${XFMT} csv ${edge} RESULT_VARIABLE rc OUTPUT_VARIABLE stopped ERROR_VARIABLE err)
