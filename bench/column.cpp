@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "xfmt/xfx.h"
 
 namespace {

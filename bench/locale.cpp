@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "catalog/platform.hpp"
+#include "core/platform.hpp"
 #include "nls/locale_names.hpp"
 #include "xfmt/xfmt.h"
 

@@ -13,7 +13,7 @@
 #include <random>
 #include <vector>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {

@@ -11,7 +11,7 @@
 #include <cmath>
 #include <string_view>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "datetime/calendar.hpp"
 #include "fuzz_support.hpp"
 

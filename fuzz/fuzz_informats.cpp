@@ -8,7 +8,7 @@
 // failure status only beside the ordinary missing value.
 #include <string_view>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "fuzz_support.hpp"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "catalog/catalog.hpp"
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "catalog/written_format.hpp"
 #include "column/conversion.hpp"
 

@@ -7,7 +7,7 @@
 
 #include "catalog/catalog.hpp"
 #include "catalog/intrinsics.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 namespace xfmt::catalog {
 namespace {

@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "catalog/missing.hpp"
-#include "catalog/status.hpp"
+#include "core/missing.hpp"
+#include "core/status.hpp"
 #include "column/conversion.hpp"
 #include "column/fast_paths.hpp"
 #include "column/utf8_text.hpp"

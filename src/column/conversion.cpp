@@ -9,7 +9,7 @@
 
 #include "catalog/chain.hpp"
 #include "catalog/handle_kind.hpp"
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "catalog/written_format.hpp"
 #include "column/utf8_text.hpp"
 

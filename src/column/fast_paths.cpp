@@ -9,7 +9,7 @@
 
 #include <cstring>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "core/bounded_text.hpp"
 #include "xfmt/xfmt.h"
 

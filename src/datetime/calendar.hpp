@@ -11,7 +11,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "xfmt/xfmt.h"
 
 namespace xfmt::datetime {

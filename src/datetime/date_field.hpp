@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "catalog/field.hpp"
+#include "core/field.hpp"
 #include "core/bounded_text.hpp"
 #include "datetime/calendar.hpp"
 #include "xfmt/xfmt.h"

@@ -5,7 +5,7 @@
 
 #include "datetime/calendar.hpp"
 #include "datetime/date_field.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 using namespace xfmt::datetime;
 

@@ -14,10 +14,10 @@
 
 #include <cstring>
 
-#include "catalog/field.hpp"
+#include "core/field.hpp"
 #include "datetime/calendar.hpp"
 #include "datetime/date_field.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 using namespace xfmt::datetime;
 

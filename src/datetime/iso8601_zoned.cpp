@@ -17,12 +17,12 @@
 #include <cmath>
 #include <cstring>
 
-#include "catalog/field.hpp"
-#include "catalog/platform.hpp"  // current_clock: the process zone of the LZ forms
+#include "core/field.hpp"
+#include "core/platform.hpp"  // current_clock: the process zone of the LZ forms
 #include "datetime/calendar.hpp"
 #include "datetime/date_field.hpp"
 #include "datetime/iso8601_parts.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 using namespace xfmt::datetime;
 

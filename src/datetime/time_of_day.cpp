@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "catalog/field.hpp"
+#include "core/field.hpp"
 #include "datetime/calendar.hpp"
 
 using namespace xfmt::datetime;

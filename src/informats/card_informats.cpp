@@ -6,10 +6,10 @@
 
 #include <bit>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "informats/binary_input.hpp"
 #include "informats/informat_frame.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 namespace xfmt::informats {
 namespace {

@@ -10,7 +10,7 @@
 #include "informats/date_scanner.hpp"
 #include "informats/informat_frame.hpp"
 #include "informats/number_reader.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 using namespace xfmt;
 using namespace xfmt::informats;

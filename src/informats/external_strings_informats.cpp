@@ -3,7 +3,7 @@
 #include "xfmt/xfmt.h"
 
 #include <cstring>
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 namespace {
 

@@ -5,11 +5,11 @@
 
 #include <cstring>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "informats/binary_input.hpp"
 #include "informats/informat_frame.hpp"
 #include "numeric/binary_codec.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 namespace xfmt::informats {
 namespace {

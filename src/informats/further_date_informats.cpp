@@ -7,7 +7,7 @@
 #include "datetime/calendar.hpp"
 #include "informats/date_field_reader.hpp"
 #include "informats/date_scanner.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 using namespace xfmt;
 using namespace xfmt::informats;

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "xfmt/xfmt.h"
 
 namespace xfmt::informats {

@@ -2,10 +2,10 @@
 // reads blanks inside the number as zeros.
 #include "xfmt/xfmt.h"
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "informats/informat_frame.hpp"
 #include "informats/number_reader.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 using namespace xfmt;
 using namespace xfmt::informats;

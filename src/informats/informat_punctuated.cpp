@@ -3,10 +3,10 @@
 // roles of point and comma and hand the result to zifmcma.
 #include "xfmt/xfmt.h"
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "informats/informat_frame.hpp"
 #include "informats/number_reader.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 using namespace xfmt;
 using namespace xfmt::informats;

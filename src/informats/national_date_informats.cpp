@@ -23,7 +23,7 @@
 #include "nls/locale.hpp"
 
 #include "informats/month_keys.inc"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 using namespace xfmt;
 using namespace xfmt::informats;

@@ -3,7 +3,7 @@
 
 #include <bit>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "informats/decimal_to_double.hpp"
 #include "informats/number_scan.hpp"
 

@@ -4,10 +4,10 @@
 // years counted from 1900 (01 23 18 5F is 2023-07-04, 00 99 ... is 1999).
 #include "xfmt/xfmt.h"
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "datetime/calendar.hpp"
 #include "informats/informat_frame.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 using namespace xfmt;
 using namespace xfmt::informats;

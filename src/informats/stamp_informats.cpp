@@ -4,12 +4,12 @@
 // (seconds) or datetime values (seconds since 1960-01-01).
 #include "xfmt/xfmt.h"
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "datetime/calendar.hpp"
 #include "informats/binary_input.hpp"
 #include "informats/informat_frame.hpp"
 #include "numeric/binary_codec.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 namespace xfmt::informats {
 namespace {

@@ -9,7 +9,7 @@
 #include <new>
 #include <utility>
 
-#include "catalog/platform.hpp"
+#include "core/platform.hpp"
 #include "datetime/calendar.hpp"
 #include "core/bounded_text.hpp"
 #include "nls/locale_reader.hpp"

@@ -10,8 +10,8 @@
 #include <cstring>
 #include <mutex>
 
-#include "catalog/field.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/field.hpp"
+#include "core/routine_guard.hpp"
 
 // Units of each currency per euro, exactly as hosts have always had them:
 // results must not move, so no rate is "corrected" to more digits.

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <cstring>  // memcpy, memset
 
-#include "catalog/platform.hpp"
+#include "core/platform.hpp"
 #include "nls/locale.hpp"
 
 namespace xfmt::nls {

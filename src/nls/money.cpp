@@ -10,7 +10,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "catalog/field.hpp"
+#include "core/field.hpp"
 #include "nls/locale_fields.hpp"
 #include "nls/locale_reader.hpp"
 #include "nls/nl_encode.hpp"

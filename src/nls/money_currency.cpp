@@ -4,7 +4,7 @@
 
 #include "nls/locale.hpp"
 #include "nls/money.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 using namespace xfmt::nls;
 

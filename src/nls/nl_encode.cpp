@@ -10,7 +10,7 @@
 
 #include <cstring>
 
-#include "catalog/platform.hpp"
+#include "core/platform.hpp"
 
 namespace xfmt::nls {
 namespace {

@@ -7,7 +7,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "catalog/field.hpp"
+#include "core/field.hpp"
 #include "core/bounded_text.hpp"
 #include "datetime/calendar.hpp"
 #include "nls/date_plan.hpp"

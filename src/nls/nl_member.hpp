@@ -7,7 +7,7 @@
 
 #include "xfmt/xfmt.h"
 
-#include "catalog/field.hpp"
+#include "core/field.hpp"
 
 namespace xfmt::nls {
 

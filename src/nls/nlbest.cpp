@@ -5,12 +5,12 @@
 
 #include <cstring>
 
-#include "catalog/field.hpp"
-#include "catalog/missing.hpp"
+#include "core/field.hpp"
+#include "core/missing.hpp"
 #include "nls/locale.hpp"
 #include "nls/number_marks.hpp"
 #include "numeric/engine.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 using namespace xfmt;
 using namespace xfmt::nls;

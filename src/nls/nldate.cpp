@@ -4,7 +4,7 @@
 #include "xfmt/xfmt.h"
 
 #include "nls/nl_member.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 // The locale record's date pattern fields, and the name fields the name
 // tables point at (numbers until the record's generated field names

@@ -4,7 +4,7 @@
 
 #include "nls/nl_member.hpp"
 #include "nls/zkf.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 using namespace xfmt::nls;
 

@@ -8,7 +8,7 @@
 
 #include "nls/locale.hpp"
 #include "nls/number_marks.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 using namespace xfmt::nls;
 

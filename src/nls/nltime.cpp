@@ -3,7 +3,7 @@
 
 #include "nls/locale_fields.hpp"
 #include "nls/nl_member.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 using namespace xfmt::nls;
 

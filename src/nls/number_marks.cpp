@@ -7,8 +7,8 @@
 #include <array>
 #include <cstring>
 
-#include "catalog/field.hpp"
-#include "catalog/missing.hpp"
+#include "core/field.hpp"
+#include "core/missing.hpp"
 #include "nls/locale_fields.hpp"
 #include "nls/locale_reader.hpp"
 #include "nls/nl_encode.hpp"

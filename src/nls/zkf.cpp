@@ -7,7 +7,7 @@
 #include <cmath>
 #include <cstring>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "datetime/calendar.hpp"
 #include "nls/locale_reader.hpp"
 

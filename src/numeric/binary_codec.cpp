@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstring>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 
 namespace xfmt::numeric {
 

@@ -7,7 +7,7 @@
 #include <bit>
 #include <cstdint>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "numeric/digits.hpp"
 
 namespace xfmt::numeric {

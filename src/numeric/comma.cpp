@@ -5,11 +5,11 @@
 
 #include <cstring>
 
-#include "catalog/field.hpp"
-#include "catalog/missing.hpp"
+#include "core/field.hpp"
+#include "core/missing.hpp"
 #include "numeric/digits.hpp"
 #include "numeric/engine.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 using namespace xfmt;
 

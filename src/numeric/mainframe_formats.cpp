@@ -7,11 +7,11 @@
 #include <cmath>
 #include <cstring>
 
-#include "catalog/field.hpp"
-#include "catalog/missing.hpp"
+#include "core/field.hpp"
+#include "core/missing.hpp"
 #include "numeric/binary_codec.hpp"
 #include "numeric/binary_field.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 namespace xfmt::numeric {
 namespace {

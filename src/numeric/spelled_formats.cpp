@@ -9,9 +9,9 @@
 #include <cstdint>
 #include <cstring>
 
-#include "catalog/field.hpp"
-#include "catalog/missing.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/field.hpp"
+#include "core/missing.hpp"
+#include "core/routine_guard.hpp"
 #include "core/bounded_text.hpp"
 
 namespace xfmt::numeric {

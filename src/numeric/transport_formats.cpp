@@ -4,11 +4,11 @@
 // hexadecimal floating point, with a one-byte code for missing values).
 #include "xfmt/xfmt.h"
 
-#include "catalog/field.hpp"
-#include "catalog/missing.hpp"
+#include "core/field.hpp"
+#include "core/missing.hpp"
 #include "numeric/binary_codec.hpp"
 #include "numeric/binary_field.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 using namespace xfmt::numeric;
 

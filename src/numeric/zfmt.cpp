@@ -6,11 +6,11 @@
 #include <cmath>
 #include <cstring>
 
-#include "catalog/field.hpp"
-#include "catalog/missing.hpp"
+#include "core/field.hpp"
+#include "core/missing.hpp"
 #include "numeric/digits.hpp"
 #include "numeric/engine.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 // zpowten[d] = 0.5 * 10^-d: added before truncating to d decimals.
 extern "C" XF_API const double zpowten[32] = {

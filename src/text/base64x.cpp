@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <cstring>
 
-#include "catalog/field.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/field.hpp"
+#include "core/routine_guard.hpp"
 
 XF_ROUTINE(zfmb64x, frame) {
   // The effective width: the field, cut to the buffer.

@@ -13,7 +13,7 @@
 #include "text/bidi.hpp"
 #include "text/bidi_tables.hpp"
 #include "text/bidi_text.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 namespace xfmt::text {
 namespace {

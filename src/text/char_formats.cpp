@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <cstring>
 
-#include "catalog/field.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/field.hpp"
+#include "core/routine_guard.hpp"
 
 namespace xfmt::text {
 namespace {

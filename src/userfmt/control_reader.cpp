@@ -18,7 +18,7 @@
 #include <vector>
 
 #include "catalog/chain.hpp"
-#include "catalog/platform.hpp"  // the clock: a file changed just now is not kept
+#include "core/platform.hpp"  // the clock: a file changed just now is not kept
 #include "userfmt/control_reader.hpp"
 #include "userfmt/format_builder.hpp"
 #include "userfmt/xml_scanner.hpp"

@@ -16,7 +16,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "datetime/calendar.hpp"
 #include "nls/date_plan.hpp"
 

@@ -8,7 +8,7 @@
 #include <cmath>
 #include <cstring>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "userfmt/keys.hpp"
 #include "userfmt/records.hpp"
 

@@ -8,11 +8,11 @@
 
 #include "catalog/chain.hpp"
 #include "catalog/handle_kind.hpp"
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "userfmt/output.hpp"
 #include "userfmt/nested_binding.hpp"
 #include "userfmt/records.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 namespace xfmt::userfmt {
 

@@ -6,11 +6,11 @@
 
 #include <cstring>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "userfmt/matches.hpp"
 #include "userfmt/output.hpp"
 #include "userfmt/records.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 namespace xfmt::userfmt {
 namespace {

@@ -3,12 +3,12 @@
 // entries (yfpfnfm mixed, yfpfnfs single values, yfpfnfr ranges).
 #include "xfmt/xfmt.h"
 
-#include "catalog/field.hpp"
+#include "core/field.hpp"
 #include "userfmt/keys.hpp"
 #include "userfmt/matches.hpp"
 #include "userfmt/output.hpp"
 #include "userfmt/records.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 namespace xfmt::userfmt {
 namespace {

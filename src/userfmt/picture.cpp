@@ -8,8 +8,8 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "catalog/field.hpp"
-#include "catalog/missing.hpp"
+#include "core/field.hpp"
+#include "core/missing.hpp"
 #include "userfmt/records.hpp"
 
 namespace xfmt::userfmt {

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfx.h"
 

@@ -7,7 +7,7 @@
 #include <cstring>
 #include <string>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "column/fast_paths.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <cstdio>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "datetime/calendar.hpp"
 #include "oracle/calendar_oracle.hpp"
 #include "support/random.hpp"

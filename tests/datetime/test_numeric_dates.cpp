@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"

@@ -6,8 +6,8 @@
 #include <set>
 #include <string>
 
-#include "catalog/platform.hpp"
-#include "catalog/missing.hpp"
+#include "core/platform.hpp"
+#include "core/missing.hpp"
 #include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "xfmt/xfmt.h"

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <string>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "datetime/calendar.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"

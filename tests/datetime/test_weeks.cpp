@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "datetime/calendar.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"

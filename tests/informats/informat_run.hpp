@@ -6,7 +6,7 @@
 #include <cstring>
 #include <string>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "xfmt/xfmt.h"

@@ -13,7 +13,7 @@
 #include "datetime/calendar.hpp"
 #include "informats/informat_run.hpp"
 #include "nls/locale.hpp"
-#include "catalog/platform.hpp"
+#include "core/platform.hpp"
 
 namespace {
 

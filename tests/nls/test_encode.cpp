@@ -11,7 +11,7 @@
 #include "oracle/nls_encode_oracle.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
-#include "catalog/platform.hpp"
+#include "core/platform.hpp"
 
 namespace {
 

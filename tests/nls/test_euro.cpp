@@ -7,7 +7,7 @@
 #include <thread>
 #include <vector>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 

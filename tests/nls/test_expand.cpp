@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "catalog/platform.hpp"
+#include "core/platform.hpp"
 #include "nls/expand.hpp"
 #include "record.hpp"
 

@@ -11,7 +11,7 @@
 #include "nls/locale.hpp"
 #include "record.hpp"
 #include "xfmt/xfmt.h"
-#include "catalog/platform.hpp"
+#include "core/platform.hpp"
 
 namespace {
 

@@ -14,7 +14,7 @@
 #include "nls/expand.hpp"
 #include "oracle/nls_member_oracle.hpp"
 #include "support/random.hpp"
-#include "catalog/platform.hpp"
+#include "core/platform.hpp"
 
 namespace {
 

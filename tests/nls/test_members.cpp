@@ -10,9 +10,9 @@
 #include <string>
 #include <utility>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "support/frame.hpp"
-#include "catalog/platform.hpp"
+#include "core/platform.hpp"
 
 namespace {
 

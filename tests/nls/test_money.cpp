@@ -7,7 +7,7 @@
 #include <cstring>
 #include <string>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "nls/money.hpp"
 #include "oracle/nls_money_oracle.hpp"
 #include "record.hpp"

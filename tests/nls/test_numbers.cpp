@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "oracle/text_oracle.hpp"
 #include "record.hpp"
 #include "support/cases.hpp"

@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "xfmt/xfmt.h"
-#include "catalog/platform.hpp"
+#include "core/platform.hpp"
 
 namespace {
 

@@ -12,9 +12,9 @@
 #include <string>
 #include <vector>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "support/frame.hpp"
-#include "catalog/platform.hpp"
+#include "core/platform.hpp"
 
 namespace {
 

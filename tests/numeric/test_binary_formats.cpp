@@ -9,7 +9,7 @@
 #include <limits>
 #include <string>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "numeric/binary_codec.hpp"
 #include "numeric/hex_bytes.hpp"
 #include "oracle/binary_oracle.hpp"

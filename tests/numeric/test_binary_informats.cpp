@@ -5,7 +5,7 @@
 #include <cmath>
 #include <string>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "numeric/binary_codec.hpp"
 #include "support/cases.hpp"
 #include "support/frame.hpp"

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <limits>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "numeric/binary_codec.hpp"
 #include "numeric/hex_bytes.hpp"
 #include "support/cases.hpp"

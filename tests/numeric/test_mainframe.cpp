@@ -6,7 +6,7 @@
 #include <cmath>
 #include <limits>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "numeric/hex_bytes.hpp"
 #include "support/cases.hpp"
 #include "support/frame.hpp"

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"

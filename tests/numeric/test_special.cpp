@@ -7,7 +7,7 @@
 #include <random>
 #include <string>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"

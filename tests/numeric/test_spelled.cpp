@@ -10,7 +10,7 @@
 #include <random>
 #include <string>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "oracle/spelled_oracle.hpp"
 #include "support/cases.hpp"
 #include "support/frame.hpp"

@@ -9,7 +9,7 @@
 #include <cstring>
 #include <limits>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "oracle/zfmt_oracle.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"

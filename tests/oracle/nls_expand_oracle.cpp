@@ -8,7 +8,7 @@
 #include <cmath>
 #include <string>
 
-#include "catalog/platform.hpp"
+#include "core/platform.hpp"
 
 namespace xfmt::oracle {
 namespace {

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 
 namespace xfmt::oracle {
 namespace {

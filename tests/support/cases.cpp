@@ -9,7 +9,7 @@
 #include <sstream>
 #include <utility>
 
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 
 namespace xfmt::test {
 namespace {

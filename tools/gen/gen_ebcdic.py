@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Generate src/catalog/ebcdic_tables.cpp: the ASCII/Latin-1 <-> EBCDIC tables.
+"""Generate src/text/ebcdic_tables.cpp: the ASCII/Latin-1 <-> EBCDIC tables.
 
 Source: IBM code page 1047 (EBCDIC Latin-1) as the machine's iconv command
 converts it to ISO-8859-1, byte by byte. Then one exchange, made in both
@@ -17,7 +17,7 @@ import subprocess
 import sys
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-OUT = os.path.join(ROOT, "src", "catalog", "ebcdic_tables.cpp")
+OUT = os.path.join(ROOT, "src", "text", "ebcdic_tables.cpp")
 COMMAND = "python3 tools/gen/gen_ebcdic.py"
 
 
@@ -60,16 +60,16 @@ def render():
         "// inverse; each is held twice (exported, and the copy behind wztxatoe/wztxetoa).",
         '#include "xfmt/xfmt.h"',
         "",
-        '#include "catalog/ebcdic.hpp"',
+        '#include "text/ebcdic.hpp"',
         "",
     ]
     table(lines, 'extern "C" const uint8_t as2eb[256]', as2eb)
     table(lines, 'extern "C" const uint8_t eb2as[256]', eb2as)
-    lines.append("namespace xfmt::catalog {")
+    lines.append("namespace xfmt::text {")
     lines.append("")
     table(lines, "const uint8_t wz_atoe[256]", as2eb)
     table(lines, "const uint8_t wz_etoa[256]", eb2as)
-    lines.append("}  // namespace xfmt::catalog")
+    lines.append("}  // namespace xfmt::text")
     lines.append("")
     return "\n".join(lines)
 

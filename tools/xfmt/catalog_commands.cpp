@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "catalog/status.hpp"
+#include "core/status.hpp"
 #include "commands.hpp"
 #include "helpful_errors.hpp"
 #include "iso_dates.hpp"

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "catalog/status.hpp"
+#include "core/status.hpp"
 
 namespace xfmt::cli {
 

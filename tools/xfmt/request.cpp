@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "catalog/chain.hpp"
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "helpful_errors.hpp"
 #include "iso_dates.hpp"
 

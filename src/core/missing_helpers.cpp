@@ -1,6 +1,6 @@
 // Missing values for hosts that build them from data: the value of a symbol
 // and the symbol of a value, on the library's own table of missing values.
-#include "catalog/missing.hpp"
+#include "core/missing.hpp"
 #include "xfmt/xfx.h"
 
 extern "C" {

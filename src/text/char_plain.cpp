@@ -3,7 +3,7 @@
 #include "xfmt/xfmt.h"
 
 #include <cstring>
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 XF_ROUTINE(zfmchar, frame) {
   // Field positions that can be written: min(w, capacity); w <= 0 is an

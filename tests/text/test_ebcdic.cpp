@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "catalog/ebcdic.hpp"
+#include "text/ebcdic.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {
@@ -21,8 +21,8 @@ TEST(ebcdic, tables_are_inverse_permutations) {
 
 TEST(ebcdic, both_copies_are_equal) {
   for (int b = 0; b < 256; ++b) {
-    EXPECT_EQ(xfmt::catalog::wz_atoe[b], as2eb[b]);
-    EXPECT_EQ(xfmt::catalog::wz_etoa[b], eb2as[b]);
+    EXPECT_EQ(xfmt::text::wz_atoe[b], as2eb[b]);
+    EXPECT_EQ(xfmt::text::wz_etoa[b], eb2as[b]);
   }
 }
 

@@ -1,5 +1,5 @@
 // The C library behind platform.hpp.
-#include "catalog/platform.hpp"
+#include "core/platform.hpp"
 
 #include <atomic>
 #include <cctype>     // __ctype_toupper_loc through toupper's table

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "catalog/ebcdic.hpp"
+#include "text/ebcdic.hpp"
 
 namespace {
 
@@ -14,7 +14,7 @@ void translate(uint8_t *text, int32_t length, const uint8_t *table) {
 
 }  // namespace
 
-extern "C" void wztxatoe(uint8_t *text, int32_t length) { translate(text, length, xfmt::catalog::wz_atoe); }
-extern "C" void wztxetoa(uint8_t *text, int32_t length) { translate(text, length, xfmt::catalog::wz_etoa); }
+extern "C" void wztxatoe(uint8_t *text, int32_t length) { translate(text, length, xfmt::text::wz_atoe); }
+extern "C" void wztxetoa(uint8_t *text, int32_t length) { translate(text, length, xfmt::text::wz_etoa); }
 extern "C" void zas2eb(uint8_t *text, int32_t length) { translate(text, length, as2eb); }
 extern "C" void zeb2as(uint8_t *text, int32_t length) { translate(text, length, eb2as); }

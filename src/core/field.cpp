@@ -1,5 +1,5 @@
 // Output-field helpers shared by every conversion.
-#include "catalog/field.hpp"
+#include "core/field.hpp"
 
 #include "core/bounded_text.hpp"
 

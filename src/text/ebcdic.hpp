@@ -4,9 +4,9 @@
 
 #include <cstdint>
 
-namespace xfmt::catalog {
+namespace xfmt::text {
 
 extern const uint8_t wz_atoe[256];
 extern const uint8_t wz_etoa[256];
 
-}  // namespace xfmt::catalog
+}  // namespace xfmt::text

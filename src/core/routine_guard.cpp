@@ -1,5 +1,5 @@
 // The irregular path of the routine entry guard (see routine_guard.hpp).
-#include "catalog/routine_guard.hpp"
+#include "core/routine_guard.hpp"
 
 namespace xfmt {
 namespace {

@@ -1,5 +1,5 @@
 // Names of statuses, for the xfmt command and for test messages.
-#include "catalog/status.hpp"
+#include "core/status.hpp"
 
 #include <cstdio>
 

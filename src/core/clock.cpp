@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "catalog/platform.hpp"  // current_clock, exit_process
+#include "core/platform.hpp"  // current_clock, exit_process
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include <sstream>
 #include <string>
 
-#include "catalog/platform.hpp"
+#include "core/platform.hpp"
 #include "support/frame.hpp"
 #include "xfmt/xfmt.h"
 
@@ -152,7 +152,7 @@ TEST(platform_funnel, only_the_funnel_calls_the_c_library) {
   EXPECT_TRUE(std::regex_search(code_only("x = time(nullptr);"), call));
   EXPECT_FALSE(std::regex_search(code_only("// time(nullptr)\nf(\"getenv(\"); local_time(x);"), call));
   const std::filesystem::path src = std::filesystem::path(XFMT_SOURCE_DIR) / "src";
-  const std::filesystem::path funnel = src / "catalog" / "platform.cpp";
+  const std::filesystem::path funnel = src / "core" / "platform.cpp";
   int files = 0;
   for (const auto &e : std::filesystem::recursive_directory_iterator(src)) {
     const std::string ext = e.path().extension().string();

@@ -7,9 +7,9 @@
 #include <cstdio>
 #include <cstring>
 
-#include "catalog/field.hpp"
-#include "catalog/missing.hpp"
-#include "catalog/routine_guard.hpp"
+#include "core/field.hpp"
+#include "core/missing.hpp"
+#include "core/routine_guard.hpp"
 
 #define XF_ROW(i) (0xFFFFFF0000000000ull - (i) * 0x10000000000ull)
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "catalog/platform.hpp"  // toupper_table
+#include "core/platform.hpp"  // toupper_table
 
 namespace {
 
