@@ -259,31 +259,15 @@ TEST(control_reader, character_format_named_with_its_dollar) {
   xfmt::catalog::free_chain(first);
 }
 
-struct file_row {
-  std::string start, end, label, hlo;
-};
-
-// A control file of format REV after the header of bad_number.xml.
-std::string rows_file(const std::string &type, const std::vector<file_row> &rows) {
-  std::ifstream in(xfmt::test::data_dir() / "userfmt/bad_number.xml");
-  std::stringstream template_text;
-  template_text << in.rdbuf();
-  const std::string xml = template_text.str();
-  const std::string path = ::testing::TempDir() + "/rows.xml";
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  out << xml.substr(0, xml.find("<ROW>"));
-  for (const file_row &r : rows)
-    out << "<ROW><FMTNAME>REV</FMTNAME><START>" << r.start << "</START><END>" << r.end
-        << "</END><LABEL>" << r.label
-        << "</LABEL><MIN>1</MIN><MAX>40</MAX><DEFAULT>8</DEFAULT><FUZZ>0</FUZZ>"
-           "<PREFIX/><MULT>0</MULT><FILL/><NOEDIT>0</NOEDIT><TYPE>"
-        << type << "</TYPE><SEXCL>N</SEXCL><EEXCL>N</EEXCL><HLO>" << r.hlo
-        << "</HLO><DECSEP/><DIG3SEP/><DATATYPE/><LANGUAGE/></ROW>\n";
-  out << "</TABLE>\n";
-  return path;
+// A control file of format REV (rows: start, end, label, HLO); every call
+// writes a file of its own, so that none is answered from the reader's cache.
+std::string rows_file(const std::string &type, const std::vector<std::vector<std::string>> &rows) {
+  static int files = 0;
+  std::vector<control_row> out;
+  for (const auto &r : rows) out.push_back({"REV", type, r[0], r[1], r[2], r[3]});
+  return write_control_file("rows" + std::to_string(files++) + ".xml", out);
 }
 
-// A one-row control file of format REV.
 std::string one_row_file(const std::string &type, const std::string &start, const std::string &end,
                          const std::string &label) {
   return rows_file(type, {{start, end, label, ""}});
