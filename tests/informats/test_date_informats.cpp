@@ -266,6 +266,4 @@ TEST(DateInformatsRandom, TimesAgainstStrtod) {
   }
 }
 
-TEST(case_files, date_informats) { xfmt::test::run_case_file("informats/date_informats.txt"); }
-
 }  // namespace

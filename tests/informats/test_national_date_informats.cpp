@@ -191,6 +191,4 @@ TEST(NationalDateInformats, MonthKeysMatchTheLocaleDatabase) {
   EXPECT_EQ(std::system(cmd.c_str()), 0);
 }
 
-TEST(case_files, national_date_informats) { xfmt::test::run_case_file("informats/national_date_informats.txt"); }
-
 }  // namespace

@@ -92,8 +92,6 @@ TEST(number_informat, every_row_resolves_and_reads_through_xffmt) {
   }
 }
 
-TEST(case_files, number_informat) { xfmt::test::run_case_file("informats/number_informat.txt"); }
-
 }  // namespace
 
 // One rule for every number informat beyond the widest catalogued field

@@ -94,6 +94,4 @@ TEST(SpecialInformats, NumberRoundTrips) {
   }
 }
 
-TEST(case_files, special_informats) { xfmt::test::run_case_file("informats/special_informats.txt"); }
-
 }  // namespace

@@ -110,6 +110,4 @@ TEST(binary_formats, oracle_random) {
   }
 }
 
-TEST(case_files, binary_formats) { xfmt::test::run_case_file("numeric/binary_formats.txt"); }
-
 }  // namespace

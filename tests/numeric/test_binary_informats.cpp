@@ -110,6 +110,4 @@ TEST(binary_informats, hex16_round_trips_every_value) {
   }
 }
 
-TEST(case_files, binary_informats) { xfmt::test::run_case_file("numeric/binary_informats.txt"); }
-
 }  // namespace

@@ -75,6 +75,4 @@ TEST(mainframe, round_trips) {
   }
 }
 
-TEST(case_files, mainframe) { xfmt::test::run_case_file("numeric/mainframe.txt"); }
-
 }  // namespace

@@ -53,6 +53,4 @@ TEST(Special, CapacityAndWidth) {
   }
 }
 
-TEST(case_files, special) { xfmt::test::run_case_file("numeric/special.txt"); }
-
 }  // namespace

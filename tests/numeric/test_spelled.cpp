@@ -114,6 +114,4 @@ TEST(Fract, CloseToTheValue) {
   }
 }
 
-TEST(case_files, spelled) { xfmt::test::run_case_file("numeric/spelled.txt"); }
-
 }  // namespace

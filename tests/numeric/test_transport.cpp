@@ -61,6 +61,4 @@ TEST(transport, cstr_round_trip) {
   EXPECT_EQ(in.str(), "hello       ");
 }
 
-TEST(case_files, transport) { xfmt::test::run_case_file("numeric/transport.txt"); }
-
 }  // namespace

@@ -35,6 +35,4 @@ TEST(d_format, point_placed_before_the_inner_call_stays_when_it_is_not_overwritt
   EXPECT_EQ(c.buffer(), std::string(32, '*') + ".");
 }
 
-TEST(case_files, wrappers) { xfmt::test::run_case_file("numeric/wrappers.txt"); }
-
 }  // namespace

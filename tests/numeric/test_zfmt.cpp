@@ -75,6 +75,4 @@ TEST(fixed_format, fmte_and_zfmtd_exports) {
   EXPECT_EQ(zfmtd(1e-20, 10, 3), -999);
 }
 
-TEST(case_files, zfmt) { xfmt::test::run_case_file("numeric/zfmt.txt"); }
-
 }  // namespace
