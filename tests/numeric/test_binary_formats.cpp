@@ -22,17 +22,6 @@ namespace {
 
 using xfmt::test::frame_box;
 
-const double missing_a = xfmt::missing_value(2);
-const double dot = xfmt::missing_ordinary();
-
-TEST(binary_formats, zoned_signs_need_two_positions) {
-  for (xf_routine r : {zfms370zds, zfms370zdt}) {
-    frame_box b = frame_box::number(1, 1, 0);
-    EXPECT_EQ(r(&b.f), XF_E_OVERFLOW);
-    EXPECT_EQ(b.f.output_length, 0u);
-  }
-}
-
 using routine_entry = std::pair<xf_routine, char>;
 constexpr bool big = xfmt::numeric::host_big;
 const routine_entry integer_routines[] = {

@@ -15,7 +15,6 @@
 namespace {
 
 using xfmt::test::frame_box;
-using xfmt::test::from_hex;
 
 // Every one of the 4096 combinations: the characters that come out are
 // all different (the card code is one to one), and each valid column

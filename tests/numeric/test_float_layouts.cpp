@@ -19,8 +19,6 @@ namespace {
 
 using xfmt::test::frame_box;
 
-const double dot = xfmt::missing_ordinary();
-
 // Round trips: IEEE, IEEER and VAXRB w8 and MRB w8 of a double within the
 // layout's range come back exactly when d is 0 (VAXRB and MRB double keep
 // 55 fraction bits, more than the double's 52); w 4 within 2^-24 relative

@@ -17,14 +17,6 @@ namespace {
 
 using xfmt::test::frame_box;
 
-const double dot = xfmt::missing_ordinary();
-
-TEST(mainframe, s370frb_bytes) {
-  frame_box b = frame_box::number(1, 1, 0, 8);
-  EXPECT_EQ(zfms370rb(&b.f), XF_E_OVERFLOW);
-  EXPECT_EQ(b.f.output_length, 0u);
-}
-
 // Format then informat: integers that fit come back exactly; S370FRB w8 is
 // exact (the 56-bit fraction holds every double), shorter widths within
 // 16^-(2w-3) relative (2w - 2 hex digits of fraction are kept, the first

@@ -17,8 +17,6 @@ namespace {
 
 using xfmt::test::frame_box;
 
-const double dot = xfmt::missing_ordinary();
-
 TEST(radix_formats, oracle_random) {
   std::mt19937_64 g = xfmt::test::rng(0xB2);
   uint64_t n = xfmt::test::scaled(20000);

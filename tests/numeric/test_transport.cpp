@@ -19,8 +19,6 @@ namespace {
 
 using xfmt::test::frame_box;
 
-const double dot = xfmt::missing_ordinary();
-
 TEST(transport, pcpib_against_the_oracle) {
   // The oracle's unsigned little-endian rule over random values and widths.
   std::mt19937_64 g = xfmt::test::rng(0xB7);
