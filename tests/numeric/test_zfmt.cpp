@@ -40,11 +40,6 @@ TEST(fixed_format, missing_blanks_the_whole_capacity) {
   EXPECT_EQ(b.f.output_length, 4u);
 }
 
-TEST(fixed_format, zpowten_holds_the_rounding_addends) {
-  for (int d = 0; d < 32; ++d) EXPECT_DOUBLE_EQ(zpowten[d], 0.5 * std::pow(10.0, -d)) << d;
-  EXPECT_EQ(zpowten[31], 5e-32);
-}
-
 TEST(fixed_format, fmte_and_zfmtd_exports) {
   char out[16];
   EXPECT_EQ(fmte(-12345.678, 12, -5, out, sizeof out), 11);
