@@ -119,23 +119,24 @@ TEST(pow5_table, every_row_is_the_truncated_power) {
 }
 
 // ---------------------------------------------------------------- against strtod
-// Ten shapes of about a million texts each at scale 1 (exhaustive_: the
-// Release build runs it, the sanitizer build leaves it out).
+// Ten shapes of about a million texts each at scale 1, each a test of its
+// own (exhaustive_: the Release build runs them, the sanitizer build leaves
+// them out).
+const decimal_shape strtod_shapes[] = {
+    {1, 17, 10, true, -30, 30, 30, true, 0},            // short realistic numbers
+    {20, 40, 10, true, -330, 310, 70, true, 0},         // long mantissas, 20 to 40 digits
+    {20, 40, 10, false, -340, 300, 70, true, 31},       // long mantissas without a point
+    {5, 40, 85, true, -320, 300, 50, true, 0},          // many zeros
+    {1, 25, 10, true, 280, 330, 100, false, 0},         // huge exponents
+    {1, 25, 10, true, -360, -290, 100, false, 0},       // tiny exponents
+    {1, 20, 20, false, -40, 40, 40, false, 31},         // implied decimals
+    {1, 30, 20, true, -320, 310, 50, true, 0},          // blanks, tabs and signs
+    {18, 21, 5, true, -330, 310, 80, true, 0},          // nineteen and twenty digits
+    {1, 40, 30, true, -100000, 100000, 100, true, 0}};  // extreme exponent texts
 
-TEST(number_exactness, exhaustive_decimals_of_every_shape) {
-  const decimal_shape shapes[] = {
-      {1, 17, 10, true, -30, 30, 30, true, 0},            // short realistic numbers
-      {20, 40, 10, true, -330, 310, 70, true, 0},         // long mantissas, 20 to 40 digits
-      {20, 40, 10, false, -340, 300, 70, true, 31},       // long mantissas without a point
-      {5, 40, 85, true, -320, 300, 50, true, 0},          // many zeros
-      {1, 25, 10, true, 280, 330, 100, false, 0},         // huge exponents
-      {1, 25, 10, true, -360, -290, 100, false, 0},       // tiny exponents
-      {1, 20, 20, false, -40, 40, 40, false, 31},         // implied decimals
-      {1, 30, 20, true, -320, 310, 50, true, 0},          // blanks, tabs and signs
-      {18, 21, 5, true, -330, 310, 80, true, 0},          // nineteen and twenty digits
-      {1, 40, 30, true, -100000, 100000, 100, true, 0}};  // extreme exponent texts
-  for (uint64_t k = 0; k < std::size(shapes); ++k) differential(k + 1, shapes[k], scaled(1000000));
-}
+class decimal_shapes : public testing::TestWithParam<uint64_t> {};
+TEST_P(decimal_shapes, exhaustive_against_strtod) { differential(GetParam() + 1, strtod_shapes[GetParam()], scaled(1000000)); }
+INSTANTIATE_TEST_SUITE_P(shape, decimal_shapes, testing::Range<uint64_t>(0, std::size(strtod_shapes)));
 
 // ---------------------------------------------------------------- round trips
 
