@@ -4,7 +4,6 @@
 #include <string>
 
 #include "oracle/char_oracle.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"

@@ -9,7 +9,6 @@
 #include <cstdlib>
 #include <random>
 #include <string>
-#include <vector>
 
 #include "datetime/calendar.hpp"
 #include "informats/informat_run.hpp"

@@ -6,11 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <bit>
-#include <cerrno>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
-#include <cstring>
 #include <string>
 
 #include "informats/big_integer.hpp"

@@ -5,9 +5,7 @@
 #include <cstdlib>
 
 #include <cfloat>
-#include <cstring>
 #include <string>
-#include <vector>
 
 #include "informats/informat_run.hpp"
 

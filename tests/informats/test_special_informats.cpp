@@ -7,7 +7,6 @@
 #include <cmath>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include "datetime/calendar.hpp"
 #include "informats/informat_run.hpp"

@@ -4,16 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdio>
-#include <cstring>
-#include <limits>
 #include <string>
 
 #include "catalog/missing.hpp"
 #include "numeric/binary_codec.hpp"
 #include "numeric/hex_bytes.hpp"
 #include "oracle/binary_oracle.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"

@@ -7,7 +7,6 @@
 
 #include "catalog/missing.hpp"
 #include "numeric/binary_codec.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"

@@ -8,7 +8,6 @@
 
 #include "catalog/missing.hpp"
 #include "numeric/hex_bytes.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "xfmt/xfmt.h"
 

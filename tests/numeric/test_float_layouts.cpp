@@ -5,12 +5,10 @@
 
 #include <cfloat>
 #include <cmath>
-#include <limits>
 
 #include "catalog/missing.hpp"
 #include "numeric/binary_codec.hpp"
 #include "numeric/hex_bytes.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"

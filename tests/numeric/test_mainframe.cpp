@@ -4,11 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 #include "catalog/missing.hpp"
 #include "numeric/hex_bytes.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "catalog/missing.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"

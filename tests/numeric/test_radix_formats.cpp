@@ -2,13 +2,10 @@
 // blank and digit of the field, two's complement boundaries, cutting at w.
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <limits>
 #include <string>
 
 #include "catalog/missing.hpp"
 #include "oracle/binary_oracle.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"

@@ -3,12 +3,10 @@
 // share with zfmt.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <random>
 #include <string>
 
 #include "catalog/missing.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"

@@ -12,7 +12,6 @@
 
 #include "catalog/missing.hpp"
 #include "oracle/spelled_oracle.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"

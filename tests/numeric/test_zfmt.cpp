@@ -2,12 +2,10 @@
 // boundaries and bad input first, then the layouts and their fallbacks.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <limits>
 #include <string>
 
 #include "catalog/missing.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "xfmt/xfmt.h"
 

@@ -5,8 +5,6 @@
 
 #include <cinttypes>
 #include <cmath>
-#include <cstdio>
-#include <cstring>
 #include <limits>
 
 #include "catalog/missing.hpp"

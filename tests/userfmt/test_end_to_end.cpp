@@ -3,8 +3,6 @@
 // catalog, source 5, is in test_nested_binding.cpp).
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 #include "catalog/chain.hpp"
 #include "support/frame.hpp"
 #include "userfmt/control_files.hpp"
