@@ -48,15 +48,6 @@ TEST(chain, refuses_a_missing_head_and_absurd_sizes) {
   EXPECT_EQ(chain, nullptr);
 }
 
-TEST(release, a_resolved_catalog_handle_is_one_block) {
-  for (int i = 0; i < 3; ++i) {
-    void *h = nullptr;
-    ASSERT_EQ(xfname("DATE", 4, 0, nullptr, &h), XF_OK);
-    EXPECT_EQ(xfdel(h), XF_OK);
-  }
-  EXPECT_EQ(xfdel(nullptr), XF_OK);
-}
-
 // A user-defined handle at the head of a chain of extra blocks, as the reader
 // leaves it.
 xf_user_handle *user_chain(char kind, int extra_blocks) {
@@ -154,18 +145,6 @@ TEST(user_resolution, a_ready_control_block_gives_a_user_handle) {
   EXPECT_EQ(xfdel(h), XF_OK);  // "-": the chain goes
 }
 
-TEST(user_resolution, ready_character_formats_get_kind_plus) {
-  xf_ufmt_context ctx{};
-  ctx.control = ready_block;
-  void *h = nullptr;
-  ASSERT_EQ(xfname2("$SEX", 4, 0, nullptr, &h, &ctx), XF_OK);
-  auto *u = static_cast<xf_user_handle *>(h);
-  EXPECT_EQ(u->kind, '+');
-  EXPECT_EQ(xfdel(h), XF_OK);  // left alone by xfdel
-  EXPECT_EQ(u->kind, '+');
-  EXPECT_EQ(xfrelease(h), XF_OK);  // freed here: LeakSanitizer sees no block left
-}
-
 // A thousand resolutions of every kind of handle, each released with
 // xfrelease: catalog handles, refreshed records, intrinsic rows, "+" and "-"
 // user handles, in new records and in the caller's storage. Under
@@ -199,17 +178,6 @@ TEST(user_resolution, xfrelease_frees_every_kind_of_handle) {
     EXPECT_EQ(xfrelease(h), XF_OK);
   }
   EXPECT_EQ(xfrelease(nullptr), XF_OK);
-}
-
-TEST(user_resolution, a_control_block_to_be_read_again_is_not_ready) {
-  xf_ufmt_context ctx{};
-  ctx.control = ready_block;
-  ctx.read_from_file = 1;
-  ctx.source = 4;
-  void *h = nullptr;
-  ASSERT_EQ(xfname2("DATE", 4, 0, nullptr, &h, &ctx), XF_OK);  // the catalog answers
-  EXPECT_EQ(static_cast<fmtposs_row *>(h)->module_name[0], 'J');
-  xfdel(h);
 }
 
 TEST(user_resolution, ready_block_into_the_callers_storage) {

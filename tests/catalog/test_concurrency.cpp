@@ -8,7 +8,6 @@
 
 #include <atomic>
 #include <cstring>
-#include <filesystem>
 #include <string>
 #include <thread>
 #include <vector>
@@ -50,14 +49,8 @@ const job jobs[] = {
     {"DATE", 73, false, 0, "04JUL2023", 9, 0, 0},
 };
 
-// The example control file: in the working directory under ctest, else
-// found from the build folder.
 const std::string &control_file() {
-  static const std::string path = [] {
-    for (const char *p : {"cntlout.xml", "../tests/data/cntlout.xml", "../../tests/data/cntlout.xml"})
-      if (std::filesystem::exists(p)) return std::string(p);
-    return std::string("cntlout.xml");
-  }();
+  static const std::string path = std::string(XFMT_SOURCE_DIR) + "/tests/data/cntlout.xml";
   return path;
 }
 

@@ -56,14 +56,12 @@ struct answer_case {
 };
 
 TEST(is_intrinsic, answers_the_named_cases) {
+  // Catalogued names in any case are the next test's; these are the rest.
   const answer_case cases[] = {
-      {"F", "YES"},          {"$", "YES"},         {"$F", "YES"},       {"$f", "YES"},
-      {"f", "YES"},          {"date", "YES"},      {"DATE", "YES"},     {"DATE     ", "YES"},
-      {"$CHAR", "YES"},      {"best", "YES"},      {"NLMNLUSD", "YES"}, {"text", "NO "},
-      {"---NUMFMT------", "NO "}, {"@F", "NO "},   {"@COMMA", "NO "},   {"COMMA", "YES"},
-      {"$IS-INTRINSIC", "YES"}, {"$FMT-META", "YES"}, {"INTRINSIC-CRDATE", "YES"},
-      {"$UFMT-CRDATE", "YES"}, {"_C_R_A_S_H_", "NO "}, {"", "NO "},     {"   ", "NO "},
-      {" F", "NO "},         {"FF", "NO "},        {"$FF", "NO "},      {"PIBR", "YES"},
+      {"$", "YES"},         {"$F", "YES"},          {"$f", "YES"},          {"DATE     ", "YES"},
+      {"text", "NO "},      {"$IS-INTRINSIC", "YES"}, {"$FMT-META", "YES"}, {"INTRINSIC-CRDATE", "YES"},
+      {"$UFMT-CRDATE", "YES"}, {"_C_R_A_S_H_", "NO "}, {"", "NO "},         {"   ", "NO "},
+      {" F", "NO "},        {"FF", "NO "},          {"$FF", "NO "},
   };
   for (const answer_case &c : cases) EXPECT_EQ(ask(c.text), c.answer) << '"' << c.text << '"';
 }

@@ -9,6 +9,7 @@
 #include <regex>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "core/platform.hpp"
 #include "support/frame.hpp"
@@ -32,29 +33,17 @@ struct with_fixed_clock : testing::Test {
   void TearDown() override { set_clock(nullptr); }
 };
 
-TEST_F(with_fixed_clock, wzdate) {
-  int32_t m = 0, d = 0, y = 0;
-  wzdate(&m, &d, &y);
-  EXPECT_EQ(m, 2);
-  EXPECT_EQ(d, 29);
-  EXPECT_EQ(y, 2024);
-}
-
-TEST_F(with_fixed_clock, wztime_carries_the_fraction) {
-  int32_t h = 0, mi = 0;
+// The date, the time with its fraction, the seconds since the epoch, and
+// the zone offset less an hour of summer time.
+TEST_F(with_fixed_clock, every_helper_reads_the_clock) {
+  int32_t m = 0, d = 0, y = 0, h = 0, mi = 0, off = 0;
   double sec = 0;
+  wzdate(&m, &d, &y);
   wztime(&h, &mi, &sec);
-  EXPECT_EQ(h, 13);
-  EXPECT_EQ(mi, 45);
-  EXPECT_DOUBLE_EQ(sec, 7.25);
-}
-
-TEST_F(with_fixed_clock, vtutod) { EXPECT_DOUBLE_EQ(vtutod(), 1709210707.25); }
-
-TEST_F(with_fixed_clock, hztz_subtracts_an_hour_in_summer) {
-  int32_t off = 0;
   hztz(&off);
-  EXPECT_EQ(off, -7200);
+  EXPECT_EQ(std::vector<int32_t>({m, d, y, h, mi, off}), std::vector<int32_t>({2, 29, 2024, 13, 45, -7200}));
+  EXPECT_DOUBLE_EQ(sec, 7.25);
+  EXPECT_DOUBLE_EQ(vtutod(), 1709210707.25);
 }
 
 TEST(system_clock_helpers, plausible_values) {

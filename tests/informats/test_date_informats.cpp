@@ -9,7 +9,6 @@
 #include <cstdlib>
 #include <random>
 #include <string>
-#include <vector>
 
 #include "datetime/calendar.hpp"
 #include "informats/informat_run.hpp"
@@ -29,11 +28,6 @@ constexpr xf_status ok = XF_OK;
 constexpr xf_status bad = XF_IN_INVALID;
 constexpr xf_status width = XF_IN_BAD_WIDTH;
 
-uint64_t day(int64_t y, int32_t m, int32_t d) { return num(static_cast<double>(days_from_ymd(y, m, d))); }
-uint64_t at(int64_t y, int32_t m, int32_t d, int64_t h, int64_t mi, double s) {
-  return num(static_cast<double>(days_from_ymd(y, m, d)) * 86400.0 +
-             static_cast<double>(h * 3600 + mi * 60) + s);
-}
 const uint64_t none = miss('.');
 
 // What every informat shares: blanks, missing notations, width, decimals
@@ -76,15 +70,6 @@ TEST(DateInformats, FrameRules) {
     null_out.f.output = nullptr;
     EXPECT_EQ(r(&null_out.f), XF_E_CAPACITY);
   }
-}
-
-// The field is w bytes at most and never more than input_length.
-TEST(DateInformats, ReadsOnlyTheField) {
-  frame_box b = frame_box::chars("04JUL2023:12:00", 32, 0, 8);
-  b.f.input_length = 9;
-  EXPECT_EQ(zifmdttm(&b.f), ok);
-  EXPECT_EQ(hex(num(b.result())), hex(at(2023, 7, 4, 0, 0, 0)));
-  EXPECT_EQ(hex(run_informat(zifmmdy, "070423999", 6).bits), hex(day(2023, 7, 4)));
 }
 
 // --- Round trips through the date formats --------------------------------
@@ -265,7 +250,5 @@ TEST(DateInformatsRandom, TimesAgainstStrtod) {
     ASSERT_EQ(hex(got.bits), hex(num(expected))) << text;
   }
 }
-
-TEST(case_files, date_informats) { xfmt::test::run_case_file("informats/date_informats.txt"); }
 
 }  // namespace

@@ -7,7 +7,6 @@
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include "datetime/calendar.hpp"
 #include "informats/informat_run.hpp"
@@ -23,7 +22,6 @@ using xfmt::test::num;
 using xfmt::test::run_informat;
 
 constexpr xf_status ok = XF_OK;
-
 
 // Nothing past input_length is read: the frame's text ends before a digit
 // that would complete the date.
@@ -85,7 +83,5 @@ TEST(FurtherDateInformatsRoundTrip, EveryDayEveryWidth) {
   round_trip(zfmdtmy, true, 7, zifmmony, y1582, y2400, month_start);
   for (int32_t w = 5; w <= 6; ++w) round_trip(zfmdtmy, true, w, zifmmony, y1950, y2049, month_start);
 }
-
-TEST(case_files, further_date_informats) { xfmt::test::run_case_file("informats/further_date_informats.txt"); }
 
 }  // namespace

@@ -6,11 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <bit>
-#include <cerrno>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
-#include <cstring>
 #include <string>
 
 #include "informats/big_integer.hpp"
@@ -79,35 +77,6 @@ void differential(uint64_t salt, const decimal_shape &shape, uint64_t count) {
 
 // ---------------------------------------------------------------- foundations
 
-TEST(big_integer, multiplies_shifts_and_compares) {
-  big_integer a(0xFFFFFFFFFFFFFFFFull);
-  a.mul_u64(0xFFFFFFFFFFFFFFFFull);  // (2^64 - 1)^2 = 2^128 - 2^65 + 1
-  big_integer b(1);
-  b.shift_left(128);
-  EXPECT_LT(a.compare(b), 0);
-  EXPECT_EQ(a.bit_length(), 128);
-  EXPECT_EQ(a.limb(0), 1u);
-  EXPECT_EQ(a.limb(1), 0u);
-  EXPECT_EQ(a.limb(2), 0xFFFFFFFEu);
-  EXPECT_EQ(a.limb(3), 0xFFFFFFFFu);
-  big_integer c(0x0000000100000000ull);  // a carry that is 2^32 exactly
-  c.mul_u64(0x0000000100000000ull);
-  EXPECT_EQ(c.size(), 3);
-  EXPECT_EQ(c.bit_length(), 65);
-  big_integer p(1);
-  p.mul_pow5(27);
-  EXPECT_EQ(p.limb(0), static_cast<uint32_t>(7450580596923828125ull));
-  EXPECT_EQ(p.limb(1), static_cast<uint32_t>(7450580596923828125ull >> 32));
-  big_integer s(3);
-  s.shift_left(37);
-  EXPECT_EQ(s.limb(1), 3u << 5);
-  big_integer z(5);
-  z.add_small(0xFFFFFFFFu);
-  EXPECT_EQ(z.limb(1), 1u);
-  EXPECT_EQ(z.limb(0), 4u);
-  EXPECT_FALSE(p.overflowed());
-}
-
 // Every row: T * 2^(f-127) <= 5^q < (T + 1) * 2^(f-127), 2^127 <= T < 2^128.
 TEST(pow5_table, every_row_is_the_truncated_power) {
   for (int q = pow5_min_exponent; q <= pow5_max_exponent; ++q) {
@@ -148,39 +117,24 @@ TEST(pow5_table, every_row_is_the_truncated_power) {
 }
 
 // ---------------------------------------------------------------- against strtod
-// Ten shapes of about a million texts each at scale 1 (exhaustive_: the
-// Release build runs them, the sanitizer build leaves them out).
+// Ten shapes of about a million texts each at scale 1, each a test of its
+// own (exhaustive_: the Release build runs them, the sanitizer build leaves
+// them out).
+const decimal_shape strtod_shapes[] = {
+    {1, 17, 10, true, -30, 30, 30, true, 0},            // short realistic numbers
+    {20, 40, 10, true, -330, 310, 70, true, 0},         // long mantissas, 20 to 40 digits
+    {20, 40, 10, false, -340, 300, 70, true, 31},       // long mantissas without a point
+    {5, 40, 85, true, -320, 300, 50, true, 0},          // many zeros
+    {1, 25, 10, true, 280, 330, 100, false, 0},         // huge exponents
+    {1, 25, 10, true, -360, -290, 100, false, 0},       // tiny exponents
+    {1, 20, 20, false, -40, 40, 40, false, 31},         // implied decimals
+    {1, 30, 20, true, -320, 310, 50, true, 0},          // blanks, tabs and signs
+    {18, 21, 5, true, -330, 310, 80, true, 0},          // nineteen and twenty digits
+    {1, 40, 30, true, -100000, 100000, 100, true, 0}};  // extreme exponent texts
 
-TEST(number_exactness, exhaustive_short_realistic_numbers) {
-  differential(1, {1, 17, 10, true, -30, 30, 30, true, 0}, scaled(1000000));
-}
-TEST(number_exactness, exhaustive_long_mantissas_20_to_40_digits) {
-  differential(2, {20, 40, 10, true, -330, 310, 70, true, 0}, scaled(1000000));
-}
-TEST(number_exactness, exhaustive_long_mantissas_without_point) {
-  differential(3, {20, 40, 10, false, -340, 300, 70, true, 31}, scaled(1000000));
-}
-TEST(number_exactness, exhaustive_many_zeros) {
-  differential(4, {5, 40, 85, true, -320, 300, 50, true, 0}, scaled(1000000));
-}
-TEST(number_exactness, exhaustive_huge_exponents) {
-  differential(5, {1, 25, 10, true, 280, 330, 100, false, 0}, scaled(1000000));
-}
-TEST(number_exactness, exhaustive_tiny_exponents) {
-  differential(6, {1, 25, 10, true, -360, -290, 100, false, 0}, scaled(1000000));
-}
-TEST(number_exactness, exhaustive_implied_decimals) {
-  differential(7, {1, 20, 20, false, -40, 40, 40, false, 31}, scaled(1000000));
-}
-TEST(number_exactness, exhaustive_blanks_tabs_and_signs) {
-  differential(8, {1, 30, 20, true, -320, 310, 50, true, 0}, scaled(1000000));
-}
-TEST(number_exactness, exhaustive_nineteen_and_twenty_digits) {
-  differential(9, {18, 21, 5, true, -330, 310, 80, true, 0}, scaled(1000000));
-}
-TEST(number_exactness, exhaustive_extreme_exponent_texts) {
-  differential(10, {1, 40, 30, true, -100000, 100000, 100, true, 0}, scaled(1000000));
-}
+class decimal_shapes : public testing::TestWithParam<uint64_t> {};
+TEST_P(decimal_shapes, exhaustive_against_strtod) { differential(GetParam() + 1, strtod_shapes[GetParam()], scaled(1000000)); }
+INSTANTIATE_TEST_SUITE_P(shape, decimal_shapes, testing::Range<uint64_t>(0, std::size(strtod_shapes)));
 
 // ---------------------------------------------------------------- round trips
 
@@ -265,9 +219,8 @@ TEST(number_exactness, midpoints_between_doubles_and_their_neighbours) {
     std::string mid = midpoint_text(2 * m + 1, k - 1);
     size_t e = mid.find('E');
     std::string digits = mid.substr(0, e), exp = mid.substr(e);
-    std::string above = digits + "000000000000000000000000001" + exp;
     // exp is "E-p": appending 27 digits needs p + 27.
-    above = digits + "000000000000000000000000001E-" + std::to_string(std::stoll(exp.substr(2)) + 27);
+    std::string above = digits + "000000000000000000000000001E-" + std::to_string(std::stoll(exp.substr(2)) + 27);
     for (const std::string &t : {mid, above}) {
       decimal_case c;
       c.text = t;

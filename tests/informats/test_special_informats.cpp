@@ -7,7 +7,6 @@
 #include <cmath>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include "datetime/calendar.hpp"
 #include "informats/informat_run.hpp"
@@ -93,7 +92,5 @@ TEST(SpecialInformats, NumberRoundTrips) {
     EXPECT_EQ(hex(run_informat(zifmsizekmg, t, 12, 2).bits), hex(num(shown * scale))) << t;
   }
 }
-
-TEST(case_files, special_informats) { xfmt::test::run_case_file("informats/special_informats.txt"); }
 
 }  // namespace

@@ -4,16 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdio>
-#include <cstring>
-#include <limits>
 #include <string>
 
 #include "core/missing.hpp"
 #include "numeric/binary_codec.hpp"
 #include "numeric/hex_bytes.hpp"
 #include "oracle/binary_oracle.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -21,17 +17,6 @@
 namespace {
 
 using xfmt::test::frame_box;
-
-const double missing_a = xfmt::missing_value(2);
-const double dot = xfmt::missing_ordinary();
-
-TEST(binary_formats, zoned_signs_need_two_positions) {
-  for (xf_routine r : {zfms370zds, zfms370zdt}) {
-    frame_box b = frame_box::number(1, 1, 0);
-    EXPECT_EQ(r(&b.f), XF_E_OVERFLOW);
-    EXPECT_EQ(b.f.output_length, 0u);
-  }
-}
 
 using routine_entry = std::pair<xf_routine, char>;
 constexpr bool big = xfmt::numeric::host_big;
@@ -109,44 +94,5 @@ TEST(binary_formats, oracle_random) {
     ASSERT_EQ(st, want.status) << e.second << " bits " << std::hex << xfmt::double_bits(v);
   }
 }
-
-}  // namespace
-
-namespace {
-
-// The names resolve to these routines, and a call through the handle gives
-// the same bytes as the direct call.
-TEST(binary_formats, through_the_catalog) {
-  struct entry {
-    const char *name;
-    int32_t kind;
-    int32_t w;
-    double value;
-    const char *bytes;
-  };
-  const entry entries[] = {{"IBR", 0, 2, -2, "FEFF"},        {"PD", 0, 2, -12, "012D"},
-                           {"ZD", 0, 2, 12, "3142"},        {"S370FZD", 0, 2, 12, "F1C2"},
-                           {"S370FIB", 0, 2, -2, "FFFE"},        {"HEX", 0, 4, 255, "00FF"},
-                           {"BINARY", 0, 4, 5, "0101"},     {"VAXRB", 0, 4, 1, "80400000"}};
-  for (const entry &e : entries) {
-    void *h = nullptr;
-    uint16_t block[8];
-    ASSERT_EQ(xfname(e.name, static_cast<int32_t>(std::strlen(e.name)), e.kind, block, &h), XF_OK) << e.name;
-    frame_box b = frame_box::number(e.value, e.w, 0);
-    EXPECT_EQ(xffmt(&b.f, h), XF_OK) << e.name;
-    std::string got = b.str();
-    bool text = std::strcmp(e.name, "HEX") == 0 || std::strcmp(e.name, "BINARY") == 0;
-    EXPECT_EQ(text ? got : xfmt::test::to_hex(got), e.bytes) << e.name;
-    EXPECT_EQ(xfdel(h), XF_OK);
-  }
-  void *h = nullptr;
-  ASSERT_EQ(xfname("IB", 2, 73, nullptr, &h), XF_OK);
-  frame_box in = frame_box::chars(std::string(big ? "\xFF\xFE" : "\xFE\xFF", 2), 2, 0, 8);
-  EXPECT_EQ(xffmt(&in.f, h), XF_OK);
-  EXPECT_EQ(in.result(), -2.0);
-  EXPECT_EQ(xfdel(h), XF_OK);
-}
-
-TEST(case_files, binary_formats) { xfmt::test::run_case_file("numeric/binary_formats.txt"); }
 
 }  // namespace

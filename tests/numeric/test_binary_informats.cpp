@@ -7,7 +7,6 @@
 
 #include "core/missing.hpp"
 #include "numeric/binary_codec.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -16,16 +15,7 @@ namespace {
 
 using xfmt::test::frame_box;
 
-const double dot = xfmt::missing_ordinary();
-
 // Big-endian bytes in the host's order: the native informats read these.
-
-TEST(binary_informats, character_digits_refused) {
-  frame_box big = frame_box::chars("400", 3, 0, 1);
-  EXPECT_EQ(zifmcoct(&big.f), XF_IN_INVALID);
-  frame_box neg = frame_box::chars("41", -1, 0, 2);
-  EXPECT_EQ(zifmchex(&neg.f), XF_IN_BAD_WIDTH);
-}
 
 // Format then informat gives back round(v x 10^d) / 10^d for every value
 // that fits, and the character forms give back every byte string.
@@ -109,7 +99,5 @@ TEST(binary_informats, hex16_round_trips_every_value) {
     ASSERT_EQ(xfmt::double_bits(in.result()), bits);
   }
 }
-
-TEST(case_files, binary_informats) { xfmt::test::run_case_file("numeric/binary_informats.txt"); }
 
 }  // namespace

@@ -8,19 +8,12 @@
 
 #include "core/missing.hpp"
 #include "numeric/hex_bytes.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {
 
 using xfmt::test::frame_box;
-using xfmt::test::from_hex;
-
-TEST(card_informats, bad_width) {
-  frame_box neg = frame_box::chars("", -1, 0, 1);
-  EXPECT_EQ(zifmccb(&neg.f), XF_IN_BAD_WIDTH);
-}
 
 // Every one of the 4096 combinations: the characters that come out are
 // all different (the card code is one to one), and each valid column
@@ -43,7 +36,5 @@ TEST(card_informats, every_combination_is_distinct) {
   EXPECT_EQ(valid, static_cast<int>(seen.size()));
   EXPECT_EQ(valid, 92);  // blank, 5 zone forms, 62 zone-digit forms, 24 with row 8
 }
-
-TEST(case_files, card_informats) { xfmt::test::run_case_file("numeric/card_informats.txt"); }
 
 }  // namespace

@@ -5,12 +5,10 @@
 
 #include <cfloat>
 #include <cmath>
-#include <limits>
 
 #include "core/missing.hpp"
 #include "numeric/binary_codec.hpp"
 #include "numeric/hex_bytes.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -18,13 +16,6 @@
 namespace {
 
 using xfmt::test::frame_box;
-
-const double dot = xfmt::missing_ordinary();
-
-TEST(float_layouts, float_needs_four_bytes) {
-  frame_box b = frame_box::number(1, 3, 0);
-  EXPECT_EQ(zfmfloat(&b.f), XF_E_OVERFLOW);
-}
 
 // Round trips: IEEE, IEEER and VAXRB w8 and MRB w8 of a double within the
 // layout's range come back exactly when d is 0 (VAXRB and MRB double keep
@@ -60,7 +51,5 @@ TEST(float_layouts, round_trips) {
     ASSERT_LE(std::fabs(in.result() - v), std::fabs(v) * bound) << p.name << " " << std::hexfloat << v << " w " << w;
   }
 }
-
-TEST(case_files, float_layouts) { xfmt::test::run_case_file("numeric/float_layouts.txt"); }
 
 }  // namespace

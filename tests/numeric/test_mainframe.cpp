@@ -4,11 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 #include "core/missing.hpp"
 #include "numeric/hex_bytes.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -16,14 +14,6 @@
 namespace {
 
 using xfmt::test::frame_box;
-
-const double dot = xfmt::missing_ordinary();
-
-TEST(mainframe, s370frb_bytes) {
-  frame_box b = frame_box::number(1, 1, 0, 8);
-  EXPECT_EQ(zfms370rb(&b.f), XF_E_OVERFLOW);
-  EXPECT_EQ(b.f.output_length, 0u);
-}
 
 // Format then informat: integers that fit come back exactly; S370FRB w8 is
 // exact (the 56-bit fraction holds every double), shorter widths within
@@ -74,7 +64,5 @@ TEST(mainframe, round_trips) {
     else ASSERT_LE(std::fabs(in.result() - v), std::fabs(v) * std::pow(16.0, -(2 * w - 3))) << std::hexfloat << v << " w " << w;
   }
 }
-
-TEST(case_files, mainframe) { xfmt::test::run_case_file("numeric/mainframe.txt"); }
 
 }  // namespace

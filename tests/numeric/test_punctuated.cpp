@@ -5,7 +5,6 @@
 #include <string>
 
 #include "core/missing.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -13,20 +12,6 @@
 namespace {
 
 using xfmt::test::frame_box;
-
-TEST(comma_format, grouped_text_wider_than_the_capacity) {
-  frame_box b = frame_box::number(1234567.891, 12, 2, 11);
-  EXPECT_EQ(zfmcma(&b.f), XF_E_CAPACITY);
-  EXPECT_EQ(b.f.output_length, 11u);
-}
-
-TEST(comma_format, bad_widths) {
-  frame_box b = frame_box::number(5, 0, 0, 2);
-  EXPECT_EQ(zfmcma(&b.f), XF_E_OVERFLOW);
-  frame_box c = frame_box::number(5, 33, 0);
-  EXPECT_EQ(zfmcma(&c.f), XF_E_OVERFLOW);
-  EXPECT_EQ(c.str(), std::string(32, '*'));
-}
 
 // Every punctuated routine over random values: never past the capacity, the
 // output length min(w, capacity), and the digits those of F.
@@ -61,7 +46,5 @@ TEST(punctuated_formats, random_values_keep_the_digits_of_f) {
   }
   EXPECT_EQ(failures, 0);
 }
-
-TEST(case_files, punctuated) { xfmt::test::run_case_file("numeric/punctuated.txt"); }
 
 }  // namespace

@@ -2,13 +2,10 @@
 // blank and digit of the field, two's complement boundaries, cutting at w.
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <limits>
 #include <string>
 
 #include "core/missing.hpp"
 #include "oracle/binary_oracle.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -16,17 +13,6 @@
 namespace {
 
 using xfmt::test::frame_box;
-
-const double dot = xfmt::missing_ordinary();
-
-TEST(radix_formats, capacity_cuts_the_field) {
-  frame_box b = frame_box::number(255, 8, 0, 5);
-  EXPECT_EQ(zfmbin(&b.f), XF_E_CAPACITY);
-  EXPECT_EQ(b.str(), "11111");
-  frame_box h = frame_box::number(1, 16, 0, 3);
-  EXPECT_EQ(zfmhex(&h.f), XF_E_CAPACITY);
-  EXPECT_EQ(h.str(), "3FF");
-}
 
 TEST(radix_formats, oracle_random) {
   std::mt19937_64 g = xfmt::test::rng(0xB2);
@@ -46,7 +32,6 @@ TEST(radix_formats, oracle_random) {
   }
 }
 
-
 // Every byte through each character form: the digits read back as the byte.
 TEST(radix_formats, every_byte) {
   for (int c = 0; c < 256; ++c) {
@@ -60,7 +45,5 @@ TEST(radix_formats, every_byte) {
     EXPECT_EQ(std::stoi(bi.str(), nullptr, 2), c);
   }
 }
-
-TEST(case_files, radix_formats) { xfmt::test::run_case_file("numeric/radix_formats.txt"); }
 
 }  // namespace

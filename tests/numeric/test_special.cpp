@@ -3,12 +3,10 @@
 // share with zfmt.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <random>
 #include <string>
 
 #include "core/missing.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -52,7 +50,5 @@ TEST(Special, CapacityAndWidth) {
     EXPECT_TRUE(st == XF_E_CAPACITY || st == XF_E_OVERFLOW) << st;
   }
 }
-
-TEST(case_files, special) { xfmt::test::run_case_file("numeric/special.txt"); }
 
 }  // namespace

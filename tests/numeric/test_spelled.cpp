@@ -12,7 +12,6 @@
 
 #include "core/missing.hpp"
 #include "oracle/spelled_oracle.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -113,7 +112,5 @@ TEST(Fract, CloseToTheValue) {
     EXPECT_LT(p, q) << s;
   }
 }
-
-TEST(case_files, spelled) { xfmt::test::run_case_file("numeric/spelled.txt"); }
 
 }  // namespace

@@ -4,13 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 #include "core/missing.hpp"
 #include "numeric/binary_codec.hpp"
 #include "numeric/hex_bytes.hpp"
 #include "oracle/binary_oracle.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -18,8 +16,6 @@
 namespace {
 
 using xfmt::test::frame_box;
-
-const double dot = xfmt::missing_ordinary();
 
 TEST(transport, pcpib_against_the_oracle) {
   // The oracle's unsigned little-endian rule over random values and widths.
@@ -60,7 +56,5 @@ TEST(transport, cstr_round_trip) {
   ASSERT_EQ(zifmcstr(&in.f), XF_OK);
   EXPECT_EQ(in.str(), "hello       ");
 }
-
-TEST(case_files, transport) { xfmt::test::run_case_file("numeric/transport.txt"); }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "core/missing.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "xfmt/xfmt.h"
 
@@ -34,7 +33,5 @@ TEST(d_format, point_placed_before_the_inner_call_stays_when_it_is_not_overwritt
   EXPECT_EQ(zfmd(&c.f), XF_E_OVERFLOW);
   EXPECT_EQ(c.buffer(), std::string(32, '*') + ".");
 }
-
-TEST(case_files, wrappers) { xfmt::test::run_case_file("numeric/wrappers.txt"); }
 
 }  // namespace

@@ -2,12 +2,10 @@
 // boundaries and bad input first, then the layouts and their fallbacks.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <limits>
 #include <string>
 
 #include "core/missing.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "xfmt/xfmt.h"
 
@@ -33,32 +31,11 @@ TEST(fixed_format, width_above_32_is_32_stars_and_the_width_becomes_32) {
   EXPECT_EQ(b.buffer().substr(32), std::string(8, '\xEE'));
 }
 
-TEST(fixed_format, capacity_below_width_cuts_the_field) {
-  frame_box b = frame_box::number(3.14159, 8, 2, 5);
-  EXPECT_EQ(zfmt(&b.f), XF_E_CAPACITY);
-  EXPECT_EQ(b.str(), "    3");
-  frame_box z = frame_box::number(3.14159, 8, 2, 0);
-  EXPECT_EQ(zfmt(&z.f), XF_E_CAPACITY);
-  EXPECT_EQ(z.f.output_length, 0u);
-}
-
 TEST(fixed_format, missing_blanks_the_whole_capacity) {
   frame_box b = frame_box::number(xfmt::missing_ordinary(), 4, 0, 10);
   EXPECT_EQ(zfmt(&b.f), XF_OK);
   EXPECT_EQ(b.buffer(), "   .      ");
   EXPECT_EQ(b.f.output_length, 4u);
-}
-
-TEST(fixed_format, zpowten_holds_the_rounding_addends) {
-  for (int d = 0; d < 32; ++d) EXPECT_DOUBLE_EQ(zpowten[d], 0.5 * std::pow(10.0, -d)) << d;
-  EXPECT_EQ(zpowten[31], 5e-32);
-}
-
-TEST(fixed_format, zfmn_is_zfmt) {
-  frame_box a = frame_box::number(-3.14159, 8, 2);
-  frame_box b = frame_box::number(-3.14159, 8, 2);
-  EXPECT_EQ(zfmt(&a.f), zfmn(&b.f));
-  EXPECT_EQ(a.str(), b.str());
 }
 
 TEST(fixed_format, fmte_and_zfmtd_exports) {
@@ -74,7 +51,5 @@ TEST(fixed_format, fmte_and_zfmtd_exports) {
   EXPECT_EQ(zfmtd(123456789.0, 8, 3), -999);
   EXPECT_EQ(zfmtd(1e-20, 10, 3), -999);
 }
-
-TEST(case_files, zfmt) { xfmt::test::run_case_file("numeric/zfmt.txt"); }
 
 }  // namespace

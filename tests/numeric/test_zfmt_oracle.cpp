@@ -5,8 +5,6 @@
 
 #include <cinttypes>
 #include <cmath>
-#include <cstdio>
-#include <cstring>
 #include <limits>
 
 #include "core/missing.hpp"
@@ -114,16 +112,9 @@ void run_shard(uint64_t salt) {
 // Ten shards of a million cases each (XFMT_TEST_SCALE scales them) so ctest
 // runs them side by side; named exhaustive_, they run in the Release build
 // only, not under the sanitizers.
-TEST(zfmt_oracle, exhaustive_shard_0) { run_shard(100); }
-TEST(zfmt_oracle, exhaustive_shard_1) { run_shard(101); }
-TEST(zfmt_oracle, exhaustive_shard_2) { run_shard(102); }
-TEST(zfmt_oracle, exhaustive_shard_3) { run_shard(103); }
-TEST(zfmt_oracle, exhaustive_shard_4) { run_shard(104); }
-TEST(zfmt_oracle, exhaustive_shard_5) { run_shard(105); }
-TEST(zfmt_oracle, exhaustive_shard_6) { run_shard(106); }
-TEST(zfmt_oracle, exhaustive_shard_7) { run_shard(107); }
-TEST(zfmt_oracle, exhaustive_shard_8) { run_shard(108); }
-TEST(zfmt_oracle, exhaustive_shard_9) { run_shard(109); }
+class zfmt_oracle_shard : public testing::TestWithParam<uint64_t> {};
+TEST_P(zfmt_oracle_shard, exhaustive_shard) { run_shard(GetParam()); }
+INSTANTIATE_TEST_SUITE_P(salt, zfmt_oracle_shard, testing::Range<uint64_t>(100, 110));
 
 // Every width and decimals code over a fixed set of awkward values.
 TEST(zfmt_oracle, sweep_widths_and_codes) {

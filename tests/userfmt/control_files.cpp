@@ -1,5 +1,13 @@
 #include "userfmt/control_files.hpp"
 
+#include <unistd.h>
+
+#include <chrono>
+#include <fstream>
+#include <sstream>
+
+#include <gtest/gtest.h>
+
 #include "catalog/chain.hpp"
 
 namespace xfmt::test {
@@ -24,5 +32,29 @@ read_request::read_request(const std::string &file, const std::string &name, uin
 }
 
 read_request::~read_request() { xfmt::catalog::free_chain(first_); }
+
+std::string write_control_file(const std::string &file, const std::vector<control_row> &rows,
+                               int hours_back) {
+  std::ifstream in(data_dir() / "userfmt/bad_number.xml");
+  std::stringstream template_text;
+  template_text << in.rdbuf();
+  const std::string xml = template_text.str();
+  const std::string path = ::testing::TempDir() + "/xfmt_" + std::to_string(::getpid()) + "_" + file;
+  {
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out << xml.substr(0, xml.find("<ROW>"));
+    for (const control_row &r : rows)
+      out << "<ROW><FMTNAME>" << r.name << "</FMTNAME><START>" << r.start << "</START><END>" << r.end
+          << "</END><LABEL>" << r.label
+          << "</LABEL><MIN>1</MIN><MAX>40</MAX><DEFAULT>8</DEFAULT><FUZZ>0</FUZZ>"
+             "<PREFIX/><MULT>0</MULT><FILL/><NOEDIT>0</NOEDIT><TYPE>"
+          << r.type << "</TYPE><SEXCL>N</SEXCL><EEXCL>N</EEXCL><HLO>" << r.hlo
+          << "</HLO><DECSEP/><DIG3SEP/><DATATYPE/><LANGUAGE/></ROW>\n";
+    out << "</TABLE>\n";
+  }
+  std::filesystem::last_write_time(
+      path, std::filesystem::file_time_type::clock::now() - std::chrono::hours(hours_back));
+  return path;
+}
 
 }  // namespace xfmt::test

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "xfmt/xfmt.h"
 
@@ -41,5 +42,15 @@ class read_request {
   std::string path_;
   void *first_ = nullptr;
 };
+
+// A control file of the given rows after the header of
+// userfmt/bad_number.xml, in the temporary folder under a name that carries
+// the process id (parallel runs never share it); its time is set
+// hours_back hours back. Returns the path.
+struct control_row {
+  std::string name, type, start, end, label, hlo;
+};
+std::string write_control_file(const std::string &file, const std::vector<control_row> &rows,
+                               int hours_back = 0);
 
 }  // namespace xfmt::test

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "core/missing.hpp"
 #include "support/frame.hpp"
 
 namespace xfmt::test {
@@ -14,14 +15,7 @@ std::vector<uint8_t> key(double v) {
   return k;
 }
 
-double missing_letter(char c) {
-  uint64_t b = c == '.' ? 0xFFFFFE0000000000ull
-                        : c == '_' ? 0xFFFFFF0000000000ull
-                                   : 0xFFFFFD0000000000ull - static_cast<uint64_t>(c - 'A') * uint64_t{0x10000000000};
-  double v;
-  std::memcpy(&v, &b, 8);
-  return v;
-}
+double missing_letter(char c) { return xfmt::missing_value(c == '_' ? 0 : c == '.' ? 1 : 2 + (c - 'A')); }
 
 memory_format::memory_format(int16_t kind, const std::string &name) : headers_(2) {
   std::memset(headers_.data(), 0, 2 * sizeof(xf_user_format));

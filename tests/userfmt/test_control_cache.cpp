@@ -2,9 +2,6 @@
 // names, a rewritten file read again, and many threads resolving at once.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -15,7 +12,6 @@
 #include "xfmt/xfmt.h"
 
 using namespace xfmt::test;
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -23,23 +19,10 @@ namespace {
 // "<prefix>i". Its time is set an hour back, as a file at rest would be.
 std::string many_formats_file(const std::string &file, int count, const std::string &prefix,
                               int hours_back = 1) {
-  std::ifstream in(data_dir() / "userfmt/bad_number.xml");
-  std::stringstream template_text;
-  template_text << in.rdbuf();
-  const std::string xml = template_text.str();
-  const std::string path = ::testing::TempDir() + "/" + file;
-  {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out << xml.substr(0, xml.find("<ROW>"));
-    for (int i = 0; i < count; ++i)
-      out << "<ROW><FMTNAME>F" << i << "</FMTNAME><START>1</START><END>9</END><LABEL>" << prefix << i
-          << "</LABEL><MIN>1</MIN><MAX>40</MAX><DEFAULT>8</DEFAULT><FUZZ>0</FUZZ>"
-             "<PREFIX/><MULT>0</MULT><FILL/><NOEDIT>0</NOEDIT><TYPE>N</TYPE><SEXCL>N</SEXCL>"
-             "<EEXCL>N</EEXCL><HLO/><DECSEP/><DIG3SEP/><DATATYPE/><LANGUAGE/></ROW>\n";
-    out << "</TABLE>\n";
-  }
-  fs::last_write_time(path, fs::file_time_type::clock::now() - std::chrono::hours(hours_back));
-  return path;
+  std::vector<control_row> rows;
+  for (int i = 0; i < count; ++i)
+    rows.push_back({"F" + std::to_string(i), "N", "1", "9", prefix + std::to_string(i), ""});
+  return write_control_file(file, rows, hours_back);
 }
 
 // The label format `name` of the file gives the value 5, or the read code.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <random>
 #include <sstream>
@@ -259,31 +260,15 @@ TEST(control_reader, character_format_named_with_its_dollar) {
   xfmt::catalog::free_chain(first);
 }
 
-struct file_row {
-  std::string start, end, label, hlo;
-};
-
-// A control file of format REV after the header of bad_number.xml.
-std::string rows_file(const std::string &type, const std::vector<file_row> &rows) {
-  std::ifstream in(xfmt::test::data_dir() / "userfmt/bad_number.xml");
-  std::stringstream template_text;
-  template_text << in.rdbuf();
-  const std::string xml = template_text.str();
-  const std::string path = ::testing::TempDir() + "/rows.xml";
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  out << xml.substr(0, xml.find("<ROW>"));
-  for (const file_row &r : rows)
-    out << "<ROW><FMTNAME>REV</FMTNAME><START>" << r.start << "</START><END>" << r.end
-        << "</END><LABEL>" << r.label
-        << "</LABEL><MIN>1</MIN><MAX>40</MAX><DEFAULT>8</DEFAULT><FUZZ>0</FUZZ>"
-           "<PREFIX/><MULT>0</MULT><FILL/><NOEDIT>0</NOEDIT><TYPE>"
-        << type << "</TYPE><SEXCL>N</SEXCL><EEXCL>N</EEXCL><HLO>" << r.hlo
-        << "</HLO><DECSEP/><DIG3SEP/><DATATYPE/><LANGUAGE/></ROW>\n";
-  out << "</TABLE>\n";
-  return path;
+// A control file of format REV (rows: start, end, label, HLO); every call
+// writes a file of its own, so that none is answered from the reader's cache.
+std::string rows_file(const std::string &type, const std::vector<std::vector<std::string>> &rows) {
+  static int files = 0;
+  std::vector<control_row> out;
+  for (const auto &r : rows) out.push_back({"REV", type, r[0], r[1], r[2], r[3]});
+  return write_control_file("rows" + std::to_string(files++) + ".xml", out);
 }
 
-// A one-row control file of format REV.
 std::string one_row_file(const std::string &type, const std::string &start, const std::string &end,
                          const std::string &label) {
   return rows_file(type, {{start, end, label, ""}});
@@ -325,39 +310,33 @@ TEST(control_reader, diagnosis_names_line_and_reason) {
   EXPECT_EQ(p.line, 0u);
   EXPECT_EQ(diagnose(good, "NOPE").code, 1);  // no row defines it: not an error of the file
 
-  // An element closed with the wrong name, on the line of the first row.
-  std::string broken = good;
-  std::size_t at = broken.find("</ROW>");
-  broken.replace(at, 6, "</RO>");
-  p = diagnose(broken, "AGEGRP");
-  EXPECT_EQ(p.code, -2);
-  EXPECT_EQ(p.line, line_of(broken, at));
-  EXPECT_NE(std::string(p.reason).find("malformed XML"), std::string::npos);
-
-  // A TYPE the reader does not know, in a row of the format asked for.
-  std::string bad_type = good;
-  at = bad_type.find("<TYPE>N</TYPE>");
-  bad_type.replace(at, 14, "<TYPE>Q</TYPE>");
-  p = diagnose(bad_type, "AGEGRP");
-  EXPECT_EQ(p.code, -20);
-  EXPECT_EQ(p.line, line_of(bad_type, at));
-  EXPECT_STREQ(p.reason, "an unknown TYPE");
-
-  // A reversed range is named as such, on its own line; another bad row
-  // keeps the general reason.
-  std::string reversed = good;
-  at = reversed.find("<START>13</START><END>20</END>");
-  reversed.replace(at, 30, "<START>20</START><END>13</END>");
-  p = diagnose(reversed, "AGEGRP");
-  EXPECT_EQ(p.code, -3);
-  EXPECT_EQ(p.line, line_of(reversed, at));
-  EXPECT_STREQ(p.reason, "a range whose START lies above its END");
-  std::string unreadable = good;
-  unreadable.replace(at, 30, "<START>1x</START><END>20</END>");
-  p = diagnose(unreadable, "AGEGRP");
-  EXPECT_EQ(p.code, -3);
-  EXPECT_EQ(p.line, line_of(unreadable, at));
-  EXPECT_EQ(std::string(p.reason).find("above"), std::string::npos);
+  // Each fault on the line where it lies: an element closed with the wrong
+  // name, a TYPE the reader does not know, a reversed range (named as such)
+  // and another bad row (which keeps the general reason).
+  const struct {
+    const char *find, *put;
+    int32_t code;
+    char match;  // '=' the reason, '~' contains it, '!' does not contain it
+    const char *reason;
+  } faults[] = {
+      {"</ROW>", "</RO>", -2, '~', "malformed XML"},
+      {"<TYPE>N</TYPE>", "<TYPE>Q</TYPE>", -20, '=', "an unknown TYPE"},
+      {"<START>13</START><END>20</END>", "<START>20</START><END>13</END>", -3, '=',
+       "a range whose START lies above its END"},
+      {"<START>13</START><END>20</END>", "<START>1x</START><END>20</END>", -3, '!', "above"},
+  };
+  for (const auto &f : faults) {
+    std::string text = good;
+    const std::size_t at = text.find(f.find);
+    text.replace(at, std::strlen(f.find), f.put);
+    p = diagnose(text, "AGEGRP");
+    EXPECT_EQ(p.code, f.code) << f.put;
+    EXPECT_EQ(p.line, line_of(text, at)) << f.put;
+    const std::string reason = p.reason;
+    EXPECT_TRUE(f.match == '=' ? reason == f.reason
+                               : (reason.find(f.reason) != std::string::npos) == (f.match == '~'))
+        << f.put << ": " << reason;
+  }
 
   // A header without the columns every row needs ends at its last line.
   const std::string no_columns = "<TABLE>\n<HEADER><COLUMN name=\"FMTNAME\"/>\n</HEADER>\n</TABLE>\n";

@@ -1,14 +1,11 @@
 // User-defined formats as a host sees them: xfname2 with a context, xffmt,
-// xfdel; the control file in the current folder or elsewhere; an in-memory
-// catalog (source 5) with labels naming other formats.
+// xfdel; the control file in the current folder or elsewhere (the in-memory
+// catalog, source 5, is in test_nested_binding.cpp).
 #include <gtest/gtest.h>
-
-#include <cstring>
 
 #include "catalog/chain.hpp"
 #include "support/frame.hpp"
 #include "userfmt/control_files.hpp"
-#include "userfmt/tables.hpp"
 #include "xfmt/xfmt.h"
 
 using namespace xfmt::test;
@@ -85,52 +82,6 @@ TEST(end_to_end, control_file_elsewhere_and_ready_control_block) {
   ASSERT_EQ(xfname2("YESNO", 5, 0, nullptr, &again, &ready), 0u);
   EXPECT_EQ(put(again, 0, 3), "No ");
   xfmt::catalog::free_user_handle(static_cast<xf_user_handle *>(again));
-}
-
-// A host's catalog of two formats: SIZE names the catalogued F and the
-// other user format GRADE in its labels.
-struct host_catalog {
-  memory_format grade{1, "GRADE"};
-  memory_format size{1, "SIZE"};
-  xf_user_format headers[3];
-  std::vector<const void *> ranges;
-  xf_ufmt_context ctx{};
-
-  host_catalog() {
-    grade.range(0, 5, "low");
-    grade.range(5, 10, "high", XF_RANGE_START_EXCL);
-    grade.done();
-    size.range_label(0, 10, size.format_label("GRADE", 4, 0));
-    size.range_label(10, 100, size.format_label("F", 6, 2));
-    size.range_label(100, 1000, size.format_label("NOSUCH", 3, 0));
-    size.range_label(1000, 2000, size.format_label("SIZE", 8, 0));  // names itself
-    size.done();
-    std::memcpy(&headers[0], grade.anchor(), sizeof(xf_user_format));
-    std::memcpy(&headers[1], grade.header(), sizeof(xf_user_format));
-    std::memcpy(&headers[2], size.header(), sizeof(xf_user_format));
-    headers[1].marker[0] = 'G';
-    for (int i = 0; i < 2; ++i) ranges.push_back(static_cast<void **>(grade.ranges())[i]);
-    for (int i = 0; i < 4; ++i) ranges.push_back(static_cast<void **>(size.ranges())[i]);
-    ctx.source = 5;
-    ctx.catalog = headers;
-    ctx.catalog_ranges = ranges.data();
-  }
-};
-
-TEST(end_to_end, in_memory_catalog_with_nested_formats) {
-  host_catalog cat;
-  resolved grade("GRADE", &cat.ctx);
-  ASSERT_EQ(grade.status, 0u);
-  EXPECT_EQ(put(grade.handle, 7, 4), "high");
-  resolved size("SIZE", &cat.ctx);
-  ASSERT_EQ(size.status, 0u);
-  EXPECT_EQ(put(size.handle, 3, 6), "low ");
-  EXPECT_EQ(put(size.handle, 12.345, 8), " 12.35");
-  EXPECT_EQ(put(size.handle, 500, 5), "*****");
-  std::string deep = put(size.handle, 1500, 8);
-  EXPECT_EQ(deep, "********");
-  resolved missing("GRADEX", &cat.ctx);
-  EXPECT_EQ(missing.status, 1u);
 }
 
 TEST(end_to_end, informat_requests_never_find_formats) {

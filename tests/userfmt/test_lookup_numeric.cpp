@@ -3,8 +3,6 @@
 // the bisections against the linear search over random sorted tables.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
 #include <limits>
 
 #include "support/frame.hpp"

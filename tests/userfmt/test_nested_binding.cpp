@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <cstdlib>
 #include <cstring>
 #include <new>
 #include <string>
@@ -88,6 +87,10 @@ TEST(nested_label_resolved_per_value, self_nested_label_allocates_nothing_per_va
   const double values[] = {3, 7, 12.345, 500, 1500, 5000};
   const char *expected[] = {"low ", "high", " 12.35", "********", "********", nullptr};
   for (int i = 0; i < 5; ++i) EXPECT_EQ(put(size.handle, values[i], 8).text, expected[i]) << values[i];
+  bound grade("GRADE", &cat.ctx);
+  ASSERT_EQ(grade.status, XF_OK);
+  EXPECT_EQ(put(grade.handle, 7, 4).text, "high");
+  EXPECT_EQ(bound("GRADEX", &cat.ctx).status, 1u);  // no such format in the catalog
 
   // Frames prepared before counting starts; std::string stays out of the loop.
   char out[16];
