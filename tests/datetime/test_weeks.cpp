@@ -43,34 +43,6 @@ struct day_table {
   const day_info &at(int64_t n) const { return days[static_cast<size_t>(n - first)]; }
 };
 
-TEST(week_rules, anchors) {
-  double y, w, wd;
-  const char v = 'V', u = 'U', ww = 'W', x = 'X';
-  EXPECT_EQ(get_yywwdd(&v, 0, &y, &w, &wd, zmdy(1, 1, 2021)), 0);
-  EXPECT_EQ(y, 2020.0);
-  EXPECT_EQ(w, 53.0);
-  EXPECT_EQ(wd, 5.0);
-  // 2018-01-01 was a Monday: week 0 under the Sunday rule, week 1 under Monday's.
-  get_yywwdd(&u, 0, &y, &w, &wd, zmdy(1, 1, 2018));
-  EXPECT_EQ(w, 0.0);
-  EXPECT_EQ(wd, 2.0);
-  get_yywwdd(&ww, 0, &y, &w, &wd, zmdy(1, 1, 2018));
-  EXPECT_EQ(w, 1.0);
-  EXPECT_EQ(wd, 1.0);
-  get_yywwdd(&v, 0, &y, &w, &wd, zmdy(12, 31, 2024));  // Tuesday of 2025-W01
-  EXPECT_EQ(y, 2025.0);
-  EXPECT_EQ(w, 1.0);
-  EXPECT_EQ(wd, 2.0);
-  get_yywwdd(&x, 0, &y, &w, &wd, zmdy(1, 3, 2021));
-  EXPECT_EQ(y, 2021.0);
-  EXPECT_EQ(w, -1.0);
-  EXPECT_EQ(wd, 5.0);  // ((2 + 2) mod 7) + 1
-  get_yywwdd(&v, 0, &y, &w, &wd, xfmt::missing_ordinary());
-  EXPECT_EQ(y + w + wd, -3.0);
-  get_yywwdd(&v, 0, &y, &w, &wd, 6589336);
-  EXPECT_EQ(y + w + wd, -3.0);
-}
-
 TEST(week_rules, every_day_1600_to_2400) {
   const day_table t;
   const int64_t from = xfmt::datetime::days_from_ymd(1600, 1, 1);
