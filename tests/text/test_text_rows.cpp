@@ -37,7 +37,7 @@ std::string hex8(uint32_t v) {
 outcome run(const std::string &routine, call &c) {
   outcome o;
   uint32_t n = 0, used = 0, cp = 0;
-  const uint8_t *in = c.in.data();
+  const uint8_t *in = c.in.data();  // exactly the input: null when empty
   const auto len = static_cast<uint32_t>(c.in.size());
   uint8_t *out = c.out.data();
   const auto written = [&](uint32_t k) { o.out.assign(reinterpret_cast<const char *>(out), k); };
@@ -67,6 +67,45 @@ outcome run(const std::string &routine, call &c) {
     o.count = bad;
   } else if (routine == "NLSNUMCHAR") {
     o.count = NLSNUMCHAR(c.params.at(0), len ? in : nullptr, static_cast<int32_t>(c.params.size() > 1 ? c.params[1] : len));
+  } else if (routine == "encode_base64" || routine == "decode_base64") {
+    const auto cap = static_cast<int32_t>(c.cap);
+    if (!len) in = reinterpret_cast<const uint8_t *>("");  // null is refused; empty text is not
+    o.result = routine == "decode_base64"
+                   ? decode_base64(reinterpret_cast<const char *>(in), static_cast<int32_t>(len), out, cap, &n)
+                   : encode_base64(in, static_cast<int32_t>(len), reinterpret_cast<char *>(out), cap, &n,
+                                   c.params.empty() ? 0 : 1);
+    o.count = n;
+    written(o.result < 0 && routine == "encode_base64" ? 0 : n);
+  } else if (routine == "UTF8ToUNICODE" || routine == "UNICODEToUTF8" || routine == "LATIN1ToUNICODE") {
+    // UTF-16 units in host order; the file writes them big-endian.
+    const auto swap_units = [](uint8_t *p, uint32_t bytes) {
+      for (uint32_t k = 0; k + 1 < bytes; k += 2) {
+        uint16_t u = 0;
+        std::memcpy(&u, p + k, 2);
+          p[k] = static_cast<uint8_t>(u >> 8);
+        p[k + 1] = static_cast<uint8_t>(u);
+      }
+    };
+    if (routine == "UNICODEToUTF8") {
+      swap_units(c.in.data(), len & ~1u);  // big-endian bytes to host units, in place
+      std::vector<uint16_t> units((len + 1) / 2);
+      if (len) std::memcpy(units.data(), c.in.data(), len & ~1u);
+      o.result = UNICODEToUTF8(units.data(), len, out, c.cap, &n, &used);
+      o.count = n;
+      written(used);
+      return o;
+    }
+    std::vector<uint16_t> units(c.cap / 2);
+    o.result = routine == "UTF8ToUNICODE" ? UTF8ToUNICODE(in, len, units.data(), c.cap, &n, &used)
+                                          : LATIN1ToUNICODE(in, len, units.data(), c.cap / 2, &n);
+    o.count = n;
+    std::vector<uint8_t> be(2 * n);
+    if (n) std::memcpy(be.data(), units.data(), 2 * n);
+    swap_units(be.data(), 2 * n);
+    o.out.assign(be.begin(), be.end());
+    if (routine == "UTF8ToUNICODE") {
+      EXPECT_EQ(used, 2 * n) << "bytes written";
+    }
   } else {
     if (routine == "ConvertToUTF32")
       o.result = ConvertToUTF32(len ? in : nullptr, len, out, c.cap, &n, UTF8_UTF32, c.params.empty() ? COPY_UTF32 : COPY_UTF32_SWAP);
