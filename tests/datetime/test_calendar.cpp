@@ -72,6 +72,13 @@ std::vector<double> call(const std::string &name, const std::vector<double> &a) 
   if (name == "zday") return {zday(a[0])};
   if (name == "zqtr") return {zqtr(a[0])};
   if (name == "zwekday") return {zwekday(a[0])};
+  if (name == "zdatprt") return {zdatprt(a[0])};
+  if (name == "ztimprt") return {ztimprt(a[0])};
+  if (name == "zhour") return {zhour(a[0])};
+  if (name == "zminute") return {zminute(a[0])};
+  if (name == "zsecond") return {zsecond(a[0])};
+  if (name == "zhms") return {zhms(a[0], a[1], a[2])};
+  if (name == "zdhms") return {zdhms(a[0], a[1], a[2], a[3])};
   if (name == "get_lastday") return {get_lastday(i(0), i(1))};
   if (name == "zymdjul") return {static_cast<double>(zymdjul(&y, &m, &d, a[0])), y, m, d};
   if (name.rfind("week_", 0) == 0)
