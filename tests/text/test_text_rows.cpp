@@ -37,7 +37,7 @@ std::string hex8(uint32_t v) {
 outcome run(const std::string &routine, call &c) {
   outcome o;
   uint32_t n = 0, used = 0, cp = 0;
-  const uint8_t *in = c.in.data();  // exactly the input: null when empty
+  const uint8_t *in = c.in.data();  // exactly the input (null or not when empty)
   const auto len = static_cast<uint32_t>(c.in.size());
   uint8_t *out = c.out.data();
   const auto written = [&](uint32_t k) { o.out.assign(reinterpret_cast<const char *>(out), k); };
