@@ -88,26 +88,6 @@ TEST(week_text, texts_of_the_file) {
   }
 }
 
-TEST(day_counts, worked_examples) {
-  int64_t days = 0;
-  double frac = 0;
-  diff_actact(7, 1, 2020, 3, 1, 2022, &days, &frac);
-  EXPECT_EQ(days, 608);
-  EXPECT_DOUBLE_EQ(frac, 184.0 / 366 + 424.0 / 365);
-  diff_actact(1, 1, 2021, 1, 1, 2021, &days, &frac);
-  EXPECT_EQ(days, 0);
-  EXPECT_EQ(frac, 0.0);
-  diff_actact(1, 1, 2020, 12, 31, 2020, &days, &frac);
-  EXPECT_EQ(days, 365);
-  EXPECT_DOUBLE_EQ(frac, 365.0 / 366);
-  diff_actact(12, 31, 2020, 1, 1, 2021, &days, &frac);
-  EXPECT_EQ(days, 1);
-  EXPECT_DOUBLE_EQ(frac, 1.0 / 366);
-  diff_actact(1, 1, 2021, 12, 31, 2020, &days, &frac);  // reversed order: negative
-  EXPECT_EQ(days, -1);
-  EXPECT_DOUBLE_EQ(frac, -1.0 / 366);
-}
-
 // Random pairs of dates in 1600..2400 against counting day by day.
 TEST(day_counts, random_pairs_against_counting) {
   const day_table t;
