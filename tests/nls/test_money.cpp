@@ -103,18 +103,6 @@ TEST(money, nan_and_infinity_give_the_star_field) {
   }
 }
 
-TEST(money, validation_when_asked) {
-  const struct { int w, d; xf_status st; } cases[] = {
-      {7, 2, XF_NL_WIDTH_LOW}, {33, 2, XF_NL_WIDTH_HIGH}, {12, -1, XF_NL_DECIMALS_LOW},
-      {12, 29, XF_NL_DECIMALS_HIGH}, {8, 0, XF_OK}, {32, 28, XF_OK}};
-  for (const auto &c : cases) {
-    frame_box b = frame_box::number(1, c.w, c.d, 64);
-    b.f.option_word = XF_OPT_VALIDATE;
-    EXPECT_EQ(xfmt::nls::money_format(&b.f, xfmt::nls::read_money_conventions(us.reader()),
-                                      currency("USD"), false), c.st) << c.w << "." << c.d;
-  }
-}
-
 TEST(money, utf16_output_counts_units) {
   frame_box b = frame_box::number(1234.5, 12, 2, 24);
   b.f.requested_output_encoding = XF_ENC_UTF16LE;
