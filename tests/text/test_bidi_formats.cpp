@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -40,22 +39,6 @@ TEST(bidi_formats, explicit_marks_stay_in_the_text) {
   EXPECT_NE(s.find("cba"), std::string::npos) << s;
   EXPECT_NE(s.find("\xE2\x80\xAE"), std::string::npos);
   EXPECT_NE(s.find("\xE2\x80\xAC"), std::string::npos);
-}
-
-TEST(bidi_formats, resolved_through_the_catalog) {
-  const char *names[] = {"$LOGVS", "$LOGVSR", "$VSLOG", "$VSLOGR", "$BIDI"};
-  for (const char *name : names) {
-    void *h = nullptr;
-    uint16_t block[8] = {};
-    ASSERT_EQ(xfname(name, static_cast<int32_t>(std::strlen(name)), 0, block, &h), XF_OK) << name;
-    EXPECT_EQ(block[0], 1u);
-    EXPECT_EQ(block[1], 32767u);
-    EXPECT_EQ(block[2], 1u);
-    frame_box b = frame_box::chars("ab", 3);
-    EXPECT_EQ(xffmt(&b.f, h), XF_OK) << name;
-    EXPECT_EQ(b.str(), "ab ") << name;
-    xfdel(h);
-  }
 }
 
 // Longer than the work arrays: pieces cut after a blank, nothing lost.
