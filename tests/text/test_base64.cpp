@@ -125,16 +125,4 @@ TEST(base64x_format, too_long_blank_fills_from_the_entry_length) {
   EXPECT_EQ(b.buffer(), "xx    ");
 }
 
-TEST(base64x_format, registered_in_its_module) {
-  const fmtinfo *m = jazwfmsc();
-  const fmtinfo_eachfmt *row = nullptr;
-  for (uint64_t i = 0; i < m->count; ++i)
-    if (std::string(m->rows[i].name, m->rows[i].name_length) == "$BASE64X") row = &m->rows[i];
-  ASSERT_NE(row, nullptr);
-  EXPECT_EQ(row->routine, &zfmb64x);
-  EXPECT_EQ(row->min_width, 1);
-  EXPECT_EQ(row->max_width, 32767);
-  EXPECT_EQ(row->default_width, 8);
-}
-
 }  // namespace
