@@ -1,4 +1,5 @@
-// Times and datetimes split into parts, and the range guard of the formats.
+// Times and datetimes split into parts (the single calls are in
+// tests/data/datetime/calendar_calls.txt), and the range guard of the formats.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -14,40 +15,6 @@ namespace {
 
 using xfmt::missing_value;
 using xfmt::test::frame_box;
-
-bool is_ordinary(double v) { return xfmt::double_bits(v) == 0xFFFFFE0000000000ull; }
-
-TEST(time_parts, anchors) {
-  EXPECT_EQ(ztimprt(-1), 86399.0);
-  EXPECT_EQ(zhour(-1), 23.0);
-  EXPECT_EQ(zminute(-1), 59.0);
-  EXPECT_EQ(zsecond(-0.25), 59.75);
-  EXPECT_EQ(zsecond(3661.5), 1.5);
-  EXPECT_EQ(zminute(3661.5), 1.0);
-  EXPECT_EQ(zhour(3661.5), 1.0);
-  EXPECT_EQ(zhour(90000), 1.0);
-  EXPECT_EQ(zdatprt(-1), -1.0);
-  EXPECT_EQ(zdatprt(86400), 1.0);
-  EXPECT_EQ(zdatprt(86399.9), 0.0);
-  EXPECT_EQ(ztimprt(86399.5), 86399.5);
-  EXPECT_EQ(ztimprt(-86400), 0.0);
-  EXPECT_EQ(zdatprt(-11928470400.0), -138061.0);
-  EXPECT_TRUE(is_ordinary(zdatprt(-11928470400.5)));
-  EXPECT_TRUE(is_ordinary(zdatprt(569318630400.0)));
-  EXPECT_EQ(zdatprt(569318630399.0), 6589335.0);
-  EXPECT_TRUE(is_ordinary(ztimprt(missing_value(4))));
-  EXPECT_TRUE(is_ordinary(zhour(569318630400.0)));
-  EXPECT_TRUE(is_ordinary(zminute(missing_value(1))));
-  EXPECT_TRUE(is_ordinary(zsecond(INFINITY)));
-  EXPECT_EQ(zhms(1, 2, 3.5), 3723.5);
-  EXPECT_EQ(zhms(25, 0, 0), 90000.0);  // no range test
-  EXPECT_TRUE(is_ordinary(zhms(1, missing_value(3), 0)));
-  EXPECT_EQ(zdhms(1, 0, 0, 1), 86401.0);
-  EXPECT_EQ(zdhms(-1.5, 0, 0, 0), -1.5 * 86400);  // the date is not floored
-  EXPECT_TRUE(is_ordinary(zdhms(6589336, 0, 0, 0)));
-  EXPECT_TRUE(is_ordinary(zdhms(missing_value(1), 0, 0, 0)));
-  EXPECT_TRUE(is_ordinary(zdhms(0, 0, missing_value(1), 0)));
-}
 
 // Splitting random datetimes and putting them together again.
 TEST(time_parts, random_round_trip) {

@@ -6,12 +6,14 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <vector>
 
 #include "core/missing.hpp"
 #include "datetime/calendar.hpp"
 #include "support/random.hpp"
+#include "support/rows.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {
@@ -43,34 +45,6 @@ struct day_table {
   const day_info &at(int64_t n) const { return days[static_cast<size_t>(n - first)]; }
 };
 
-TEST(week_rules, anchors) {
-  double y, w, wd;
-  const char v = 'V', u = 'U', ww = 'W', x = 'X';
-  EXPECT_EQ(get_yywwdd(&v, 0, &y, &w, &wd, zmdy(1, 1, 2021)), 0);
-  EXPECT_EQ(y, 2020.0);
-  EXPECT_EQ(w, 53.0);
-  EXPECT_EQ(wd, 5.0);
-  // 2018-01-01 was a Monday: week 0 under the Sunday rule, week 1 under Monday's.
-  get_yywwdd(&u, 0, &y, &w, &wd, zmdy(1, 1, 2018));
-  EXPECT_EQ(w, 0.0);
-  EXPECT_EQ(wd, 2.0);
-  get_yywwdd(&ww, 0, &y, &w, &wd, zmdy(1, 1, 2018));
-  EXPECT_EQ(w, 1.0);
-  EXPECT_EQ(wd, 1.0);
-  get_yywwdd(&v, 0, &y, &w, &wd, zmdy(12, 31, 2024));  // Tuesday of 2025-W01
-  EXPECT_EQ(y, 2025.0);
-  EXPECT_EQ(w, 1.0);
-  EXPECT_EQ(wd, 2.0);
-  get_yywwdd(&x, 0, &y, &w, &wd, zmdy(1, 3, 2021));
-  EXPECT_EQ(y, 2021.0);
-  EXPECT_EQ(w, -1.0);
-  EXPECT_EQ(wd, 5.0);  // ((2 + 2) mod 7) + 1
-  get_yywwdd(&v, 0, &y, &w, &wd, xfmt::missing_ordinary());
-  EXPECT_EQ(y + w + wd, -3.0);
-  get_yywwdd(&v, 0, &y, &w, &wd, 6589336);
-  EXPECT_EQ(y + w + wd, -3.0);
-}
-
 TEST(week_rules, every_day_1600_to_2400) {
   const day_table t;
   const int64_t from = xfmt::datetime::days_from_ymd(1600, 1, 1);
@@ -97,73 +71,21 @@ TEST(week_rules, every_day_1600_to_2400) {
   }
 }
 
-// 1600-01-01, a Saturday before the first Sunday and Monday of the year,
-// once gave stars at every width, also at those that never show the weekday.
-TEST(week_text, zkfweek_on_1600_01_01) {
-  const double day = static_cast<double>(xfmt::datetime::days_from_ymd(1600, 1, 1));
-  const struct { char rule; const char *texts[6]; } rows[] = {
-      {'U', {"00", "W00", "00W00", "00W0007", "1600W0007", "1600-W00-07"}},
-      {'W', {"00", "W00", "00W00", "00W0006", "1600W0006", "1600-W00-06"}},
-      {'V', {"52", "W52", "99W52", "99W5206", "1599W5206", "1599-W52-06"}},
-  };
-  for (const auto &r : rows) {
-    for (int32_t w = 0; w <= 12; ++w) {
-      char out[16];
-      int32_t width = w;
-      zkfweek(out, &width, &r.rule, 0, day);
-      const int layout = w <= 2 ? 0 : w <= 4 ? 1 : w <= 6 ? 2 : w <= 8 ? 3 : w <= 10 ? 4 : 5;
-      EXPECT_EQ(std::string(out, static_cast<size_t>(width)), r.texts[layout]) << r.rule << " w " << w;
-    }
-  }
-}
-
-TEST(week_text, layouts_by_width) {
-  // 2021-01-06 is Wednesday of 2021-W01.
-  struct { int32_t w; const char *text; int32_t out_w; } rows[] = {
-      {0, "01", 2},           {1, "01", 2},        {2, "01", 2},           {3, "W01", 3},
-      {4, "W01 ", 3},         {5, "21W01", 5},     {6, "21W01 ", 5},       {7, "21W0103", 7},
-      {8, "21W0103 ", 7},     {9, "2021W0103", 9}, {10, "2021W0103 ", 9},  {11, "2021-W01-03", 11},
-      {14, "2021-W01-03   ", 11},
-  };
-  const char v = 'V';
-  for (const auto &r : rows) {
-    char buf[16];
+// The week texts of tests/data/datetime/week_text.txt.
+TEST(week_text, texts_of_the_file) {
+  for (const auto &r : xfmt::test::tab_rows("datetime/week_text.txt")) {
+    char buf[24];
     std::memset(buf, '#', sizeof buf);
-    int32_t w = r.w;
-    zkfweek(buf, &w, &v, 0, zmdy(1, 6, 2021));
-    const size_t shown = static_cast<size_t>(r.w > r.out_w ? r.w : r.out_w);
-    EXPECT_EQ(std::string(buf, shown), r.text) << r.w;
-    EXPECT_EQ(w, r.out_w) << r.w;
-    EXPECT_EQ(buf[shown], '#') << r.w;
+    int32_t w = std::stoi(r[2]);
+    const double day = r[3] == "." ? xfmt::missing_ordinary()
+                                   : zmdy(std::stod(r[3].substr(5, 2)), std::stod(r[3].substr(8, 2)),
+                                          std::stod(r[3].substr(0, 4)));
+    zkfweek(buf, &w, r[1].c_str(), 0, day);
+    const std::string want = r[4].substr(1, r[4].size() - 2);
+    EXPECT_EQ(std::string(buf, want.size()), want) << r[0];
+    EXPECT_EQ(w, std::stoi(r[5])) << r[0];
+    EXPECT_EQ(buf[want.size()], '#') << r[0];
   }
-  char buf[12];
-  int32_t w = 11;
-  zkfweek(buf, &w, &v, 0, xfmt::missing_ordinary());
-  EXPECT_EQ(std::string(buf, 11), "***********");
-  const char u = 'U';
-  w = 11;
-  zkfweek(buf, &w, &u, 0, zmdy(1, 1, 2018));  // Monday: week 0, weekday 2
-  EXPECT_EQ(std::string(buf, 11), "2018-W00-02");
-}
-
-TEST(day_counts, worked_examples) {
-  int64_t days = 0;
-  double frac = 0;
-  diff_actact(7, 1, 2020, 3, 1, 2022, &days, &frac);
-  EXPECT_EQ(days, 608);
-  EXPECT_DOUBLE_EQ(frac, 184.0 / 366 + 424.0 / 365);
-  diff_actact(1, 1, 2021, 1, 1, 2021, &days, &frac);
-  EXPECT_EQ(days, 0);
-  EXPECT_EQ(frac, 0.0);
-  diff_actact(1, 1, 2020, 12, 31, 2020, &days, &frac);
-  EXPECT_EQ(days, 365);
-  EXPECT_DOUBLE_EQ(frac, 365.0 / 366);
-  diff_actact(12, 31, 2020, 1, 1, 2021, &days, &frac);
-  EXPECT_EQ(days, 1);
-  EXPECT_DOUBLE_EQ(frac, 1.0 / 366);
-  diff_actact(1, 1, 2021, 12, 31, 2020, &days, &frac);  // reversed order: negative
-  EXPECT_EQ(days, -1);
-  EXPECT_DOUBLE_EQ(frac, -1.0 / 366);
 }
 
 // Random pairs of dates in 1600..2400 against counting day by day.

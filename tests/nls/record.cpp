@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 namespace xfmt::test {
 namespace {
 
@@ -89,22 +87,6 @@ test_record english_like() {
   r.fields[152] = "PM";
   r.fields[172] = ".";
   return r;
-}
-
-std::vector<std::vector<std::string>> tab_lines(const std::string &path) {
-  std::vector<std::vector<std::string>> lines;
-  std::ifstream in(std::string(XFMT_SOURCE_DIR) + "/tests/data/" + path);
-  EXPECT_TRUE(in.good()) << "cannot read tests/data/" << path;
-  for (std::string s; std::getline(in, s);) {
-    if (s.empty() || s[0] == '#') continue;
-    std::vector<std::string> fields(1);
-    for (char c : s) {
-      if (c == '\t') fields.emplace_back();
-      else fields.back().push_back(c);
-    }
-    lines.push_back(std::move(fields));
-  }
-  return lines;
 }
 
 }  // namespace xfmt::test

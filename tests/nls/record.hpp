@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "nls/expand.hpp"
+#include "support/rows.hpp"
 
 namespace xfmt::test {
 
@@ -35,9 +36,5 @@ test_record english_like();
 // A moment for a calendar date (no time) or a datetime.
 nls::moment date_moment(int y, int m, int d);
 nls::moment datetime_moment(int y, int m, int d, int hh, int mi, double ss);
-
-// The lines of a tab-separated file under tests/data ('#' starts a comment
-// line), each split at its tabs; a file that cannot be read fails the test.
-std::vector<std::vector<std::string>> tab_lines(const std::string &path);
 
 }  // namespace xfmt::test

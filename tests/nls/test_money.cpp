@@ -71,45 +71,23 @@ TEST(money_tables, currencies_sorted_unique_and_complete) {
   EXPECT_STREQ(currency("ZAR").currency_symbol, "R");
 }
 
-struct money_case {
-  const test_record *rec;
-  const char *code;
-  bool intl;
-  double value;
-  int w, d;
-  const char *expected;  // every blank of the field
-};
-
-TEST(money, placement_and_fallbacks) {
-  const money_case cases[] = {
-      {&us, "USD", false, 1234.5, 12, 2,    " US$1,234.50"},
-      {&us, "USD", true, 1234.5, 12, 2,     " USD1,234.50"},
-      {&us, "USD", false, -1234.5, 12, 2,   "-US$1,234.50"},
-      {&de, "USD", false, 1234.5, 12, 2,    "1.234,50 US$"},
-      {&de, "USD", false, -1234.5, 13, 2,   "-1.234,50 US$"},
-      {&us, "USD", false, 1234.5, 11, 2,    "US$1,234.50"},
-      {&us, "USD", false, 1234.5, 10, 2,    "US$1234.50"},   // grouping dropped
-      {&us, "USD", false, 1234.5, 9, 2,     "  1234.50"},    // symbol dropped
-      {&us, "USD", false, 1234.5, 8, 2,     " 1234.50"},
-      {&us, "USD", false, 123456789.0, 8, 2, " 1.2E+08"},
-      {&paren, "USD", false, 1234.5, 14, 2, "  US$1,234.50 "},
-      {&paren, "USD", false, -1234.5, 14, 2, " (US$1,234.50)"},
-      {&us, "ZAR", false, 0.0, 8, 2,        "   R0.00"},
-      {&us, "JPY", true, 1e6, 14, 0,        "  JPY1,000,000"},
-      {&us, "USD", false, 5.0, 8, 0,        "    US$5"},
-  };
-  for (const auto &c : cases) {
+TEST(money, fields_of_the_file) {
+  const std::pair<std::string, const test_record *> records[] = {{"us", &us}, {"de", &de}, {"paren", &paren}, {"fr", &fr}};
+  for (const auto &r : xfmt::test::tab_rows("nls/money.txt")) {
+    const test_record *rec = nullptr;
+    for (const auto &[name, record] : records)
+      if (r[1] == name) rec = record;
+    ASSERT_NE(rec, nullptr) << r[0];
+    const double v = r[4][0] != '.' ? std::stod(r[4])
+                     : r[4].size() == 1 ? xfmt::missing_ordinary()
+                                        : xfmt::missing_value(r[4][1] - 'A' + 2);
     xf_status st = 99;
-    EXPECT_EQ(money(*c.rec, c.code, c.intl, c.value, c.w, c.d, &st), c.expected)
-        << c.code << " " << c.value << " w" << c.w;
-    EXPECT_EQ(st, XF_OK);
+    EXPECT_EQ(money(*rec, r[2].c_str(), r[3] == "1", v, std::stoi(r[5]), std::stoi(r[6]), &st),
+              r[7].substr(1, r[7].size() - 2)) << r[0];
+    if (r[8] != "*") {
+      EXPECT_EQ(st, r[8] == "OK" ? XF_OK : XF_E_OVERFLOW) << r[0];
+    }
   }
-}
-
-TEST(money, nothing_fits_gives_stars) {
-  xf_status st = 0;
-  EXPECT_EQ(money(us, "USD", false, -1.5e300, 8, 2, &st), "********");
-  EXPECT_EQ(st, XF_E_OVERFLOW);
 }
 
 TEST(money, nan_and_infinity_give_the_star_field) {
@@ -123,34 +101,6 @@ TEST(money, nan_and_infinity_give_the_star_field) {
       EXPECT_EQ(b.str(), "************") << r->name << " " << v;
     }
   }
-}
-
-TEST(money, missing_values) {
-  EXPECT_EQ(money(us, "USD", false, xfmt::missing_ordinary(), 12, 2), "           .");
-  EXPECT_EQ(money(us, "USD", false, xfmt::missing_value(2), 8, 2), "       A");
-}
-
-TEST(money, validation_when_asked) {
-  const struct { int w, d; xf_status st; } cases[] = {
-      {7, 2, XF_NL_WIDTH_LOW}, {33, 2, XF_NL_WIDTH_HIGH}, {12, -1, XF_NL_DECIMALS_LOW},
-      {12, 29, XF_NL_DECIMALS_HIGH}, {8, 0, XF_OK}, {32, 28, XF_OK}};
-  for (const auto &c : cases) {
-    frame_box b = frame_box::number(1, c.w, c.d, 64);
-    b.f.option_word = XF_OPT_VALIDATE;
-    EXPECT_EQ(xfmt::nls::money_format(&b.f, xfmt::nls::read_money_conventions(us.reader()),
-                                      currency("USD"), false), c.st) << c.w << "." << c.d;
-  }
-}
-
-TEST(money, symbol_the_codeset_cannot_show_becomes_the_code) {
-  // Tests run in the C locale: an ASCII codeset.
-  EXPECT_EQ(money(us, "AED", false, 1.5, 12, 2), "     AED1.50");
-  EXPECT_EQ(money(us, "EUR", false, 1.5, 12, 2), "     EUR1.50");
-}
-
-TEST(money, escaped_separator_is_one_character) {
-  // The no-break space cannot be shown in ASCII either: it becomes "?".
-  EXPECT_EQ(money(fr, "USD", true, 1234.5, 12, 2), "1?234,50 USD");
 }
 
 TEST(money, utf16_output_counts_units) {

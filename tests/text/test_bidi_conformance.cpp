@@ -77,6 +77,18 @@ std::string normalized(const std::string &s) {
   return out;
 }
 
+// The lines of a file of the database that hold data, with their numbers;
+// a missing file fails the test.
+std::vector<std::pair<long, std::string>> data_lines(const char *name) {
+  std::ifstream f(std::string(ucd_dir) + name);
+  EXPECT_TRUE(f.is_open()) << ucd_dir << name << " is missing (Debian package unicode-data)";
+  std::vector<std::pair<long, std::string>> out;
+  long number = 0;
+  for (std::string line; std::getline(f, line);)
+    if (++number, !line.empty() && line[0] != '#') out.emplace_back(number, line);
+  return out;
+}
+
 struct tally {
   long cases = 0;
   long failures = 0;
@@ -95,16 +107,11 @@ TEST(bidi_conformance, tables_come_from_the_installed_database) {
 }
 
 TEST(bidi_conformance, exhaustive_bidi_test_txt) {
-  const std::string path = std::string(ucd_dir) + "BidiTest.txt";
-  std::ifstream f(path);
-  ASSERT_TRUE(f.is_open()) << path << " is missing (Debian package unicode-data)";
+  const std::string path = "BidiTest.txt";
   static bidi_paragraph p;
   tally t;
-  std::string levels, reorder, line;
-  long number = 0;
-  while (std::getline(f, line)) {
-    ++number;
-    if (line.empty() || line[0] == '#') continue;
+  std::string levels, reorder;
+  for (const auto &[number, line] : data_lines("BidiTest.txt")) {
     if (line.rfind("@Levels:", 0) == 0) {
       levels = normalized(line.substr(8));
       continue;
@@ -148,16 +155,10 @@ TEST(bidi_conformance, exhaustive_bidi_test_txt) {
 }
 
 TEST(bidi_conformance, exhaustive_bidi_character_test_txt) {
-  const std::string path = std::string(ucd_dir) + "BidiCharacterTest.txt";
-  std::ifstream f(path);
-  ASSERT_TRUE(f.is_open()) << path << " is missing (Debian package unicode-data)";
+  const std::string path = "BidiCharacterTest.txt";
   static bidi_paragraph p;
   tally t;
-  std::string line;
-  long number = 0;
-  while (std::getline(f, line)) {
-    ++number;
-    if (line.empty() || line[0] == '#') continue;
+  for (const auto &[number, line] : data_lines("BidiCharacterTest.txt")) {
     auto fields = split(line, ';');
     ASSERT_EQ(fields.size(), 5u) << path << ":" << number;
     auto cps = words(fields[0]);
@@ -185,10 +186,6 @@ TEST(bidi_conformance, exhaustive_bidi_character_test_txt) {
   EXPECT_EQ(t.failures, 0);
 }
 
-}  // namespace
-
-namespace {
-
 // The committed tables are what the generator makes from the installed database.
 TEST(bidi_conformance, generator_reproduces_the_committed_tables) {
   std::string here = __FILE__;
@@ -204,28 +201,15 @@ TEST(bidi_conformance, generator_reproduces_the_committed_tables) {
   EXPECT_EQ(std::system(cmd.c_str()), 0);
 }
 
-}  // namespace
-
-namespace {
-
+// UTF-8 through the library's own encoder (every code point of it is
+// checked in test_utf8_chars).
 std::string utf8_of(const std::vector<uint32_t> &cps) {
   std::string s;
   for (uint32_t cp : cps) {
-    if (cp < 0x80) {
-      s += static_cast<char>(cp);
-    } else if (cp < 0x800) {
-      s += static_cast<char>(0xC0 | cp >> 6);
-      s += static_cast<char>(0x80 | (cp & 0x3F));
-    } else if (cp < 0x10000) {
-      s += static_cast<char>(0xE0 | cp >> 12);
-      s += static_cast<char>(0x80 | (cp >> 6 & 0x3F));
-      s += static_cast<char>(0x80 | (cp & 0x3F));
-    } else {
-      s += static_cast<char>(0xF0 | cp >> 18);
-      s += static_cast<char>(0x80 | (cp >> 12 & 0x3F));
-      s += static_cast<char>(0x80 | (cp >> 6 & 0x3F));
-      s += static_cast<char>(0x80 | (cp & 0x3F));
-    }
+    uint8_t buf[4];
+    uint32_t n = 0;
+    UTF32_UTF8(cp, buf, 4, &n);
+    s.append(reinterpret_cast<const char *>(buf), n);
   }
   return s;
 }
@@ -261,17 +245,10 @@ std::string run_format(xf_routine routine, const std::string &text) {
 // levels are those of the logical text (the inverse is then defined), the
 // logical text must come back byte for byte.
 TEST(bidi_conformance, exhaustive_the_formats_on_bidi_character_test_txt) {
-  const std::string path = std::string(ucd_dir) + "BidiCharacterTest.txt";
-  std::ifstream f(path);
-  ASSERT_TRUE(f.is_open()) << path << " is missing (Debian package unicode-data)";
   static bidi_paragraph p;
   tally forward, back;
   long skipped = 0, recovered = 0;
-  std::string line;
-  long number = 0;
-  while (std::getline(f, line)) {
-    ++number;
-    if (line.empty() || line[0] == '#') continue;
+  for (const auto &[number, line] : data_lines("BidiCharacterTest.txt")) {
     auto fields = split(line, ';');
     const int direction = std::stoi(fields[1]);
     if (direction == bidi_auto) continue;

@@ -1,10 +1,9 @@
 // $LOGVS, $LOGVSR, $VSLOG, $VSLOGR and $BIDI beyond their table in
-// tests/data/text: missing input, explicit marks, UTF-16 in and out, text
-// longer than the work arrays, and random lines turned twice.
+// tests/data/text: missing input, explicit marks, text longer than the work
+// arrays, and random lines turned twice.
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -16,9 +15,6 @@ namespace {
 
 using xfmt::test::frame_box;
 
-// H is the Hebrew word samekh pe resh, Hr the same letters reversed.
-#define H "\xD7\xA1\xD7\xA4\xD7\xA8"
-#define Hr "\xD7\xA8\xD7\xA4\xD7\xA1"
 #define ALEF "\xD7\x90"
 #define BET "\xD7\x91"
 #define GIMEL "\xD7\x92"
@@ -43,78 +39,6 @@ TEST(bidi_formats, explicit_marks_stay_in_the_text) {
   EXPECT_NE(s.find("cba"), std::string::npos) << s;
   EXPECT_NE(s.find("\xE2\x80\xAE"), std::string::npos);
   EXPECT_NE(s.find("\xE2\x80\xAC"), std::string::npos);
-}
-
-std::string utf16le(const std::u16string &s) {
-  std::string out;
-  for (char16_t u : s) {
-    out += static_cast<char>(u & 0xFF);
-    out += static_cast<char>(u >> 8);
-  }
-  return out;
-}
-
-std::string utf16be(const std::u16string &s) {
-  std::string out;
-  for (char16_t u : s) {
-    out += static_cast<char>(u >> 8);
-    out += static_cast<char>(u & 0xFF);
-  }
-  return out;
-}
-
-TEST(bidi_formats, utf16_in_utf16_out) {
-  const std::u16string in = u"\u05E1\u05E4\u05E8 text";
-  struct {
-    uint32_t encoding;
-    std::string bytes;
-  } inputs[] = {{XF_ENC_UTF16LE, utf16le(in)}, {XF_ENC_UTF16BE, utf16be(in)}};
-  for (auto &i : inputs) {
-    frame_box b = frame_box::chars(i.bytes, 9, 0, 18);
-    b.f.input_encoding = i.encoding;
-    EXPECT_EQ(zfmlogvsr(&b.f), XF_OK);
-    EXPECT_EQ(b.str(), utf16le(u"text \u05E8\u05E4\u05E1 ")) << i.encoding;
-    EXPECT_EQ(b.f.output_encoding, XF_ENC_UTF16LE);
-    EXPECT_EQ(b.f.output_length, 18u);
-  }
-  // A character beyond the BMP (a surrogate pair) moves as one and is never split.
-  frame_box b = frame_box::chars(utf16le(u"\u05D0 \U0001F600"), 4, 0, 7);
-  b.f.input_encoding = XF_ENC_UTF16LE;
-  EXPECT_EQ(zfmlogvs(&b.f), XF_E_CAPACITY);
-  EXPECT_EQ(b.str(), utf16le(u"\u05D0  "));
-  EXPECT_EQ(b.f.output_length, 6u);
-  // $BIDI on UTF-16, and an odd last byte that is no character.
-  frame_box c = frame_box::chars(utf16le(u"ab \u05D0\u05D1") + "x", 6);
-  c.f.output_capacity = 12;
-  c.out.assign(12, 0xEE);
-  c.f.output = c.out.data();
-  c.f.input_encoding = XF_ENC_UTF16LE;
-  EXPECT_EQ(zfmbidi(&c.f), XF_OK);
-  EXPECT_EQ(c.str(), utf16le(u"\u05D1\u05D0 ab "));
-}
-
-TEST(bidi_formats, utf8_text_for_a_host_that_asks_for_utf16) {
-  frame_box b = frame_box::chars(H " text", 8, 0, 16);
-  b.f.requested_output_encoding = XF_ENC_UTF16LE;
-  EXPECT_EQ(zfmlogvs(&b.f), XF_OK);
-  EXPECT_EQ(b.str(), utf16le(u"\u05E8\u05E4\u05E1 text"));
-  EXPECT_EQ(b.f.output_encoding, XF_ENC_UTF16LE);
-}
-
-TEST(bidi_formats, resolved_through_the_catalog) {
-  const char *names[] = {"$LOGVS", "$LOGVSR", "$VSLOG", "$VSLOGR", "$BIDI"};
-  for (const char *name : names) {
-    void *h = nullptr;
-    uint16_t block[8] = {};
-    ASSERT_EQ(xfname(name, static_cast<int32_t>(std::strlen(name)), 0, block, &h), XF_OK) << name;
-    EXPECT_EQ(block[0], 1u);
-    EXPECT_EQ(block[1], 32767u);
-    EXPECT_EQ(block[2], 1u);
-    frame_box b = frame_box::chars("ab", 3);
-    EXPECT_EQ(xffmt(&b.f, h), XF_OK) << name;
-    EXPECT_EQ(b.str(), name == std::string("$BIDI") ? "ab " : "ab ") << name;
-    xfdel(h);
-  }
 }
 
 // Longer than the work arrays: pieces cut after a blank, nothing lost.

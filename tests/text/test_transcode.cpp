@@ -26,39 +26,6 @@ tx transcode(uint32_t from, const std::string &in, uint32_t to, uint32_t capacit
   return r;
 }
 
-TEST(transcode, table_of_cases) {
-  struct row {
-    uint32_t from;
-    std::string in;
-    uint32_t to, cap;
-    std::string out;
-    uint32_t result, used;
-  };
-  const row rows[] = {
-      {20, "A\xE2\x82\xAC", 25, 8, std::string("A\0\xAC\x20", 4), 0, 4},
-      {20, "A\xE2\x82\xAC", 24, 8, std::string("\0A\x20\xAC", 4), 0, 4},
-      {20, "\xF0\x9F\x98\x80", 24, 4, std::string("\xD8\x3D\xDE\x00", 4), 0, 4},
-      {20, "\xF0\x9F\x98\x80", 24, 3, "", XF_TX_OUTPUT_SMALL, 0},
-      {20, "ab\xE2\x82", 27, 16, std::string("a\0\0\0b\0\0\0", 8), XF_TX_CUT_OFF, 2},
-      {20, "a\xED\xA0\x80", 20, 16, "a", XF_TX_BAD_LEAD, 1},        // surrogate in UTF-8
-      {20, "a\xE0\x80\x80", 20, 16, "a", XF_TX_BAD_LEAD, 1},        // overlong
-      {36, "\xE0\xE1 ", 20, 16, "\xD7\x90\xD7\x91 ", 0, 3},        // ISO Hebrew alef, bet
-      {20, "\xD7\x90\xE2\x82\xAC", 36, 16, "\xE0?", 0, 5},          // no euro in ISO Hebrew
-      {20, "\xD7\x90\xE2\x82\xAC", 65, 16, "\xE0\x80", 0, 5},       // Windows Hebrew has it
-      {26, std::string("\0\x11\0\0", 4), 20, 8, "", XF_TX_BAD_LEAD, 0},  // beyond U+10FFFF
-      {25, std::string("\x3D\xD8\x00\xDE", 4), 20, 4, "\xF0\x9F\x98\x80", 0, 4},
-      {25, std::string("\x00\xDE", 2), 20, 4, "", XF_TX_BAD_LEAD, 0},
-      {20, "", 25, 0, "", 0, 0},
-  };
-  for (const row &r : rows) {
-    SCOPED_TRACE(r.in);
-    tx got = transcode(r.from, r.in, r.to, r.cap);
-    EXPECT_EQ(got.out, r.out);
-    EXPECT_EQ(got.result, r.result);
-    EXPECT_EQ(got.used, r.used);
-  }
-}
-
 TEST(transcode, random_code_points_survive_every_unicode_pair) {
   auto g = xfmt::test::rng(81);
   const uint32_t ids[] = {20, 24, 25, 26, 27};
@@ -103,20 +70,6 @@ TEST(width_from_narrow, by_encoding) {
   EXPECT_EQ(getUnicodeWidthFromNarrow(205, dbcs, 4, 2), 1);
   EXPECT_EQ(getUnicodeWidthFromNarrow(172, dbcs, 4, 0), 0);
   EXPECT_EQ(getUnicodeWidthFromNarrow(161, dbcs, 4, 2), 2);  // not a double-byte id
-}
-
-TEST(nls_num_char, by_encoding) {
-  const std::string u8 = "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80";
-  EXPECT_EQ(NLSNUMCHAR(20, reinterpret_cast<const uint8_t *>(u8.data()), 10), 4);
-  EXPECT_EQ(NLSNUMCHAR(20, reinterpret_cast<const uint8_t *>(u8.data()), 8), 4);  // cut-off last counts
-  const uint8_t be[] = {0, 0x41, 0xD8, 0x3D, 0xDE, 0x00, 0xDE, 0x00};
-  EXPECT_EQ(NLSNUMCHAR(24, be, 8), 3);
-  const uint8_t le[] = {0x41, 0, 0x3D, 0xD8, 0x00, 0xDE};
-  EXPECT_EQ(NLSNUMCHAR(25, le, 6), 2);
-  EXPECT_EQ(NLSNUMCHAR(26, be, 8), 2);
-  EXPECT_EQ(NLSNUMCHAR(36, be, 8), 8);
-  EXPECT_EQ(NLSNUMCHAR(36, be, 0), 0);
-  EXPECT_EQ(NLSNUMCHAR(20, nullptr, 5), 0);
 }
 
 TEST(casing, pairs_round_trip) {

@@ -42,75 +42,6 @@ to8 utf16_to_8(const std::vector<uint16_t> &u, uint32_t capacity) {
   return r;
 }
 
-TEST(utf8_to_unicode, table_of_cases) {
-  struct row {
-    std::string in;
-    uint32_t cap_bytes;
-    std::vector<uint16_t> units;
-    uint32_t result;
-  };
-  const row rows[] = {
-      {"", 10, {}, 0},
-      {"abc", 6, {0x61, 0x62, 0x63}, 0},
-      {"abc", 4, {0x61, 0x62}, 2},                         // full destination
-      {"abc", 5, {0x61, 0x62}, 2},                         // odd byte of room is unused
-      {"\xC3\xA9", 2, {0x00E9}, 0},                        // e acute
-      {"\xE2\x82\xAC", 2, {0x20AC}, 0},                    // euro sign
-      {"\xF0\x9F\x98\x80", 2, {0xF600}, 0},                // U+1F600 cut to 16 bits
-      {"a\xE2\x82", 10, {0x61}, 1},                        // sequence runs past the end
-      {"\xC3", 10, {}, 1},
-      {"\x80", 2, {0x0000}, 0},                            // stray continuation: its six bits
-      {"\xBF", 2, {0x003F}, 0},
-      {"\xC3\x41", 2, {0xC1}, 0},                          // 3 << 6 | (0x41 & 0x7F)
-      {"\xC0\x80", 2, {0x0000}, 0},                        // overlong NUL decodes leniently
-      {"\xFC\x84\x80\x80\x80\x80", 2, {0x0000}, 0},        // 1 << 30, low 16 bits
-      {"\xE2\x82\xAC\xE2\x82\xAC", 2, {0x20AC}, 2},
-  };
-  for (const row &r : rows) {
-    SCOPED_TRACE(r.in);
-    to16 got = utf8_to_16(r.in, r.cap_bytes);
-    EXPECT_EQ(got.units, r.units);
-    EXPECT_EQ(got.result, r.result);
-    EXPECT_EQ(got.bytes, 2 * got.chars);
-  }
-}
-
-TEST(unicode_to_utf8, table_of_cases) {
-  struct row {
-    std::vector<uint16_t> in;
-    uint32_t cap;
-    std::string out;
-    uint32_t chars, result;
-  };
-  const row rows[] = {
-      {{}, 0, "", 0, 0},
-      {{0x41}, 0, "", 0, 2},
-      {{0x41, 0x7F}, 2, "A\x7F", 2, 0},
-      {{0x80}, 2, "\xC2\x80", 1, 0},
-      {{0x7FF}, 2, "\xDF\xBF", 1, 0},
-      {{0x800}, 3, "\xE0\xA0\x80", 1, 0},
-      {{0xFFFF}, 3, "\xEF\xBF\xBF", 1, 0},
-      {{0xD83D, 0xDE00}, 6, "\xED\xA0\xBD\xED\xB8\x80", 2, 0},  // surrogates one by one
-      {{0x41, 0x20AC}, 3, "A", 1, 2},                              // euro needs 3, 2 left
-      {{0x41, 0x20AC, 0x42}, 4, "A\xE2\x82\xAC", 2, 2},
-  };
-  for (const row &r : rows) {
-    to8 got = utf16_to_8(r.in, r.cap);
-    EXPECT_EQ(got.bytes, r.out);
-    EXPECT_EQ(got.chars, r.chars);
-    EXPECT_EQ(got.result, r.result);
-  }
-}
-
-TEST(unicode_to_utf8, odd_byte_length_ignores_the_last_byte) {
-  const uint16_t in[2] = {0x41, 0x42};
-  uint8_t out[4];
-  uint32_t chars = 9, bytes = 9;
-  EXPECT_EQ(UNICODEToUTF8(in, 3, out, 4, &chars, &bytes), 0u);
-  EXPECT_EQ(chars, 1u);
-  EXPECT_EQ(bytes, 1u);
-}
-
 TEST(unicode_utf8, every_bmp_unit_round_trips) {
   for (uint32_t u = 0; u <= 0xFFFF; ++u) {
     std::vector<uint16_t> in{static_cast<uint16_t>(u)};
@@ -119,60 +50,6 @@ TEST(unicode_utf8, every_bmp_unit_round_trips) {
     to16 b = utf8_to_16(a.bytes, 2);
     ASSERT_EQ(b.result, 0u) << u;
     ASSERT_EQ(b.units, in) << u;
-  }
-}
-
-// Mixed text: ASCII runs (the fast path) broken by two- and three-byte characters.
-std::vector<uint16_t> random_units(std::mt19937_64 &g, std::size_t n) {
-  std::vector<uint16_t> u(n);
-  for (auto &x : u) {
-    switch (g() % 8) {
-      case 0: x = static_cast<uint16_t>(0x80 + g() % 0x780); break;
-      case 1: x = static_cast<uint16_t>(g()); break;
-      default: x = static_cast<uint16_t>(g() % 0x80); break;
-    }
-  }
-  return u;
-}
-
-TEST(unicode_utf8, random_text_matches_the_oracle) {
-  auto g = xfmt::test::rng(71);
-  const uint64_t cases = xfmt::test::scaled(3000);
-  for (uint64_t c = 0; c < cases; ++c) {
-    std::vector<uint16_t> u = random_units(g, g() % 200);
-    uint32_t cap = static_cast<uint32_t>(g() % 700);
-    to8 fast = utf16_to_8(u, cap);
-    auto slow = xfmt::oracle::unicode_to_utf8(u, cap);
-    ASSERT_EQ(fast.bytes, slow.bytes) << "case " << c;
-    ASSERT_EQ(fast.chars, slow.chars);
-    ASSERT_EQ(fast.result, slow.result);
-  }
-}
-
-TEST(utf8_to_unicode, random_bytes_match_the_oracle) {
-  auto g = xfmt::test::rng(72);
-  const uint64_t cases = xfmt::test::scaled(3000);
-  for (uint64_t c = 0; c < cases; ++c) {
-    std::string s(g() % 300, '\0');
-    if (c % 2) {
-      for (auto &ch : s) ch = static_cast<char>(g() % 3 ? g() % 0x80 : g() % 256);
-    } else {
-      // Well-formed text of one- to four-byte characters, a stray byte now and then.
-      s.clear();
-      while (s.size() < 300 && g() % 100) {
-        uint8_t buf[4];
-        uint32_t n = 0;
-        const uint32_t cp = static_cast<uint32_t>(g() % 4 == 0 ? g() % 0x110000 : g() % 4 == 0 ? g() % 0x800 : g() % 0x80);
-        UTF32_UTF8(cp, buf, 4, &n);
-        s.append(reinterpret_cast<const char *>(buf), n);
-        if (g() % 50 == 0) s += static_cast<char>(0x80 + g() % 0x80);
-      }
-    }
-    uint32_t cap = static_cast<uint32_t>(g() % 700);
-    to16 fast = utf8_to_16(s, cap);
-    auto slow = xfmt::oracle::utf8_to_unicode(s, cap / 2);
-    ASSERT_EQ(fast.units, slow.units) << "case " << c;
-    ASSERT_EQ(fast.result, slow.result) << "case " << c;
   }
 }
 
@@ -186,23 +63,18 @@ TEST(latin1_to_unicode, each_byte_is_its_code_point) {
   for (int i = 0; i < 256; ++i) EXPECT_EQ(out[static_cast<size_t>(i)], i);
 }
 
-TEST(latin1_to_unicode, small_destination_fills_what_fits_and_returns_2) {
-  const uint8_t in[3] = {'a', 0xE9, 'c'};
-  std::vector<uint16_t> out(2);
-  uint32_t n = 0;
-  EXPECT_EQ(LATIN1ToUNICODE(in, 3, out.data(), 2, &n), 2u);
-  EXPECT_EQ(n, 2u);
-  EXPECT_EQ(out[1], 0xE9);
-  EXPECT_EQ(LATIN1ToUNICODE(in, 0, out.data(), 0, &n), 0u);
-  EXPECT_EQ(n, 0u);
-}
-
-// Both block loops (portable and SSSE3) against the oracle on texts long
-// enough to reach them: runs of ASCII, two-byte and three-byte characters,
-// with a broken sequence now and then.
+// Both block loops (portable and SSSE3; the exported routines are one of
+// them) against the oracle, on texts from empty to long enough to reach
+// the blocks: runs of ASCII, two-, three- and four-byte characters with a
+// broken sequence now and then, or raw bytes.
 std::string long_mixed_utf8(std::mt19937_64 &g) {
   std::string s;
-  const size_t target = 16 + g() % 400;
+  if (g() % 4 == 0) {
+    s.resize(g() % 300);
+    for (auto &ch : s) ch = static_cast<char>(g() % 3 ? g() % 0x80 : g() % 256);
+    return s;
+  }
+  const size_t target = g() % 400;
   while (s.size() < target) {
     const uint32_t run = 1 + static_cast<uint32_t>(g() % 20);
     const uint32_t kind = static_cast<uint32_t>(g() % 5);
@@ -244,7 +116,7 @@ TEST(utf16_block_loops, both_loops_match_the_oracle_to_utf8) {
   const uint64_t cases = xfmt::test::scaled(3000);
   for (uint64_t c = 0; c < cases; ++c) {
     std::vector<uint16_t> u;
-    const size_t target = 8 + g() % 300;
+    const size_t target = g() % 300;
     while (u.size() < target) {
       const uint32_t run = 1 + static_cast<uint32_t>(g() % 12);
       const uint32_t kind = static_cast<uint32_t>(g() % 4);

@@ -1,0 +1,164 @@
+// The character and text conversions of tests/data/text/conversions.txt:
+// each call gets an exact-size copy of its input and an output buffer of
+// the row's capacity followed by guard bytes, which must stay untouched.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "support/rows.hpp"
+#include "xfmt/xfmt.h"
+
+namespace {
+
+using xfmt::test::unescaped;
+
+struct outcome {
+  int64_t result = 0, count = 0;
+  std::string out;  // the bytes written, or a decoded code point as 8 hex digits
+};
+
+struct call {
+  std::vector<uint8_t> in;  // exactly the input
+  uint32_t cp = 0;          // the input of the code point routines
+  std::vector<uint8_t> out; // capacity, then guard bytes
+  uint32_t cap = 0;
+  std::vector<uint32_t> params;
+};
+
+std::string hex8(uint32_t v) {
+  char s[9];
+  for (int i = 7; i >= 0; --i, v >>= 4) s[i] = "0123456789ABCDEF"[v & 15];
+  s[8] = 0;
+  return s;
+}
+
+outcome run(const std::string &routine, call &c) {
+  outcome o;
+  uint32_t n = 0, used = 0, cp = 0;
+  const uint8_t *in = c.in.data();  // exactly the input (null or not when empty)
+  const auto len = static_cast<uint32_t>(c.in.size());
+  uint8_t *out = c.out.data();
+  const auto written = [&](uint32_t k) { o.out.assign(reinterpret_cast<const char *>(out), k); };
+  const auto decoded = [&](uint32_t r) {
+    o.result = r;
+    o.count = used;
+    o.out = hex8(cp);
+  };
+  // Code point in, bytes out.
+  using storer = uint32_t (*)(uint32_t, uint8_t *, uint32_t, uint32_t *);
+  const std::pair<const char *, storer> storers[] = {{"COPY_UTF32", COPY_UTF32},   {"COPY_UTF32_SWAP", COPY_UTF32_SWAP},
+                                                      {"UTF32_UTF8", UTF32_UTF8},   {"UTF32_UTF16", UTF32_UTF16},
+                                                      {"UTF32_UTF16_SWAP", UTF32_UTF16_SWAP}};
+  for (const auto &[name, f] : storers) {
+    if (routine != name) continue;
+    o.result = f(c.cp, out, c.cap, &n);
+    o.count = n;
+    written(n);
+    return o;
+  }
+  if (routine == "UTF8_UTF32") decoded(UTF8_UTF32(in, len, &cp, &used));
+  else if (routine == "UTF16_UTF32") decoded(UTF16_UTF32(in, len, &cp, &used));
+  else if (routine == "UTF16_UTF32_SWAP") decoded(UTF16_UTF32_SWAP(in, len, &cp, &used));
+  else if (routine == "isLegalUTF8") {
+    int32_t bad = -1;
+    o.result = isLegalUTF8(in, static_cast<int32_t>(len), &bad);
+    o.count = bad;
+  } else if (routine == "NLSNUMCHAR") {
+    o.count = NLSNUMCHAR(c.params.at(0), len ? in : nullptr, static_cast<int32_t>(c.params.size() > 1 ? c.params[1] : len));
+  } else if (routine == "encode_base64" || routine == "decode_base64") {
+    const auto cap = static_cast<int32_t>(c.cap);
+    if (!len) in = reinterpret_cast<const uint8_t *>("");  // null is refused; empty text is not
+    o.result = routine == "decode_base64"
+                   ? decode_base64(reinterpret_cast<const char *>(in), static_cast<int32_t>(len), out, cap, &n)
+                   : encode_base64(in, static_cast<int32_t>(len), reinterpret_cast<char *>(out), cap, &n,
+                                   c.params.empty() ? 0 : 1);
+    o.count = n;
+    written(o.result < 0 && routine == "encode_base64" ? 0 : n);
+  } else if (routine == "UTF8ToUNICODE" || routine == "UNICODEToUTF8" || routine == "LATIN1ToUNICODE") {
+    // UTF-16 units in host order; the file writes them big-endian.
+    const auto swap_units = [](uint8_t *p, uint32_t bytes) {
+      for (uint32_t k = 0; k + 1 < bytes; k += 2) {
+        uint16_t u = 0;
+        std::memcpy(&u, p + k, 2);
+          p[k] = static_cast<uint8_t>(u >> 8);
+        p[k + 1] = static_cast<uint8_t>(u);
+      }
+    };
+    if (routine == "UNICODEToUTF8") {
+      swap_units(c.in.data(), len & ~1u);  // big-endian bytes to host units, in place
+      std::vector<uint16_t> units((len + 1) / 2);
+      if (len) std::memcpy(units.data(), c.in.data(), len & ~1u);
+      o.result = UNICODEToUTF8(units.data(), len, out, c.cap, &n, &used);
+      o.count = n;
+      written(used);
+      return o;
+    }
+    std::vector<uint16_t> units(c.cap / 2);
+    o.result = routine == "UTF8ToUNICODE" ? UTF8ToUNICODE(in, len, units.data(), c.cap, &n, &used)
+                                          : LATIN1ToUNICODE(in, len, units.data(), c.cap / 2, &n);
+    o.count = n;
+    std::vector<uint8_t> be(2 * n);
+    if (n) std::memcpy(be.data(), units.data(), 2 * n);
+    swap_units(be.data(), 2 * n);
+    o.out.assign(be.begin(), be.end());
+    if (routine == "UTF8ToUNICODE") {
+      EXPECT_EQ(used, 2 * n) << "bytes written";
+    }
+  } else {
+    if (routine == "ConvertToUTF32")
+      o.result = ConvertToUTF32(len ? in : nullptr, len, out, c.cap, &n, UTF8_UTF32, c.params.empty() ? COPY_UTF32 : COPY_UTF32_SWAP);
+    else if (routine == "ConvertFromUTF32") o.result = ConvertFromUTF32(in, len, 1, out, c.cap, &n, UTF32_UTF8);
+    else if (routine == "UTF32_UTF16s") o.result = UTF32_UTF16s(in, len, out, c.cap, &n);
+    else if (routine == "UTF32_UTF16s_SWAP") o.result = UTF32_UTF16s_SWAP(in, len, out, c.cap, &n);
+    else if (routine == "ConvertOSToUTF32") o.result = ConvertOSToUTF32(c.params.at(0), c.params.at(1), in, len, out, c.cap, &n);
+    else if (routine == "ConvertOSFromUTF32") o.result = ConvertOSFromUTF32(c.params.at(0), c.params.at(1), in, len, out, c.cap, &n);
+    else if (routine == "sanlsTranscodeUnicode")
+      o.result = sanlsTranscodeUnicode(c.params.at(0), in, len, c.params.at(1), c.cap ? out : nullptr, c.cap, &n, &used);
+    else ADD_FAILURE() << "no routine " << routine;
+    o.count = routine == "sanlsTranscodeUnicode" ? used : n;
+    written(n);
+  }
+  return o;
+}
+
+int64_t result_of(const std::string &s) {
+  if (s == "OK") return 0;
+  if (s == "SMALL") return XF_TX_OUTPUT_SMALL;
+  if (s == "BAD") return XF_TX_BAD_LEAD;
+  if (s == "CUT") return XF_TX_CUT_OFF;
+  return std::stoll(s);
+}
+
+TEST(text_conversions, calls_of_the_file) {
+  constexpr size_t guard = 16;
+  for (const auto &r : xfmt::test::tab_rows("text/conversions.txt")) {
+    ASSERT_GE(r.size(), 7u) << r[0];
+    std::vector<std::string> words;
+    for (size_t at = 0, next; at <= r[1].size(); at = next + 1) {
+      next = r[1].find(' ', at);
+      if (next == std::string::npos) next = r[1].size();
+      words.push_back(r[1].substr(at, next - at));
+    }
+    call c;
+    for (size_t k = 1; k < words.size(); ++k) c.params.push_back(static_cast<uint32_t>(std::stoul(words[k])));
+    const std::string in = unescaped(r[2]);
+    c.in.assign(in.begin(), in.end());
+    if (r[2].rfind("U+", 0) == 0) c.cp = static_cast<uint32_t>(std::stoul(r[2].substr(2), nullptr, 16));
+    c.cap = r[3] == "-" ? 0 : static_cast<uint32_t>(std::stoul(r[3]));
+    c.out.assign(c.cap + guard, 0xEE);
+    const outcome o = run(words[0], c);
+    EXPECT_EQ(o.result, result_of(r[4])) << r[0];
+    if (r[5] != "*") {
+      EXPECT_EQ(o.count, std::stoll(r[5])) << r[0];
+    }
+    if (r[6] != "*") {
+      EXPECT_EQ(o.out, unescaped(r[6])) << r[0];
+    }
+    EXPECT_EQ(std::vector<uint8_t>(c.out.begin() + c.cap, c.out.end()), std::vector<uint8_t>(guard, 0xEE))
+        << r[0] << ": written past the capacity";
+  }
+}
+
+}  // namespace
