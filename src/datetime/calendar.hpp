@@ -258,6 +258,15 @@ inline time_parts split_time(double v) {
                      std::fmod(back, 60.0)};
 }
 
+// Seconds of a time given in parts: hours may pass 23, the second keeps its
+// fraction.
+constexpr double time_value(double hour, double minute, double second) {
+  return second + (hour * 60.0 + minute) * 60.0;
+}
+
+// The datetime value of an in-range date value at `seconds` into the day.
+constexpr double datetime_value(double date, double seconds) { return seconds + date * seconds_per_day; }
+
 // The day number of an in-range datetime value, floor(dt / 86400): floor(dt)
 // is a whole number of seconds that fits an int64, and the integer floor
 // division by 86400 is a multiply.
