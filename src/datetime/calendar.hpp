@@ -82,6 +82,9 @@ constexpr int64_t days_from_ymd(int64_t y, int32_t m, int32_t d) {
   return era * 146097 + doe - shift_1960 - floor_div(y_march, 4000);
 }
 
+// Date value of day ddd (1-based) of year y.
+constexpr int64_t days_from_year_day(int64_t y, int64_t ddd) { return days_from_ymd(y, 1, 1) - 1 + ddd; }
+
 // Calendar day of a date value: the inverse of days_from_ymd. First the
 // dropped 29 Februaries before n are put back (one per 4000-year cycle
 // whose March has begun), then the plain era split applies.

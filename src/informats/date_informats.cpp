@@ -73,7 +73,7 @@ XF_ROUTINE(zifmjul, f) {
     const int64_t ddd = c.fixed(3);
     if (run == 5) year = datetime::expand_year(year);
     if (year < 1582 || ddd < 1 || ddd > datetime::days_in_year(year)) return false;
-    v = static_cast<double>(datetime::days_from_ymd(year, 1, 1) - 1 + ddd);
+    v = static_cast<double>(datetime::days_from_year_day(year, ddd));
     return true;
   });
 }
