@@ -6,6 +6,7 @@
 
 #include "catalog/chain.hpp"
 #include "catalog/handle_kind.hpp"
+#include "catalog/handle_release.hpp"
 #include "catalog/intrinsics.hpp"
 
 namespace xfmt::catalog {
@@ -72,13 +73,6 @@ xf_status xfdel(void *handle) {
   return XF_OK;
 }
 
-xf_status xfrelease(void *handle) {
-  if (handle == nullptr || is_intrinsic_row(handle)) return XF_OK;
-  if (kind_of_handle(handle) == handle_kind::user_character) {
-    free_user_handle(static_cast<xf_user_handle *>(handle));
-    return XF_OK;
-  }
-  return xfdel(handle);
-}
+xf_status xfrelease(void *handle) { return release_handle(handle); }
 
 }  // extern "C"

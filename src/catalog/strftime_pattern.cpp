@@ -44,14 +44,9 @@ constexpr const char *month_names[] = {"January", "February", "March",     "Apri
 constexpr const char *day_names[] = {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
 
 int64_t days_of(const moment &m) { return datetime::days_from_ymd(m.year, m.month, m.day); }
-// 0 = Sunday; 1960-01-01 was a Friday.
-int weekday_of(const moment &m) {
-  int64_t d = days_of(m) + 5;
-  return static_cast<int>(d - datetime::floor_div(d, 7) * 7);
-}
-int day_of_year(const moment &m) {
-  return static_cast<int>(days_of(m) - datetime::days_from_ymd(m.year, 1, 1)) + 1;
-}
+// 0 = Sunday.
+int weekday_of(const moment &m) { return datetime::weekday(days_of(m)); }
+int day_of_year(const moment &m) { return datetime::day_of_year(m.year, m.month, m.day); }
 
 char lower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
 

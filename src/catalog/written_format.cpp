@@ -9,6 +9,7 @@
 
 #include "catalog/chain.hpp"
 #include "catalog/handle_kind.hpp"
+#include "catalog/handle_release.hpp"
 #include "catalog/intrinsics.hpp"
 #include "catalog/name_families.hpp"
 
@@ -110,8 +111,7 @@ bool read_user_format(const pieces &p, void *context, xfx_spec &spec) {
   if (xfname2(name, n, p.informat ? 73 : 0, block, &handle, context) != XF_OK || handle == nullptr) return false;
   auto *h = static_cast<xf_user_handle *>(handle);
   bool built = is_user_handle(h) && h->routine != nullptr;
-  if (kind_of_handle(h) == handle_kind::user_character) free_user_handle(h);
-  else xfdel(handle);
+  release_handle(handle);
   set_name(spec, name, static_cast<uint32_t>(n));
   spec.flags = XFX_USER | (built ? XFX_BUILT : 0u) | (p.informat ? XFX_INFORMAT : 0u) |
                (name[0] == '$' ? XFX_CHARACTER : 0u);

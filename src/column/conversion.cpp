@@ -9,6 +9,7 @@
 
 #include "catalog/chain.hpp"
 #include "catalog/handle_kind.hpp"
+#include "catalog/handle_release.hpp"
 #include "core/missing.hpp"
 #include "catalog/written_format.hpp"
 #include "column/utf8_text.hpp"
@@ -26,13 +27,6 @@ bool writes_ascii_only(const xfx_spec &s, route r) {
   return s.family != XFX_FAMILY_CURRENCY;
 }
 
-void release_user_handle(void *handle) {
-  if (handle == nullptr) return;
-  auto *h = static_cast<xf_user_handle *>(handle);
-  if (catalog::kind_of_handle(h) == catalog::handle_kind::user_character) catalog::free_user_handle(h);
-  else xfdel(handle);
-}
-
 xfx_error open_user(const xfx_spec &spec, void *context, xfx_conversion &c) {
   void *handle = nullptr;
   int32_t kind = (spec.flags & XFX_INFORMAT) ? 73 : 0;
@@ -41,7 +35,7 @@ xfx_error open_user(const xfx_spec &spec, void *context, xfx_conversion &c) {
     return XFX_E_UNKNOWN_NAME;
   auto *h = static_cast<xf_user_handle *>(handle);
   if (!catalog::is_user_handle(h) || h->routine == nullptr) {
-    release_user_handle(handle);
+    catalog::release_handle(handle);
     return XFX_E_NOT_BUILT;
   }
   c.user_handle = handle;
@@ -132,7 +126,7 @@ xfx_error open_conversion(const xfx_spec &spec, void *context, uint32_t locale_i
 
 void close_conversion(xfx_conversion *c) {
   if (c == nullptr) return;
-  release_user_handle(c->user_handle);
+  catalog::release_handle(c->user_handle);
   delete c;
 }
 

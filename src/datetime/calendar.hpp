@@ -82,6 +82,9 @@ constexpr int64_t days_from_ymd(int64_t y, int32_t m, int32_t d) {
   return era * 146097 + doe - shift_1960 - floor_div(y_march, 4000);
 }
 
+// Date value of day ddd (1-based) of year y.
+constexpr int64_t days_from_year_day(int64_t y, int64_t ddd) { return days_from_ymd(y, 1, 1) - 1 + ddd; }
+
 // Calendar day of a date value: the inverse of days_from_ymd. First the
 // dropped 29 Februaries before n are put back (one per 4000-year cycle
 // whose March has begun), then the plain era split applies.
@@ -257,6 +260,15 @@ inline time_parts split_time(double v) {
                      std::trunc(std::trunc(std::fmod(back, 3600.0)) / 60.0),
                      std::fmod(back, 60.0)};
 }
+
+// Seconds of a time given in parts: hours may pass 23, the second keeps its
+// fraction.
+constexpr double time_value(double hour, double minute, double second) {
+  return second + (hour * 60.0 + minute) * 60.0;
+}
+
+// The datetime value of an in-range date value at `seconds` into the day.
+constexpr double datetime_value(double date, double seconds) { return seconds + date * seconds_per_day; }
 
 // The day number of an in-range datetime value, floor(dt / 86400): floor(dt)
 // is a whole number of seconds that fits an int64, and the integer floor

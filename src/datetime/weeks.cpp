@@ -100,14 +100,14 @@ XF_API void zkfweek(char *out, int32_t *width, const char *rule, int32_t ignored
   const int32_t layout = w <= 2 ? 2 : w <= 4 ? 3 : w <= 6 ? 5 : w <= 8 ? 7 : w <= 10 ? 9 : 11;
   if (w > 0) std::memset(out, ' ', static_cast<size_t>(w));
   *width = layout;
-  double year = 0, week = 0, weekday = 0;
-  get_yywwdd(rule, ignored, &year, &week, &weekday, date);
-  if (week < 0 || weekday < 0) {
+  (void)ignored;
+  const char letter = rule != nullptr ? *rule : '\0';
+  if (unusable(date) || !date_in_range(date) || (letter != 'U' && letter != 'V' && letter != 'W')) {
     std::memset(out, '*', static_cast<size_t>(layout));
     return;
   }
-  const int64_t y = static_cast<int64_t>(year), ww = static_cast<int64_t>(week);
-  const int64_t wd = static_cast<int64_t>(weekday);
+  const week_date week = week_of(day_floor(date), static_cast<week_rule>(letter));
+  const int64_t y = week.year, ww = week.week, wd = week.weekday;
   char *p = out;
   if (layout == 2) {
     i2s(ww, p, 2, '0');

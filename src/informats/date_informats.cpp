@@ -31,7 +31,7 @@ bool date_then_time(date_cursor &c, double date, Separator separator, double &v)
   if (datetime::unusable(date)) return false;
   time_parts t{0, 0, 0};
   if (!c.at_end() && (!separator(c) || !read_time_of_day(c, 23, t))) return false;
-  v = zdhms(date, t.hour, t.minute, t.second);
+  v = datetime::datetime_value(date, datetime::time_value(t.hour, t.minute, t.second));
   return true;
 }
 
@@ -73,7 +73,7 @@ XF_ROUTINE(zifmjul, f) {
     const int64_t ddd = c.fixed(3);
     if (run == 5) year = datetime::expand_year(year);
     if (year < 1582 || ddd < 1 || ddd > datetime::days_in_year(year)) return false;
-    v = zdatjul(static_cast<double>(year * 1000 + ddd));
+    v = static_cast<double>(datetime::days_from_year_day(year, ddd));
     return true;
   });
 }
@@ -148,7 +148,7 @@ XF_ROUTINE(zifmtime, f) {
   return read_field(f, [](date_cursor &c, double &v) {
     time_parts t{};
     if (!read_time_of_day(c, 999999, t)) return false;
-    v = zhms(t.hour, t.minute, t.second);
+    v = datetime::time_value(t.hour, t.minute, t.second);
     return true;
   });
 }

@@ -179,10 +179,12 @@ bool read_time_of_day(date_cursor &c, int64_t max_hour, time_parts &out) {
 
 double date_value(const date_parts &d) {
   if (d.month < 1 || d.month > 12 || d.day < 1 || d.day > 31) return datetime::missing();
-  const double v = zmdy(static_cast<double>(d.month), static_cast<double>(d.day),
-                        static_cast<double>(d.year));
-  if (datetime::unusable(v) || !datetime::date_in_range(v)) return datetime::missing();
-  return v;
+  // Years 0..99 take the fixed pivot; 100..1581 and past 20000 are off the calendar.
+  if (d.year < 0 || (d.year > 99 && d.year < 1582) || d.year > 20000) return datetime::missing();
+  const int64_t y = datetime::expand_year(d.year);
+  const auto m = static_cast<int32_t>(d.month), day = static_cast<int32_t>(d.day);
+  if (day > datetime::days_in_month(y, m)) return datetime::missing();
+  return static_cast<double>(datetime::days_from_ymd(y, m, day));
 }
 
 }  // namespace xfmt::informats

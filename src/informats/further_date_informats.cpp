@@ -122,7 +122,8 @@ XF_ROUTINE(zifmymdt, f) {
         }
         const double day = date_value(d);
         if (datetime::unusable(day)) return false;
-        v = zdhms(day, static_cast<double>(hour), static_cast<double>(minute), second);
+        v = datetime::datetime_value(
+            day, datetime::time_value(static_cast<double>(hour), static_cast<double>(minute), second));
         return true;
       },
       39);

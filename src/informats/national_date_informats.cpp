@@ -287,7 +287,8 @@ bool read_national(int id, shape s, date_cursor &c, double &v) {
   double second = 0;
   if (c.take(':') && !read_seconds(c, second)) return false;
   if (hour > 23 || minute > 59) return false;
-  v = zdhms(day, static_cast<double>(hour), static_cast<double>(minute), second);
+  v = datetime::datetime_value(
+      day, datetime::time_value(static_cast<double>(hour), static_cast<double>(minute), second));
   return true;
 }
 

@@ -36,7 +36,7 @@ xf_status packed_julian(xf_frame *f, int64_t year_base) {
   const int64_t year = year_base + digits / 1000, ddd = digits % 1000;
   if (!plus || year < 1582 || ddd < 1 || ddd > datetime::days_in_year(year))
     return store_double(f, missing_ordinary(), XF_IN_INVALID);
-  return store_double(f, static_cast<double>(datetime::days_from_ymd(year, 1, 1) + ddd - 1), XF_OK);
+  return store_double(f, static_cast<double>(datetime::days_from_year_day(year, ddd)), XF_OK);
 }
 
 }  // namespace

@@ -47,7 +47,7 @@ int64_t packed_date(const unsigned char *p) {
   if (cc < 0 || cc > 2 || yy < 0 || ddd < 1 || !sign_nibble(p, 7)) return no_date;
   int64_t year = 1900 + 100 * cc + yy;
   if (ddd > datetime::days_in_year(year)) return no_date;
-  return datetime::days_from_ymd(year, 1, 1) + ddd - 1;
+  return datetime::days_from_year_day(year, ddd);
 }
 
 bool ready(xf_frame *f, int min_w, int max_w, xf_status &status) {
@@ -57,7 +57,7 @@ bool ready(xf_frame *f, int min_w, int max_w, xf_status &status) {
 
 xf_status stamp(xf_frame *f, int64_t date, double seconds) {
   if (date == no_date || seconds < 0) return refuse_invalid(f);
-  return store_double(f, static_cast<double>(date) * 86400.0 + seconds, XF_OK);
+  return store_double(f, datetime::datetime_value(static_cast<double>(date), seconds), XF_OK);
 }
 
 // The clock's microseconds: bit 51 (from the top) ticks once a
@@ -74,8 +74,8 @@ double micro_to_seconds(uint64_t us, int64_t shift) {
   return static_cast<double>(static_cast<int64_t>(us / 1000000) - shift) + static_cast<double>(us % 1000000) / 1e6;
 }
 
-// 1900-01-01 to 1960-01-01: 60 years of which 14 leap (1900 is not).
-constexpr int64_t seconds_1900_to_1960 = 21914LL * 86400;
+// 1900-01-01 to 1960-01-01.
+constexpr int64_t seconds_1900_to_1960 = -datetime::days_from_ymd(1900, 1, 1) * 86400;
 
 }  // namespace
 }  // namespace xfmt::informats
