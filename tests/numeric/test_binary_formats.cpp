@@ -30,26 +30,6 @@ int max_width(char kind) {
   return kind == 'Z' || kind == 'z' ? 32 : kind == 'D' || kind == 'K' ? 16 : 8;
 }
 
-TEST(binary_formats, bad_width_and_small_capacity_write_nothing) {
-  for (const routine_entry &e : integer_routines) {
-    for (int w : {0, -1, max_width(e.second) + 1}) {
-      frame_box b = frame_box::number(1, w, 0, 40);
-      EXPECT_EQ(e.first(&b.f), XF_E_OVERFLOW) << e.second << " w " << w;
-      EXPECT_EQ(b.f.output_length, 0u);
-      EXPECT_EQ(b.buffer(), std::string(40, '\xEE'));
-    }
-    frame_box b = frame_box::number(1, 4, 0, 3);
-    EXPECT_EQ(e.first(&b.f), XF_E_CAPACITY) << e.second;
-    EXPECT_EQ(b.f.output_length, 0u);
-    EXPECT_EQ(b.buffer(), std::string(3, '\xEE'));
-  }
-  for (xf_routine r : {zfmrb, zfmvaxrb}) {
-    frame_box b = frame_box::number(1, 9, 0, 9);
-    EXPECT_EQ(r(&b.f), XF_E_OVERFLOW);
-    EXPECT_EQ(b.f.output_length, 0u);
-  }
-}
-
 // The extremes of every width: the largest and the most negative value fit,
 // one past either stores the extreme with XF_E_OVERFLOW.
 TEST(binary_formats, extremes_of_every_width) {

@@ -38,17 +38,4 @@ TEST(Numx, AgainstPlainNumbers) {
   }
 }
 
-TEST(Special, CapacityAndWidth) {
-  for (xf_routine r : {zfmoddsr, zfmpval, zfmlogp, zfmnumx, zfmsizek, zfmsizekb, zfmsizekmg, zfmroman, zfmssn,
-                       zfmwords, zfmwordf, zfmfract}) {
-    frame_box z = frame_box::number(1.5, 0, 0);
-    EXPECT_EQ(r(&z.f), XF_E_OVERFLOW);
-    EXPECT_EQ(z.f.output_length, 0u);
-    frame_box c = frame_box::number(0.5, 11, 2, 4);
-    xf_status st = r(&c.f);
-    EXPECT_LE(c.f.output_length, 4u);
-    EXPECT_TRUE(st == XF_E_CAPACITY || st == XF_E_OVERFLOW) << st;
-  }
-}
-
 }  // namespace

@@ -331,6 +331,10 @@ xf_routine routine_named(std::string_view name) {
       if (n == name && e.routine) return e.routine;
     }
   }
+  // The intrinsic pseudo-formats live in static rows of their own.
+  for (const fmtposs_row *r : {&crashfmt, &ver_num[0], &ver_num[1]})
+    if (r->row.name_length <= sizeof r->row.name && std::string_view(r->row.name, r->row.name_length) == name)
+      return r->row.routine;
   return nullptr;
 }
 
