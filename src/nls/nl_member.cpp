@@ -21,8 +21,6 @@ namespace {
 
 constexpr size_t text_room = 1024;
 constexpr int code_short_form = 190;
-constexpr int field_date_order = 6;
-constexpr int field_date_separator = 153;
 
 bool wants_utf16(const xf_frame *f) { return f->requested_output_encoding == XF_ENC_UTF16LE; }
 
@@ -242,7 +240,7 @@ placed format_text(xf_frame *f, const moment &m, const field_reader &loc, int id
 // order, empty when the locale cannot be read (no short form then).
 std::string_view date_order(const field_reader &loc) {
   std::string_view o;
-  if (!loc.get(field_date_order, &o)) return {};
+  if (!loc.get(lf::date_order, &o)) return {};
   if (o.size() != 3) return "YMD";
   if (o.find('D') == o.npos || o.find('M') == o.npos || o.find('Y') == o.npos) return "YMD";
   return o;
@@ -250,7 +248,7 @@ std::string_view date_order(const field_reader &loc) {
 
 std::string_view date_separator(const field_reader &loc) {
   std::string_view s;
-  if (!loc.get(field_date_separator, &s) || s.empty() || s.find('%') != s.npos || s.size() > 8)
+  if (!loc.get(lf::date_separator, &s) || s.empty() || s.find('%') != s.npos || s.size() > 8)
     return "-";
   return s;
 }
