@@ -128,7 +128,7 @@ inline int64_t value_of(const moment &m) {
   if constexpr (P == part::month_index) return m.month - 1;
   if constexpr (P == part::quarter_index) return (m.month - 1) / 3;
   if constexpr (P == part::yday) return yday_of(m);
-  if constexpr (P == part::sunday_week) return (yday_of(m) - 1 + 7 - wday_of(m)) / 7;
+  if constexpr (P == part::sunday_week) return datetime::sunday_week(yday_of(m), wday_of(m));
   if constexpr (P == part::iso_year) return week_fields(m).iso_year;
   if constexpr (P == part::iso_year_of_century) return week_fields(m).iso_year % 100;
   if constexpr (P == part::iso_week) return week_fields(m).iso_week;

@@ -136,12 +136,12 @@ bool date_parts(double date, nls::moment &m) {
 }
 
 bool time_parts(double t, nls::moment &m) {
-  const double h = zhour(t), mi = zminute(t), s = zsecond(t);
-  if (is_missing(h) || is_missing(mi) || is_missing(s)) return false;
+  if (datetime::unusable(t) || !datetime::datetime_in_range(t)) return false;
+  const datetime::time_parts p = datetime::split_time(t);
   m.has_hour = m.has_minute = m.has_second = true;
-  m.hour = static_cast<int>(h);
-  m.minute = static_cast<int>(mi);
-  m.second = static_cast<int>(s);  // whole seconds, as shown
+  m.hour = static_cast<int>(p.hour);
+  m.minute = static_cast<int>(p.minute);
+  m.second = static_cast<int>(p.second);  // whole seconds, as shown
   return true;
 }
 
