@@ -45,119 +45,31 @@ extern "C" const xf_nl_pattern nldatewn_pat[3] = {{"%#A", lf::weekday_full_2_sun
 
 using namespace xfmt::nls;
 
-XF_ROUTINE(nldate, f) {
-  static constexpr member_spec spec{
-      10, 0, value_kind::date,
-      lf::date_default, lf::date_short, short_form::date};
-  return run_two_pattern(f, spec);
-}
-
-XF_ROUTINE(nldatemd, f) {
-  static constexpr member_spec spec{
-      6, 0, value_kind::date,
-      lf::month_day_long, lf::month_day_short, short_form::none};
-  return run_two_pattern(f, spec);
-}
-
-XF_ROUTINE(nldateym, f) {
-  static constexpr member_spec spec{
-      6, 0, value_kind::date,
-      lf::year_month_long, lf::year_month_short, short_form::none};
-  return run_two_pattern(f, spec);
-}
-
-XF_ROUTINE(nldateyr, f) {
-  static constexpr member_spec spec{
-      2, 0, value_kind::date,
-      lf::year_long, lf::year_short, short_form::none};
-  return run_two_pattern(f, spec);
-}
-
-XF_ROUTINE(nldateyq, f) {
-  static constexpr member_spec spec{
-      4, 0, value_kind::date,
-      lf::year_quarter_long, lf::year_quarter_short, short_form::none};
-  return run_two_pattern(f, spec);
-}
-
-XF_ROUTINE(nldateyw, f) {
-  static constexpr member_spec spec{
-      5, 0, value_kind::date,
-      lf::year_week_long, lf::year_week_short, short_form::none};
-  return run_two_pattern(f, spec);
-}
-
-XF_ROUTINE(nldatel, f) {
-  static constexpr member_spec spec{2, 0, value_kind::date, 0, 0, short_form::date};
-  return run_one_pattern(f, spec, nldatel_pat);
-}
-
-XF_ROUTINE(nldatem, f) {
-  static constexpr member_spec spec{2, 0, value_kind::date, 0, 0, short_form::date};
-  return run_one_pattern(f, spec, nldatem_pat);
-}
-
-XF_ROUTINE(nldateyml, f) {
-  static constexpr member_spec spec{5, 0, value_kind::date, 0, 0, short_form::year_month};
-  return run_one_pattern(f, spec, nldateyml_pat);
-}
-
-XF_ROUTINE(nldateymm, f) {
-  static constexpr member_spec spec{5, 0, value_kind::date, 0, 0, short_form::year_month};
-  return run_one_pattern(f, spec, nldateymm_pat);
-}
-
-XF_ROUTINE(nldateyql, f) {
-  static constexpr member_spec spec{4, 0, value_kind::date, 0, 0, short_form::year_quarter};
-  return run_one_pattern(f, spec, nldateyql_pat);
-}
-
-XF_ROUTINE(nldateyqm, f) {
-  static constexpr member_spec spec{4, 0, value_kind::date, 0, 0, short_form::year_quarter};
-  return run_one_pattern(f, spec, nldateyqm_pat);
-}
-
-XF_ROUTINE(nldatemdl, f) {
-  static constexpr member_spec spec{5, 0, value_kind::date, 0, 0, short_form::month_day};
-  return run_one_pattern(f, spec, nldatemdl_pat);
-}
-
-XF_ROUTINE(nldatemdm, f) {
-  static constexpr member_spec spec{5, 0, value_kind::date, 0, 0, short_form::month_day};
-  return run_one_pattern(f, spec, nldatemdm_pat);
-}
-
-XF_ROUTINE(nldatew, f) {
-  static constexpr member_spec spec{10, 0, value_kind::date, 0, 0, short_form::none};
-  return run_one_pattern(f, spec, nldatew_pat);
-}
-
-XF_ROUTINE(nldatemn, f) {
-  static constexpr member_spec spec{4, 0, value_kind::date, 0, 0, short_form::none};
-  return run_one_pattern(f, spec, nldatemn_pat);
-}
-
-XF_ROUTINE(nldatewn, f) {
-  static constexpr member_spec spec{4, 0, value_kind::date, 0, 0, short_form::none};
-  return run_one_pattern(f, spec, nldatewn_pat);
-}
-
-XF_ROUTINE(nldates, f) {
-  static constexpr member_spec spec{2, 0, value_kind::date, 0, 0, short_form::date};
-  return run_short(f, spec);
-}
-
-XF_ROUTINE(nldateyms, f) {
-  static constexpr member_spec spec{5, 0, value_kind::date, 0, 0, short_form::year_month};
-  return run_short(f, spec);
-}
-
-XF_ROUTINE(nldatemds, f) {
-  static constexpr member_spec spec{5, 0, value_kind::date, 0, 0, short_form::month_day};
-  return run_short(f, spec);
-}
-
-XF_ROUTINE(nldateyqs, f) {
-  static constexpr member_spec spec{4, 0, value_kind::date, 0, 0, short_form::year_quarter};
-  return run_short(f, spec);
-}
+// One row per member: its name, its runner (or pattern table) and its spec.
+XF_NL_MEMBER(nldate, run_two_pattern, 10, 0, value_kind::date, lf::date_default, lf::date_short,
+             short_form::date)
+XF_NL_MEMBER(nldatemd, run_two_pattern, 6, 0, value_kind::date, lf::month_day_long,
+             lf::month_day_short, short_form::none)
+XF_NL_MEMBER(nldateym, run_two_pattern, 6, 0, value_kind::date, lf::year_month_long,
+             lf::year_month_short, short_form::none)
+XF_NL_MEMBER(nldateyr, run_two_pattern, 2, 0, value_kind::date, lf::year_long, lf::year_short,
+             short_form::none)
+XF_NL_MEMBER(nldateyq, run_two_pattern, 4, 0, value_kind::date, lf::year_quarter_long,
+             lf::year_quarter_short, short_form::none)
+XF_NL_MEMBER(nldateyw, run_two_pattern, 5, 0, value_kind::date, lf::year_week_long,
+             lf::year_week_short, short_form::none)
+XF_NL_MEMBER_TABLE(nldatel, nldatel_pat, 2, 0, value_kind::date, 0, 0, short_form::date)
+XF_NL_MEMBER_TABLE(nldatem, nldatem_pat, 2, 0, value_kind::date, 0, 0, short_form::date)
+XF_NL_MEMBER_TABLE(nldateyml, nldateyml_pat, 5, 0, value_kind::date, 0, 0, short_form::year_month)
+XF_NL_MEMBER_TABLE(nldateymm, nldateymm_pat, 5, 0, value_kind::date, 0, 0, short_form::year_month)
+XF_NL_MEMBER_TABLE(nldateyql, nldateyql_pat, 4, 0, value_kind::date, 0, 0, short_form::year_quarter)
+XF_NL_MEMBER_TABLE(nldateyqm, nldateyqm_pat, 4, 0, value_kind::date, 0, 0, short_form::year_quarter)
+XF_NL_MEMBER_TABLE(nldatemdl, nldatemdl_pat, 5, 0, value_kind::date, 0, 0, short_form::month_day)
+XF_NL_MEMBER_TABLE(nldatemdm, nldatemdm_pat, 5, 0, value_kind::date, 0, 0, short_form::month_day)
+XF_NL_MEMBER_TABLE(nldatew, nldatew_pat, 10, 0, value_kind::date, 0, 0, short_form::none)
+XF_NL_MEMBER_TABLE(nldatemn, nldatemn_pat, 4, 0, value_kind::date, 0, 0, short_form::none)
+XF_NL_MEMBER_TABLE(nldatewn, nldatewn_pat, 4, 0, value_kind::date, 0, 0, short_form::none)
+XF_NL_MEMBER(nldates, run_short, 2, 0, value_kind::date, 0, 0, short_form::date)
+XF_NL_MEMBER(nldateyms, run_short, 5, 0, value_kind::date, 0, 0, short_form::year_month)
+XF_NL_MEMBER(nldatemds, run_short, 5, 0, value_kind::date, 0, 0, short_form::month_day)
+XF_NL_MEMBER(nldateyqs, run_short, 4, 0, value_kind::date, 0, 0, short_form::year_quarter)
