@@ -128,7 +128,7 @@ inline int64_t value_of(const moment &m) {
   if constexpr (P == part::month_index) return m.month - 1;
   if constexpr (P == part::quarter_index) return (m.month - 1) / 3;
   if constexpr (P == part::yday) return yday_of(m);
-  if constexpr (P == part::sunday_week) return (yday_of(m) - 1 + 7 - wday_of(m)) / 7;
+  if constexpr (P == part::sunday_week) return datetime::sunday_week(yday_of(m), wday_of(m));
   if constexpr (P == part::iso_year) return week_fields(m).iso_year;
   if constexpr (P == part::iso_year_of_century) return week_fields(m).iso_year % 100;
   if constexpr (P == part::iso_week) return week_fields(m).iso_week;
@@ -359,23 +359,23 @@ template <size_t K>
 
 // The name fields of the conversions: (hash, lower) picks one of four sets.
 constexpr int weekday_first(const conversion &c) {
-  return c.lower ? (c.hash ? field_weekday_abbrev_lower : field_weekday_abbrev)
-                 : (c.hash ? field_weekday_full_lower : field_weekday_full);
+  return c.lower ? (c.hash ? lf::weekday_abbr_2_sun : lf::weekday_abbr_sun)
+                 : (c.hash ? lf::weekday_full_2_sun : lf::weekday_full_sun);
 }
 constexpr int month_first(const conversion &c) {
-  return c.lower ? (c.hash ? field_month_abbrev_lower : field_month_abbrev)
-                 : (c.hash ? field_month_full_lower : field_month_full);
+  return c.lower ? (c.hash ? lf::month_abbr_2_jan : lf::month_abbr_jan)
+                 : (c.hash ? lf::month_full_2_jan : lf::month_full_jan);
 }
 constexpr int quarter_first(const conversion &c) {
-  return c.lower ? (c.hash ? field_quarter_abbrev_lower : field_quarter_abbrev)
-                 : (c.hash ? field_quarter_full_lower : field_quarter_full);
+  return c.lower ? (c.hash ? lf::quarter_abbr_2_1 : lf::quarter_abbr_1)
+                 : (c.hash ? lf::quarter_full_2_1 : lf::quarter_full_1);
 }
 
 enum class era_kind : uint8_t { none, tw, th, jp };
 
 era_kind era_of(const field_reader &loc) {
   std::string_view country;
-  if (!loc.get(field_country, &country)) return era_kind::none;
+  if (!loc.get(lf::match_country, &country)) return era_kind::none;
   if (country == "TW") return era_kind::tw;
   if (country == "TH") return era_kind::th;
   if (country == "JP") return era_kind::jp;
@@ -402,7 +402,7 @@ class plan_builder : public plan_maker {
       case 'B':
         return name(month_first(c), 12, part::month_index, false, need_date);
       case 'C':
-        return name(c.hash ? field_month_full_lower : field_month_full, 12, part::month_index,
+        return name(c.hash ? lf::month_full_2_jan : lf::month_full_jan, 12, part::month_index,
                     true, need_date);
       case 'Q':
         return name(quarter_first(c), 4, part::quarter_index, false, need_date);
@@ -432,7 +432,7 @@ class plan_builder : public plan_maker {
         return c.hash ? least(part::yday, 1, false, need_date)
                       : last(part::yday, 3, '0', need_date);
       case 'P':
-        return name(field_am, 2, part::half, false, need_hour);
+        return name(lf::am_marker, 2, part::half, false, need_hour);
       case 'S':
         return two(c, part::second, need_second) && (c.lower || fraction(decimal_point()));
       case 'T': {
@@ -466,7 +466,7 @@ class plan_builder : public plan_maker {
 
   std::string_view decimal_point() const {
     std::string_view point;
-    if (!loc_.get(field_decimal_point, &point) || point.empty()) point = ".";
+    if (!loc_.get(lf::decimal_point, &point) || point.empty()) point = ".";
     return point;
   }
 
@@ -609,7 +609,7 @@ void read_names(const field_reader &loc, locale_names *out) {
     if (loc.get(field, &t)) {
       e.chars = static_cast<uint16_t>(escaped_length(t) < no_pad ? escaped_length(t) : no_pad - 1);
     } else {
-      t = field == field_am ? "AM" : field == field_pm ? "PM" : "**";
+      t = field == lf::am_marker ? "AM" : field == lf::pm_marker ? "PM" : "**";
       e.chars = no_pad;
     }
     if (t.size() > 0xFFFF) t = t.substr(0, 0xFFFF);

@@ -15,34 +15,14 @@
 
 #include "nls/expand.hpp"
 #include "nls/locale.hpp"
+#include "nls/locale_fields.hpp"
 #include "nls/nl_result.hpp"
 
 namespace xfmt::nls {
 
-// The locale record fields the engine reads. Named here, in one place, until
-// the record's generated field names replace the numbers.
-inline constexpr int field_country = 5;
-inline constexpr int field_date_default = 28;  // "%x"
-inline constexpr int field_time_24 = 53;       // "%X"
-inline constexpr int field_month_abbrev = 59;
-inline constexpr int field_month_full = 71;
-inline constexpr int field_month_abbrev_lower = 83;
-inline constexpr int field_month_full_lower = 95;
-inline constexpr int field_weekday_abbrev = 107;
-inline constexpr int field_weekday_full = 114;
-inline constexpr int field_weekday_abbrev_lower = 121;
-inline constexpr int field_weekday_full_lower = 128;
-inline constexpr int field_quarter_abbrev = 135;
-inline constexpr int field_quarter_full = 139;
-inline constexpr int field_quarter_abbrev_lower = 143;
-inline constexpr int field_quarter_full_lower = 147;
-inline constexpr int field_am = 151;
-inline constexpr int field_pm = 152;
-inline constexpr int field_decimal_point = 172;
-
 // The names a step can pick: months, weekdays, quarters, AM and PM.
-inline constexpr int first_name_field = field_month_abbrev;
-inline constexpr int name_count = field_pm + 1 - first_name_field;
+inline constexpr int first_name_field = lf::month_abbr_jan;
+inline constexpr int name_count = lf::pm_marker + 1 - first_name_field;
 
 // What a number or name step reads from the moment.
 enum class part : uint8_t {
@@ -200,7 +180,7 @@ size_t run_plan(const pattern_plan &plan, const moment &m, int32_t decimals, cha
 
 // The locale pattern fields compiled once per locale: 28 (date) to 53
 // (time), each as it stands and with " %z" appended.
-inline constexpr int plan_first_field = 28;
+inline constexpr int plan_first_field = lf::date_default;
 inline constexpr int plan_field_count = 26;
 
 struct locale_plans {

@@ -28,7 +28,7 @@ size_t inline_patterns(const char *p, size_t n, const field_reader &loc, char *o
     const char next = p[i + 1];
     if (next == 'x' || next == 'X') {
       std::string_view t;
-      if (loc.get(next == 'x' ? field_date_default : field_time_24, &t)) put(t.data(), t.size());
+      if (loc.get(next == 'x' ? lf::date_default : lf::time_24_hour, &t)) put(t.data(), t.size());
     } else {
       put(p + i, 2);
     }

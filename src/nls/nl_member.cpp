@@ -21,8 +21,6 @@ namespace {
 
 constexpr size_t text_room = 1024;
 constexpr int code_short_form = 190;
-constexpr int field_date_order = 6;
-constexpr int field_date_separator = 153;
 
 bool wants_utf16(const xf_frame *f) { return f->requested_output_encoding == XF_ENC_UTF16LE; }
 
@@ -30,11 +28,13 @@ bool value_in_range(value_kind k, double v) {
   return k == value_kind::date ? date_value_in_range(v) : datetime_value_in_range(v);
 }
 
-// The week rules are asked for only by "%G", "%g", "%V" and "%W": then the
-// full moment of the day gives them.
+// The week rules of the calendar, run only when a pattern asks for a week
+// ("%G", "%g", "%V" and "%W").
 void weeks_of_day(const moment &m, int *iso_year, int *iso_week, int *monday_week) {
-  const moment full = date_moment_of(static_cast<double>(m.day_number));
-  full.weeks(full, iso_year, iso_week, monday_week);
+  const datetime::week_date v = datetime::week_of(m.day_number, datetime::week_rule::iso);
+  *iso_year = static_cast<int>(v.year);
+  *iso_week = v.week;
+  *monday_week = datetime::week_of(m.day_number, datetime::week_rule::monday).week;
 }
 
 // The moment of in-range day n, with the time parts given; the day of the
@@ -122,6 +122,16 @@ moment datetime_moment(double value, int32_t decimals, bool with_date) {
   m.has_minute = m.has_second = true;
   m.minute = minute;
   m.second = second;
+  return m;
+}
+
+// The day of the year and the weekday filled in, for callers that read the
+// moment's fields themselves.
+moment with_day_fields(moment m) {
+  if (m.has_date) {
+    m.yday = datetime::day_of_year(m.year, m.month, m.day);
+    m.wday = datetime::weekday(m.day_number);  // the true weekday, also before 1600
+  }
   return m;
 }
 
@@ -242,7 +252,7 @@ placed format_text(xf_frame *f, const moment &m, const field_reader &loc, int id
 // order, empty when the locale cannot be read (no short form then).
 std::string_view date_order(const field_reader &loc) {
   std::string_view o;
-  if (!loc.get(field_date_order, &o)) return {};
+  if (!loc.get(lf::date_order, &o)) return {};
   if (o.size() != 3) return "YMD";
   if (o.find('D') == o.npos || o.find('M') == o.npos || o.find('Y') == o.npos) return "YMD";
   return o;
@@ -250,7 +260,7 @@ std::string_view date_order(const field_reader &loc) {
 
 std::string_view date_separator(const field_reader &loc) {
   std::string_view s;
-  if (!loc.get(field_date_separator, &s) || s.empty() || s.find('%') != s.npos || s.size() > 8)
+  if (!loc.get(lf::date_separator, &s) || s.empty() || s.find('%') != s.npos || s.size() > 8)
     return "-";
   return s;
 }
@@ -371,6 +381,17 @@ bool prologue(xf_frame *f, const member_spec &spec, bool stars_out_of_range, xf_
 }
 
 }  // namespace
+
+moment date_moment_of(double date) {
+  if (is_missing(date) || !date_value_in_range(date)) return moment{};
+  return with_day_fields(day_moment(floor_whole(date)));
+}
+
+moment datetime_moment_of(double value, int32_t decimals, bool with_date) {
+  // Rounding may carry a value just below the end of the range onto it: the
+  // day and the hour are then unknown, the minute and second still shown.
+  return with_day_fields(datetime_moment(value, decimals, with_date));
+}
 
 xf_status validate_width_and_decimals(const xf_frame *f, int min_width, int max_decimals) {
   if (f->width < min_width) return XF_NL_WIDTH_LOW;

@@ -8,6 +8,7 @@
 #include "xfmt/xfmt.h"
 
 #include "core/field.hpp"
+#include "core/routine_guard.hpp"
 
 namespace xfmt::nls {
 
@@ -73,3 +74,19 @@ inline void place_left(xf_frame *f, uint32_t n, bool utf16) {
 }
 
 }  // namespace xfmt::nls
+
+// The exported routine NAME of a member: the runner RUN (run_two_pattern or
+// run_short) over the spec the remaining arguments fill in. The members are
+// then a table, one row each, beside their pattern tables.
+#define XF_NL_MEMBER(NAME, RUN, ...)                                   \
+  XF_ROUTINE(NAME, f) {                                               \
+    static constexpr ::xfmt::nls::member_spec spec{__VA_ARGS__};      \
+    return ::xfmt::nls::RUN(f, spec);                                 \
+  }
+
+// The same for a one-pattern member reading the first row of TABLE.
+#define XF_NL_MEMBER_TABLE(NAME, TABLE, ...)                           \
+  XF_ROUTINE(NAME, f) {                                               \
+    static constexpr ::xfmt::nls::member_spec spec{__VA_ARGS__};      \
+    return ::xfmt::nls::run_one_pattern(f, spec, TABLE);              \
+  }

@@ -5,167 +5,71 @@
 
 #include "nls/nl_member.hpp"
 #include "core/routine_guard.hpp"
+#include "nls/locale_fields.hpp"
 
-// The locale record's date pattern fields, and the name fields the name
-// tables point at (numbers until the record's generated field names
-// replace them).
-constexpr int32_t date_long = 28, date_short = 29, date_medium = 30, date_full = 31;
-constexpr int32_t weekday_date_long = 32, weekday_date_short = 33;
-constexpr int32_t year_month_long = 34, year_month_short = 35;
-constexpr int32_t month_day_long = 36, month_day_short = 37;
-constexpr int32_t year_long = 38, year_short = 39;
-constexpr int32_t year_quarter_long = 40, year_quarter_short = 41;
-constexpr int32_t year_week_long = 42, year_week_short = 43;
-constexpr int32_t month_full_lower = 95, month_abbrev_lower = 83;
-constexpr int32_t weekday_full_lower = 128, weekday_abbrev_lower = 121;
+namespace lf = xfmt::nls::lf;
+
 constexpr int32_t short_numeric = 190;  // the short numeric form, not a field
 
 // Pattern tables: only the first row is read; the others are kept as data.
-extern "C" const xf_nl_pattern nldatel_pat[3] = {{nullptr, date_full},
-                                                 {nullptr, date_medium},
+extern "C" const xf_nl_pattern nldatel_pat[3] = {{nullptr, lf::date_long},
+                                                 {nullptr, lf::date_medium},
                                                  {nullptr, short_numeric}};
-extern "C" const xf_nl_pattern nldatem_pat[2] = {{nullptr, date_medium}, {nullptr, short_numeric}};
-extern "C" const xf_nl_pattern nldateyml_pat[3] = {{nullptr, year_month_long},
-                                                   {nullptr, year_month_short},
+extern "C" const xf_nl_pattern nldatem_pat[2] = {{nullptr, lf::date_medium},
+                                                 {nullptr, short_numeric}};
+extern "C" const xf_nl_pattern nldateyml_pat[3] = {{nullptr, lf::year_month_long},
+                                                   {nullptr, lf::year_month_short},
                                                    {nullptr, short_numeric}};
-extern "C" const xf_nl_pattern nldateymm_pat[2] = {{nullptr, year_month_short},
+extern "C" const xf_nl_pattern nldateymm_pat[2] = {{nullptr, lf::year_month_short},
                                                    {nullptr, short_numeric}};
-extern "C" const xf_nl_pattern nldateyql_pat[3] = {{nullptr, year_quarter_long},
-                                                   {nullptr, year_quarter_short},
+extern "C" const xf_nl_pattern nldateyql_pat[3] = {{nullptr, lf::year_quarter_long},
+                                                   {nullptr, lf::year_quarter_short},
                                                    {nullptr, short_numeric}};
-extern "C" const xf_nl_pattern nldateyqm_pat[2] = {{nullptr, year_quarter_short},
+extern "C" const xf_nl_pattern nldateyqm_pat[2] = {{nullptr, lf::year_quarter_short},
                                                    {nullptr, short_numeric}};
-extern "C" const xf_nl_pattern nldatemdl_pat[3] = {{nullptr, month_day_long},
-                                                   {nullptr, month_day_short},
+extern "C" const xf_nl_pattern nldatemdl_pat[3] = {{nullptr, lf::month_day_long},
+                                                   {nullptr, lf::month_day_short},
                                                    {nullptr, short_numeric}};
-extern "C" const xf_nl_pattern nldatemdm_pat[2] = {{nullptr, month_day_short},
+extern "C" const xf_nl_pattern nldatemdm_pat[2] = {{nullptr, lf::month_day_short},
                                                    {nullptr, short_numeric}};
-extern "C" const xf_nl_pattern nldatew_pat[4] = {{nullptr, weekday_date_long},
-                                                 {nullptr, weekday_date_short},
-                                                 {"%#A", weekday_full_lower},
-                                                 {"%#a", weekday_abbrev_lower}};
-extern "C" const xf_nl_pattern nldatemn_pat[3] = {{"%#B", month_full_lower},
-                                                  {"%#b", month_abbrev_lower},
+extern "C" const xf_nl_pattern nldatew_pat[4] = {{nullptr, lf::date_weekday_long},
+                                                 {nullptr, lf::date_weekday_short},
+                                                 {"%#A", lf::weekday_full_2_sun},
+                                                 {"%#a", lf::weekday_abbr_2_sun}};
+extern "C" const xf_nl_pattern nldatemn_pat[3] = {{"%#B", lf::month_full_2_jan},
+                                                  {"%#b", lf::month_abbr_2_jan},
                                                   {"%o", 2}};
-extern "C" const xf_nl_pattern nldatewn_pat[3] = {{"%#A", weekday_full_lower},
-                                                  {"%#a", weekday_abbrev_lower},
+extern "C" const xf_nl_pattern nldatewn_pat[3] = {{"%#A", lf::weekday_full_2_sun},
+                                                  {"%#a", lf::weekday_abbr_2_sun},
                                                   {"uw", 42}};
 
 using namespace xfmt::nls;
 
-XF_ROUTINE(nldate, f) {
-  static constexpr member_spec spec{
-      10, 0, value_kind::date,
-      date_long, date_short, short_form::date};
-  return run_two_pattern(f, spec);
-}
-
-XF_ROUTINE(nldatemd, f) {
-  static constexpr member_spec spec{
-      6, 0, value_kind::date,
-      month_day_long, month_day_short, short_form::none};
-  return run_two_pattern(f, spec);
-}
-
-XF_ROUTINE(nldateym, f) {
-  static constexpr member_spec spec{
-      6, 0, value_kind::date,
-      year_month_long, year_month_short, short_form::none};
-  return run_two_pattern(f, spec);
-}
-
-XF_ROUTINE(nldateyr, f) {
-  static constexpr member_spec spec{
-      2, 0, value_kind::date,
-      year_long, year_short, short_form::none};
-  return run_two_pattern(f, spec);
-}
-
-XF_ROUTINE(nldateyq, f) {
-  static constexpr member_spec spec{
-      4, 0, value_kind::date,
-      year_quarter_long, year_quarter_short, short_form::none};
-  return run_two_pattern(f, spec);
-}
-
-XF_ROUTINE(nldateyw, f) {
-  static constexpr member_spec spec{
-      5, 0, value_kind::date,
-      year_week_long, year_week_short, short_form::none};
-  return run_two_pattern(f, spec);
-}
-
-XF_ROUTINE(nldatel, f) {
-  static constexpr member_spec spec{2, 0, value_kind::date, 0, 0, short_form::date};
-  return run_one_pattern(f, spec, nldatel_pat);
-}
-
-XF_ROUTINE(nldatem, f) {
-  static constexpr member_spec spec{2, 0, value_kind::date, 0, 0, short_form::date};
-  return run_one_pattern(f, spec, nldatem_pat);
-}
-
-XF_ROUTINE(nldateyml, f) {
-  static constexpr member_spec spec{5, 0, value_kind::date, 0, 0, short_form::year_month};
-  return run_one_pattern(f, spec, nldateyml_pat);
-}
-
-XF_ROUTINE(nldateymm, f) {
-  static constexpr member_spec spec{5, 0, value_kind::date, 0, 0, short_form::year_month};
-  return run_one_pattern(f, spec, nldateymm_pat);
-}
-
-XF_ROUTINE(nldateyql, f) {
-  static constexpr member_spec spec{4, 0, value_kind::date, 0, 0, short_form::year_quarter};
-  return run_one_pattern(f, spec, nldateyql_pat);
-}
-
-XF_ROUTINE(nldateyqm, f) {
-  static constexpr member_spec spec{4, 0, value_kind::date, 0, 0, short_form::year_quarter};
-  return run_one_pattern(f, spec, nldateyqm_pat);
-}
-
-XF_ROUTINE(nldatemdl, f) {
-  static constexpr member_spec spec{5, 0, value_kind::date, 0, 0, short_form::month_day};
-  return run_one_pattern(f, spec, nldatemdl_pat);
-}
-
-XF_ROUTINE(nldatemdm, f) {
-  static constexpr member_spec spec{5, 0, value_kind::date, 0, 0, short_form::month_day};
-  return run_one_pattern(f, spec, nldatemdm_pat);
-}
-
-XF_ROUTINE(nldatew, f) {
-  static constexpr member_spec spec{10, 0, value_kind::date, 0, 0, short_form::none};
-  return run_one_pattern(f, spec, nldatew_pat);
-}
-
-XF_ROUTINE(nldatemn, f) {
-  static constexpr member_spec spec{4, 0, value_kind::date, 0, 0, short_form::none};
-  return run_one_pattern(f, spec, nldatemn_pat);
-}
-
-XF_ROUTINE(nldatewn, f) {
-  static constexpr member_spec spec{4, 0, value_kind::date, 0, 0, short_form::none};
-  return run_one_pattern(f, spec, nldatewn_pat);
-}
-
-XF_ROUTINE(nldates, f) {
-  static constexpr member_spec spec{2, 0, value_kind::date, 0, 0, short_form::date};
-  return run_short(f, spec);
-}
-
-XF_ROUTINE(nldateyms, f) {
-  static constexpr member_spec spec{5, 0, value_kind::date, 0, 0, short_form::year_month};
-  return run_short(f, spec);
-}
-
-XF_ROUTINE(nldatemds, f) {
-  static constexpr member_spec spec{5, 0, value_kind::date, 0, 0, short_form::month_day};
-  return run_short(f, spec);
-}
-
-XF_ROUTINE(nldateyqs, f) {
-  static constexpr member_spec spec{4, 0, value_kind::date, 0, 0, short_form::year_quarter};
-  return run_short(f, spec);
-}
+// One row per member: its name, its runner (or pattern table) and its spec.
+XF_NL_MEMBER(nldate, run_two_pattern, 10, 0, value_kind::date, lf::date_default, lf::date_short,
+             short_form::date)
+XF_NL_MEMBER(nldatemd, run_two_pattern, 6, 0, value_kind::date, lf::month_day_long,
+             lf::month_day_short, short_form::none)
+XF_NL_MEMBER(nldateym, run_two_pattern, 6, 0, value_kind::date, lf::year_month_long,
+             lf::year_month_short, short_form::none)
+XF_NL_MEMBER(nldateyr, run_two_pattern, 2, 0, value_kind::date, lf::year_long, lf::year_short,
+             short_form::none)
+XF_NL_MEMBER(nldateyq, run_two_pattern, 4, 0, value_kind::date, lf::year_quarter_long,
+             lf::year_quarter_short, short_form::none)
+XF_NL_MEMBER(nldateyw, run_two_pattern, 5, 0, value_kind::date, lf::year_week_long,
+             lf::year_week_short, short_form::none)
+XF_NL_MEMBER_TABLE(nldatel, nldatel_pat, 2, 0, value_kind::date, 0, 0, short_form::date)
+XF_NL_MEMBER_TABLE(nldatem, nldatem_pat, 2, 0, value_kind::date, 0, 0, short_form::date)
+XF_NL_MEMBER_TABLE(nldateyml, nldateyml_pat, 5, 0, value_kind::date, 0, 0, short_form::year_month)
+XF_NL_MEMBER_TABLE(nldateymm, nldateymm_pat, 5, 0, value_kind::date, 0, 0, short_form::year_month)
+XF_NL_MEMBER_TABLE(nldateyql, nldateyql_pat, 4, 0, value_kind::date, 0, 0, short_form::year_quarter)
+XF_NL_MEMBER_TABLE(nldateyqm, nldateyqm_pat, 4, 0, value_kind::date, 0, 0, short_form::year_quarter)
+XF_NL_MEMBER_TABLE(nldatemdl, nldatemdl_pat, 5, 0, value_kind::date, 0, 0, short_form::month_day)
+XF_NL_MEMBER_TABLE(nldatemdm, nldatemdm_pat, 5, 0, value_kind::date, 0, 0, short_form::month_day)
+XF_NL_MEMBER_TABLE(nldatew, nldatew_pat, 10, 0, value_kind::date, 0, 0, short_form::none)
+XF_NL_MEMBER_TABLE(nldatemn, nldatemn_pat, 4, 0, value_kind::date, 0, 0, short_form::none)
+XF_NL_MEMBER_TABLE(nldatewn, nldatewn_pat, 4, 0, value_kind::date, 0, 0, short_form::none)
+XF_NL_MEMBER(nldates, run_short, 2, 0, value_kind::date, 0, 0, short_form::date)
+XF_NL_MEMBER(nldateyms, run_short, 5, 0, value_kind::date, 0, 0, short_form::year_month)
+XF_NL_MEMBER(nldatemds, run_short, 5, 0, value_kind::date, 0, 0, short_form::month_day)
+XF_NL_MEMBER(nldateyqs, run_short, 4, 0, value_kind::date, 0, 0, short_form::year_quarter)

@@ -12,76 +12,9 @@
 #include "nls/locale_reader.hpp"
 
 namespace xfmt::nls {
-namespace {
 
-// The week rules of the calendar, run only when a pattern asks for a week.
-void week_rules(const moment &m, int *iso_year, int *iso_week, int *monday_week) {
-  const datetime::week_date v = datetime::week_of(m.day_number, datetime::week_rule::iso);
-  *iso_year = static_cast<int>(v.year);
-  *iso_week = v.week;
-  *monday_week = datetime::week_of(m.day_number, datetime::week_rule::monday).week;
-}
-
-// Rounds |v| to decimals the way the plain number printer does: add half a
-// unit of the last place, nudge by one ulp, truncate.
-double round_to(double v, int32_t decimals) {
-  if (decimals <= 0 && v == std::floor(v)) return v;
-  const int d = decimals < 0 ? 0 : (decimals > 9 ? 9 : decimals);
-  const double scale = std::pow(10.0, d);
-  const double mag = (std::fabs(v) + 0.5 / scale) * 1.0000000000000002;
-  const double r = std::floor(mag * scale) / scale;
-  return v < 0 ? -r : r;
-}
-
-}  // namespace
-
-moment date_moment_of(double date) {
-  const bool usable = !is_missing(date) && date_value_in_range(date);
-  // The range check above keeps the value within int64 for the floor.
-  const int64_t n = usable ? datetime::day_floor(date) : 0;
-  // Inside the valid range the fast split equals ymd_from_days (the
-  // calendar's whole-range sweep checks it).
-  const datetime::ymd c = usable ? datetime::ymd_in_range(n) : datetime::ymd{0, 0, 0};
-  // One aggregate initialisation, each field written once: a zero fill of
-  // the whole struct followed by the calendar fields cost a quarter of a
-  // date value's time.
-  return moment{
-      .has_date = usable,
-      .day_number = n,
-      .year = static_cast<int>(c.year),
-      .month = c.month,
-      .day = c.day,
-      .yday = usable ? datetime::day_of_year(c.year, c.month, c.day) : 0,
-      .wday = usable ? datetime::weekday(n) : -1,  // the true weekday, also before 1600
-      .iso_year = 0,
-      .iso_week = 0,
-      .monday_week = 0,
-      .weeks = usable ? &week_rules : nullptr,
-      .has_hour = false,
-      .has_minute = false,
-      .has_second = false,
-      .hour = 0,
-      .minute = 0,
-      .second = 0,
-  };
-}
-
-moment datetime_moment_of(double value, int32_t decimals, bool with_date) {
-  const double r = round_to(value, decimals);
-  // Rounding may carry a value just below the end of the range onto it: the
-  // day and the hour are then unknown, the minute and second still shown.
-  const bool in_range = datetime::datetime_in_range(r);
-  moment m = with_date ? date_moment_of(in_range ? static_cast<double>(datetime::day_of_datetime(r))
-                                                : missing_ordinary())
-                       : moment{};
-  const datetime::time_parts t = datetime::split_time(r);
-  m.has_hour = in_range;
-  m.has_minute = m.has_second = !is_missing(r) && std::isfinite(r);
-  if (m.has_hour) m.hour = static_cast<int64_t>(t.hour);
-  if (m.has_minute) m.minute = static_cast<int>(t.minute);
-  if (m.has_second) m.second = t.second;
-  return m;
-}
+// The moments of values come from the one builder beside the members
+// (nl_member.cpp).
 
 int zkf_expand(const moment &m, const field_reader &loc, const char *pattern, size_t pattern_length,
                int code, char *text, int32_t *length, int32_t decimals) {

@@ -37,15 +37,15 @@ nls::locale_names english_names() {
     std::memcpy(t.slots[field - nls::first_name_field], text, length);
   };
   for (int k = 0; k < 12; ++k) {
-    set(nls::field_month_abbrev + k, months[k], 3);
-    set(nls::field_month_full + k, months[k], std::strlen(months[k]));
+    set(nls::lf::month_abbr_jan + k, months[k], 3);
+    set(nls::lf::month_full_jan + k, months[k], std::strlen(months[k]));
   }
   for (int k = 0; k < 7; ++k) {
-    set(nls::field_weekday_abbrev + k, weekdays[k], 3);
-    set(nls::field_weekday_full + k, weekdays[k], std::strlen(weekdays[k]));
+    set(nls::lf::weekday_abbr_sun + k, weekdays[k], 3);
+    set(nls::lf::weekday_full_sun + k, weekdays[k], std::strlen(weekdays[k]));
   }
-  set(nls::field_am, "AM", 2);
-  set(nls::field_pm, "PM", 2);
+  set(nls::lf::am_marker, "AM", 2);
+  set(nls::lf::pm_marker, "PM", 2);
   return t;
 }
 
@@ -72,10 +72,10 @@ bool directive(nls::plan_maker &b, char c, bool zero, bool has_date, bool has_ti
     default: return false;
   }
   switch (c) {
-    case 'a': return b.name(nls::field_weekday_abbrev, 7, part::wday, false, date);
-    case 'A': return b.name(nls::field_weekday_full, 7, part::wday, false, date);
-    case 'b': return b.name(nls::field_month_abbrev, 12, part::month_index, false, date);
-    case 'B': return b.name(nls::field_month_full, 12, part::month_index, false, date);
+    case 'a': return b.name(nls::lf::weekday_abbr_sun, 7, part::wday, false, date);
+    case 'A': return b.name(nls::lf::weekday_full_sun, 7, part::wday, false, date);
+    case 'b': return b.name(nls::lf::month_abbr_jan, 12, part::month_index, false, date);
+    case 'B': return b.name(nls::lf::month_full_jan, 12, part::month_index, false, date);
     case 'd': return num(part::day, 2, date);
     case 'j': return num(part::yday, 3, date);
     case 'm': return num(part::month, 2, date);
@@ -87,7 +87,7 @@ bool directive(nls::plan_maker &b, char c, bool zero, bool has_date, bool has_ti
     case 'I': return num(part::hour_12, 2, time);
     case 'M': return num(part::minute, 2, time);
     case 'S': return num(part::second, 2, time);
-    default: return b.name(nls::field_am, 2, part::half_of_count, false, time);  // 'p'
+    default: return b.name(nls::lf::am_marker, 2, part::half_of_count, false, time);  // 'p'
   }
 }
 
@@ -136,12 +136,12 @@ bool date_parts(double date, nls::moment &m) {
 }
 
 bool time_parts(double t, nls::moment &m) {
-  const double h = zhour(t), mi = zminute(t), s = zsecond(t);
-  if (is_missing(h) || is_missing(mi) || is_missing(s)) return false;
+  if (datetime::unusable(t) || !datetime::datetime_in_range(t)) return false;
+  const datetime::time_parts p = datetime::split_time(t);
   m.has_hour = m.has_minute = m.has_second = true;
-  m.hour = static_cast<int>(h);
-  m.minute = static_cast<int>(mi);
-  m.second = static_cast<int>(s);  // whole seconds, as shown
+  m.hour = static_cast<int>(p.hour);
+  m.minute = static_cast<int>(p.minute);
+  m.second = static_cast<int>(p.second);  // whole seconds, as shown
   return true;
 }
 
