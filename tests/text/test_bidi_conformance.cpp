@@ -15,6 +15,7 @@
 
 #include "text/bidi.hpp"
 #include "text/bidi_tables.hpp"
+#include "support/frame.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {
@@ -227,15 +228,9 @@ std::vector<uint32_t> code_points_of(const std::string &s) {
 
 // One field through a format routine, w = the text's bytes.
 std::string run_format(xf_routine routine, const std::string &text) {
-  std::string out(text.size(), '\xEE');
-  xf_frame f{};
-  f.width = static_cast<int32_t>(text.size());
-  f.input = text.data();
-  f.input_length = static_cast<uint32_t>(text.size());
-  f.output = out.data();
-  f.output_capacity = static_cast<uint32_t>(out.size());
-  routine(&f);
-  return out.substr(0, f.output_length);
+  xfmt::test::frame_box b = xfmt::test::frame_box::chars(text, static_cast<int32_t>(text.size()));
+  routine(&b.f);
+  return b.str();
 }
 
 // BidiCharacterTest.txt through $LOGVS and $LOGVSR themselves (UTF-8 in and
