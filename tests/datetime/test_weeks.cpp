@@ -59,23 +59,14 @@ TEST(day_counts, random_pairs_against_counting) {
   }
 }
 
-TEST(digits, i2s_fills) {
-  char buf[24];
-  EXPECT_EQ(i2s(7, buf, 3, '0'), 3);
-  EXPECT_EQ(std::string(buf, 3), "007");
-  EXPECT_EQ(i2s(7, buf, 3, ' '), 3);
-  EXPECT_EQ(std::string(buf, 3), "  7");
-  EXPECT_EQ(i2s(0, buf, 3, ' '), 3);
-  EXPECT_EQ(std::string(buf, 3), "  0");
-  EXPECT_EQ(i2s(12345, buf, 2, '0'), 2);
-  EXPECT_EQ(std::string(buf, 2), "45");
-  EXPECT_EQ(i2s(12345, buf, 1, '\0'), 5);
-  EXPECT_EQ(std::string(buf, 5), "12345");
-  EXPECT_EQ(i2s(0, buf, 9, '\0'), 1);
-  EXPECT_EQ(buf[0], '0');
-  EXPECT_EQ(i2s(INT64_MIN, buf, 0, '\0'), 19);
-  EXPECT_EQ(std::string(buf, 19), "9223372036854775808");
-  EXPECT_EQ(i2s(5, buf, 0, '0'), 0);
+// The digit writer on the rows of tests/data/datetime/i2s.txt.
+TEST(digits, i2s_of_the_file) {
+  for (const auto &r : xfmt::test::tab_rows("datetime/i2s.txt")) {
+    char buf[24];
+    const std::string want = r.size() > 5 ? r[5] : "";
+    EXPECT_EQ(i2s(std::stoll(r[1]), buf, std::stoi(r[2]), xfmt::test::unescaped(r[3]).at(0)), std::stoi(r[4])) << r[0];
+    EXPECT_EQ(std::string(buf, want.size()), want) << r[0];
+  }
 }
 
 }  // namespace
