@@ -4,8 +4,6 @@
 // the extended datetime text names the nibbles it came from.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
 #include <string>
 
 #include "support/cases.hpp"
@@ -40,31 +38,7 @@ shown show(xf_routine r, const std::string &nibbles, int32_t w = 60, int32_t d =
   return {t, st};
 }
 
-// The cases of tests/data/datetime/n8601.txt.
-TEST(n8601, cases_of_the_file) {
-  std::ifstream in(std::string(XFMT_SOURCE_DIR) + "/tests/data/datetime/n8601.txt");
-  ASSERT_TRUE(in.good());
-  int cases = 0;
-  for (std::string line; std::getline(in, line);) {
-    if (line.empty() || line[0] == '#') continue;
-    std::istringstream fields(line);
-    std::string name, nibbles, text, status = "OK";
-    int32_t w = 60, d = 0;
-    fields >> name >> nibbles >> text >> w >> d >> status;
-    const xf_routine r = xfmt::test::routine_named(name);
-    ASSERT_NE(r, nullptr) << name;
-    const shown s = show(r, nibbles, w, d);
-    EXPECT_EQ(s.text, text == "-" ? "" : text == "*" ? std::string(static_cast<size_t>(w), '*') : text) << line;
-    EXPECT_EQ(s.status, status == "OK" ? XF_OK : status == "E_OVERFLOW" ? XF_E_OVERFLOW : XF_E_DATE_RANGE) << line;
-    ++cases;
-  }
-  EXPECT_GE(cases, 55);
-}
-
-TEST(n8601, capacity_below_the_width) {
-  frame_box small = frame_box::chars(value("2023704123045FFD"), 20, 0, 19);
-  EXPECT_EQ(zfmn8e(&small.f), XF_E_CAPACITY);
-}
+TEST(n8601, cases_of_the_file) { xfmt::test::run_case_file("datetime/n8601.txt"); }
 
 // Random valid datetimes with random components left out: the EX text holds
 // the element's digits in place and "x" for the rest; with nothing left out

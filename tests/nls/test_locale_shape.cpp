@@ -149,7 +149,7 @@ TEST_P(each_record, money_and_number_marks) {
   EXPECT_NE(f(id, 156), "");
   EXPECT_NE(f(id, 157), "");
   EXPECT_NE(f(id, 161), "");
-  EXPECT_NE(f(id, 172), "");
+  EXPECT_TRUE(f(id, 172) == "." || f(id, 172) == ",") << f(id, 172);  // one ASCII byte
   EXPECT_NE(f(id, 176), "");
   EXPECT_NE(f(id, 157), f(id, 158));
   EXPECT_NE(f(id, 172), f(id, 173));

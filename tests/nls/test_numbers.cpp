@@ -145,14 +145,6 @@ TEST(numbers, short_fields_fall_back_to_f) {
   }
 }
 
-TEST(numbers, database_points_are_one_ascii_byte) {
-  for (int id = 1; id <= 136; ++id) {
-    const zav_locale_field &point = ZAVlocaleData[id - 1][172];
-    ASSERT_EQ(point.length, 1u) << id;
-    EXPECT_TRUE(point.text[0] == '.' || point.text[0] == ',') << id;
-  }
-}
-
 TEST(numbers, best_d_and_pvalue_with_the_locale_point) {
   std::mt19937_64 g = xfmt::test::rng(0x1b35);
   const uint64_t count = xfmt::test::scaled(3000);

@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "support/frame.hpp"
 #include "xfmt/xfmt.h"
 #include "core/platform.hpp"
 
@@ -94,17 +95,10 @@ bool agree(std::string ours, std::string theirs, unsigned reasons) {
 }
 
 std::string ours(xf_routine r, int id, double v, int d) {
-  char out[128];
-  xf_frame f{};
-  f.width = 32;
-  f.decimals = d;
-  f.input = &v;
-  f.input_length = 8;
-  f.output = out;
-  f.output_capacity = sizeof out;
-  f.option_word = static_cast<uint64_t>(id);
-  EXPECT_EQ(r(&f), XF_OK);
-  const std::string field(out, f.output_length);  // right-aligned: blanks on the left only
+  xfmt::test::frame_box b = xfmt::test::frame_box::number(v, 32, d, 128);
+  b.f.option_word = static_cast<uint64_t>(id);
+  EXPECT_EQ(r(&b.f), XF_OK);
+  const std::string field = b.str();  // right-aligned: blanks on the left only
   const size_t first = field.find_first_not_of(' ');
   return first == std::string::npos ? std::string() : field.substr(first);
 }

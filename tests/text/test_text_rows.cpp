@@ -106,6 +106,12 @@ outcome run(const std::string &routine, call &c) {
     if (routine == "UTF8ToUNICODE") {
       EXPECT_EQ(used, 2 * n) << "bytes written";
     }
+  } else if (routine == "getUnicodeWidthFromNarrow") {
+    std::vector<uint16_t> units(len / 2);  // written big-endian
+    for (size_t k = 0; k < units.size(); ++k) units[k] = static_cast<uint16_t>(in[2 * k] << 8 | in[2 * k + 1]);
+    const void *text = !len ? nullptr : c.params.at(0) == 20 ? static_cast<const void *>(in) : units.data();
+    o.result = getUnicodeWidthFromNarrow(c.params.at(0), text, static_cast<int32_t>(c.params.at(1)),
+                                         static_cast<int32_t>(c.params.at(2)));
   } else {
     if (routine == "ConvertToUTF32")
       o.result = ConvertToUTF32(len ? in : nullptr, len, out, c.cap, &n, UTF8_UTF32, c.params.empty() ? COPY_UTF32 : COPY_UTF32_SWAP);

@@ -51,27 +51,6 @@ TEST(transcode, random_code_points_survive_every_unicode_pair) {
   }
 }
 
-TEST(width_from_narrow, by_encoding) {
-  EXPECT_EQ(getUnicodeWidthFromNarrow(25, nullptr, 10, 8), 4);
-  EXPECT_EQ(getUnicodeWidthFromNarrow(24, nullptr, 3, 8), 3);
-  EXPECT_EQ(getUnicodeWidthFromNarrow(27, nullptr, 10, 9), 2);
-  EXPECT_EQ(getUnicodeWidthFromNarrow(29, nullptr, 10, 7), 7);
-  EXPECT_EQ(getUnicodeWidthFromNarrow(29, nullptr, 5, 7), 5);
-  EXPECT_EQ(getUnicodeWidthFromNarrow(29, nullptr, 5, 0), 0);
-  const std::string u8 = "a\xC3\xA9\xE2\x82\xAC" "b";  // four characters in seven bytes
-  EXPECT_EQ(getUnicodeWidthFromNarrow(20, u8.data(), 7, 10), 4);
-  EXPECT_EQ(getUnicodeWidthFromNarrow(20, u8.data(), 7, 3), 3);
-  EXPECT_EQ(getUnicodeWidthFromNarrow(20, u8.data(), 3, 10), 2);
-  // Double-byte: 'A' is one position, 0x3042 and 0x00A5 are two each.
-  const uint16_t dbcs[] = {0x41, 0x3042, 0x00A5, 0x42};
-  EXPECT_EQ(getUnicodeWidthFromNarrow(136, dbcs, 4, 6), 4);
-  EXPECT_EQ(getUnicodeWidthFromNarrow(136, dbcs, 4, 5), 3);
-  EXPECT_EQ(getUnicodeWidthFromNarrow(136, dbcs, 4, 4), 2);
-  EXPECT_EQ(getUnicodeWidthFromNarrow(205, dbcs, 4, 2), 1);
-  EXPECT_EQ(getUnicodeWidthFromNarrow(172, dbcs, 4, 0), 0);
-  EXPECT_EQ(getUnicodeWidthFromNarrow(161, dbcs, 4, 2), 2);  // not a double-byte id
-}
-
 TEST(casing, pairs_round_trip) {
   const std::u16string upper = u"ABZ\u00C0\u00DE\u0100\u0139\u017D\u0391\u03A3\u0386\u038F\u0410\u042F\u0400\u0531\uFF21\u0178";
   const std::u16string lower = u"abz\u00E0\u00FE\u0101\u013A\u017E\u03B1\u03C3\u03AC\u03CE\u0430\u044F\u0450\u0561\uFF41\u00FF";

@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "support/frame.hpp"
+#include "support/rows.hpp"
 #include "userfmt/tables.hpp"
 #include "xfmt/xfmt.h"
 
@@ -20,27 +21,13 @@ std::string pict(memory_format &, const void *label, int32_t w, double v, int32_
   return out;
 }
 
+// The numeric pictures of tests/data/userfmt/pictures.txt.
 TEST(picture, table_of_numeric_templates) {
   memory_format f(3);
-  struct row { std::string tpl; char fill; std::string prefix; double mult; int32_t w; double v; int32_t round; std::string want; };
-  const row rows[] = {
-      // template      fill  prefix mult  w   value     round  field
-      {"009",          '*',  "",    0,    6,  5,        0,     "  ***5"},
-      {"000",          ' ',  "",    0,    3,  0,        0,     "   "},
-      {"009",          ' ',  "",    0,    3,  0,        0,     "  0"},
-      {"9",            ' ',  "",    1,    1,  2.5,      1,     "3"},
-      {"9",            ' ',  "",    1,    1,  2.5,      0,     "2"},
-      {"009",          ' ',  "",    0,    3,  -12,      0,     " 12"},
-      {"0,009",        ' ',  "",    0,    5,  123456,   0,     "3,456"},
-      {"00009",        '*',  "$",   0,    5,  12,       0,     "**$12"},
-      {"000,000,009.99", ' ', "$",  100,  14, 1234.5,   1,     "     $1,234.50"},
-      {"000,000,009.99", ' ', "$",  100,  16, 0.07,     1,     "           $0.07"},
-      {"009",          '#',  "",    0,    2,  123,      0,     "23"},
-      {"09.99",        ' ',  "",    100,  8,  3.14159,  0,     "    3.14"},
-  };
-  for (const row &r : rows) {
-    const void *p = f.picture(r.tpl, r.fill, r.prefix, r.mult);
-    EXPECT_EQ(pict(f, p, r.w, r.v, r.round), r.want) << r.tpl << " " << r.v;
+  const auto q = [](const std::string &field) { return field.substr(1, field.size() - 2); };
+  for (const auto &r : tab_rows("userfmt/pictures.txt")) {
+    const void *p = f.picture(q(r[1]), q(r[2]).at(0), q(r[3]), std::stod(r[4]));
+    EXPECT_EQ(pict(f, p, std::stoi(r[5]), std::stod(r[6]), std::stoi(r[7])), q(r[8])) << r[0];
   }
 }
 
@@ -73,26 +60,15 @@ TEST(picture, through_the_lookup_with_round_flag) {
   EXPECT_EQ(r.encoding, 0u);
 }
 
+// The directives of tests/data/userfmt/datefmt.txt.
 TEST(datefmt, directives) {
   char out[64];
-  auto run = [&](const char *tpl, int32_t type, double v) {
-    int32_t n = datefmt(tpl, static_cast<int32_t>(std::strlen(tpl)), type, "English", 7, v, out, 64);
-    return std::string(out, static_cast<size_t>(n));
-  };
-  // 23195 is 2023-07-04, a Tuesday, day 185 of the year.
-  EXPECT_EQ(run("%Y-%0m-%0d", 1, 23195), "2023-07-04");
-  EXPECT_EQ(run("%d/%m/%y", 1, 23195), "4/7/23");
-  EXPECT_EQ(run("%a %A %b %B", 1, 23195), "Tue Tuesday Jul July");
-  EXPECT_EQ(run("%j %0j %w %U %%", 1, 23195), "185 185 2 27 %");
-  EXPECT_EQ(run("%0y %0Y", 1, 0), "60 1960");
-  EXPECT_EQ(run("%H:%0M:%0S %I%p", 2, 13 * 3600 + 5 * 60 + 9), "13:05:09 1PM");
-  EXPECT_EQ(run("%0H %p", 2, 0), "00 AM");
-  EXPECT_EQ(run("%Y-%0m-%0d %0H:%0M", 3, 23195.0 * 86400 + 3600 * 23 + 60 * 59), "2023-07-04 23:59");
-  EXPECT_EQ(run("%q %", 1, 0), "%q %");
-  EXPECT_EQ(run("%d", 2, 10), "%d");
-  EXPECT_EQ(run("%Y", 1, missing_letter('.')), ".");
-  EXPECT_EQ(run("%Y", 1, missing_letter('B')), "B");
-  EXPECT_EQ(run("%Y", 1, 1e12), "*");
+  for (const auto &r : tab_rows("userfmt/datefmt.txt")) {
+    const std::string tpl = r[1].substr(1, r[1].size() - 2);
+    const double v = r[3][0] == '.' ? missing_letter(r[3].size() == 1 ? '.' : r[3][1]) : std::stod(r[3]);
+    const int32_t n = datefmt(tpl.data(), static_cast<int32_t>(tpl.size()), std::stoi(r[2]), "English", 7, v, out, 64);
+    EXPECT_EQ(std::string(out, static_cast<size_t>(n)), r[4].substr(1, r[4].size() - 2)) << r[0];
+  }
   // Never past the capacity.
   int32_t n = datefmt("%B %B", 5, 1, "", 0, 23195, out, 6);
   EXPECT_EQ(n, 6);
