@@ -76,7 +76,7 @@ inline void place_left(xf_frame *f, uint32_t n, bool utf16) {
 }  // namespace xfmt::nls
 
 // The exported routine NAME of a member: the runner RUN (run_two_pattern or
-// run_short) over the spec the remaining arguments fill in. The members are
+// run_short) over the member_spec that the remaining arguments fill in. The members are
 // then a table, one row each, beside their pattern tables.
 #define XF_NL_MEMBER(NAME, RUN, ...)                                   \
   XF_ROUTINE(NAME, f) {                                               \
