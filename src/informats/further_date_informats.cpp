@@ -27,6 +27,17 @@ bool take_stamp_separator(date_cursor &c) {
   return c.take('-') || c.take('/') || c.take(':') || c.take('.') || c.take(' ');
 }
 
+// @YYQZ and @YYMMN: a year of two or four digits, then two digits ("2303",
+// "202303"). False for any other run of digits or a year before 1582.
+bool read_year_and_two(date_cursor &c, date_parts &d, int64_t &two) {
+  const size_t run = c.digit_run();
+  if (run != 4 && run != 6) return false;
+  const int64_t y = c.fixed(run - 2);
+  d.year = run == 4 ? datetime::expand_year(y) : y;
+  two = c.fixed(2);
+  return d.year >= 1582;
+}
+
 }  // namespace
 
 // @MINGUO: year of the Republic (1 is 1912), month and day, either separated
@@ -70,13 +81,9 @@ XF_ROUTINE(zifmxymd, f) {
 // the quarter.
 XF_ROUTINE(zifmyyqz, f) {
   return read_field(f, [](date_cursor &c, double &v) {
-    const size_t run = c.digit_run();
-    if (run != 4 && run != 6) return false;
     date_parts d{0, 0, 1};
-    const int64_t y = c.fixed(run - 2);
-    d.year = run == 4 ? datetime::expand_year(y) : y;
-    const int64_t q = c.fixed(2);
-    if (q < 1 || q > 4 || d.year < 1582) return false;
+    int64_t q = 0;
+    if (!read_year_and_two(c, d, q) || q < 1 || q > 4) return false;
     d.month = 3 * q - 2;
     v = date_value(d);
     return true;
@@ -87,13 +94,8 @@ XF_ROUTINE(zifmyyqz, f) {
 // the month.
 XF_ROUTINE(zifmyymn, f) {
   return read_field(f, [](date_cursor &c, double &v) {
-    const size_t run = c.digit_run();
-    if (run != 4 && run != 6) return false;
     date_parts d{0, 0, 1};
-    const int64_t y = c.fixed(run - 2);
-    d.year = run == 4 ? datetime::expand_year(y) : y;
-    d.month = c.fixed(2);
-    if (d.year < 1582) return false;
+    if (!read_year_and_two(c, d, d.month)) return false;
     v = date_value(d);
     return true;
   });
