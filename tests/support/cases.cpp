@@ -2,6 +2,7 @@
 #include "support/cases.hpp"
 
 #include <algorithm>
+#include <clocale>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -10,6 +11,8 @@
 #include <utility>
 
 #include "core/missing.hpp"
+#include "core/platform.hpp"
+#include "oracle/text_oracle.hpp"
 
 namespace xfmt::test {
 namespace {
@@ -64,6 +67,76 @@ std::string describe(const format_case &c) {
   if (c.text_input) o << '"' << shown(c.text) << '"';
   else o << c.value << " (" << hex64(double_bits(c.value)) << ")";
   return o.str();
+}
+
+// An environment variable set (or unset, for null) until the scope ends.
+class variable_scope {
+ public:
+  variable_scope(const char *name, const char *value) : name_(name) {
+    const char *old = std::getenv(name);
+    had_ = old != nullptr;
+    if (had_) saved_ = old;
+    if (value) setenv(name, value, 1);
+    else unsetenv(name);
+  }
+  ~variable_scope() {
+    if (had_) setenv(name_, saved_.c_str(), 1);
+    else unsetenv(name_);
+  }
+  variable_scope(const variable_scope &) = delete;
+  variable_scope &operator=(const variable_scope &) = delete;
+
+ private:
+  const char *name_;
+  bool had_;
+  std::string saved_;
+};
+
+// The process settings a case asks for (codeset, zone, ZAV_LOCALE), put back
+// when the case is done; the library reads them once, so each change is
+// followed by a reload.
+class case_settings {
+ public:
+  explicit case_settings(const format_case &c) {
+    if (c.utf8_codeset) {
+      const char *old = std::setlocale(LC_ALL, nullptr);
+      codeset_ = old ? old : "C";
+      std::setlocale(LC_ALL, "C.UTF-8");
+    }
+    if (!c.zone.empty()) {
+      zone_.emplace("TZ", c.zone.c_str());
+      platform::reread_zone();
+    }
+    if (!c.zav_locale.empty())
+      zav_.emplace("ZAV_LOCALE", c.zav_locale == "-" ? nullptr : c.zav_locale.c_str());
+    if (c.utf8_codeset || zav_) platform::reload_environment();
+  }
+  ~case_settings() {
+    if (!codeset_.empty()) std::setlocale(LC_ALL, codeset_.c_str());
+    const bool reload = !codeset_.empty() || zav_;
+    zav_.reset();
+    if (reload) platform::reload_environment();
+    if (zone_) {
+      zone_.reset();
+      platform::reread_zone();
+    }
+  }
+  case_settings(const case_settings &) = delete;
+  case_settings &operator=(const case_settings &) = delete;
+
+ private:
+  std::string codeset_;
+  std::optional<variable_scope> zone_, zav_;
+};
+
+// UTF-8 text as the UTF-16LE bytes a host asking for UTF-16 receives.
+std::string utf16le(const std::string &utf8) {
+  std::string out;
+  for (uint16_t u : oracle::utf8_to_unicode(utf8, static_cast<uint32_t>(utf8.size())).units) {
+    out += static_cast<char>(u & 0xFF);
+    out += static_cast<char>(u >> 8);
+  }
+  return out;
 }
 
 // One run on a fresh frame: the whole buffer (capacity and guard) and the frame.
@@ -249,7 +322,16 @@ std::optional<format_case> parse_case(const std::vector<token> &t, std::string &
       }
       continue;
     }
+    if ((o == "utf8" || o == "utf16") && !t[i].quoted) {
+      (o == "utf8" ? c.utf8_codeset : c.utf16) = true;
+      continue;
+    }
     size_t eq = o.find('=');
+    if (eq != std::string::npos && eq + 1 < o.size() && !t[i].quoted &&
+        (o.rfind("tz=", 0) == 0 || o.rfind("zav=", 0) == 0)) {
+      (o[0] == 't' ? c.zone : c.zav_locale) = o.substr(eq + 1);
+      continue;
+    }
     auto v = eq == std::string::npos ? std::nullopt : parse_int(o.substr(eq + 1));
     if (t[i].quoted || !v || *v < 0) { error = "bad option " + o; return std::nullopt; }
     const std::string key = o.substr(0, eq);
@@ -258,6 +340,7 @@ std::optional<format_case> parse_case(const std::vector<token> &t, std::string &
     else if (key == "flags") c.option_flags = static_cast<uint32_t>(*v);
     else if (key == "enc") c.input_encoding = static_cast<uint32_t>(*v);
     else if (key == "renc") c.requested_encoding = static_cast<uint32_t>(*v);
+    else if (key == "len") c.length = *v;
     else { error = "unknown option " + o; return std::nullopt; }
   }
   return c;
@@ -341,11 +424,20 @@ xf_routine routine_named(std::string_view name) {
 testing::AssertionResult holds(const format_case &c) {
   xf_routine routine = c.routine ? c.routine : routine_named(c.name);
   if (!routine) return testing::AssertionFailure() << describe(c) << ": no routine";
+  const uint32_t unit = c.utf16 ? 2 : 1;
   const uint32_t capacity = static_cast<uint32_t>(
-      c.capacity >= 0 ? c.capacity : c.stores_double ? 8 : (c.w > 0 ? c.w : 0));
-  const outcome a = run_once(routine, c, capacity);
-  const outcome b = run_once(routine, c, capacity);
+      c.capacity >= 0 ? c.capacity : c.stores_double ? 8 : (c.w > 0 ? int64_t{unit} * c.w : 0));
+  format_case run = c;
+  if (c.utf16) {
+    run.requested_encoding = XF_ENC_UTF16LE;
+    run.want = utf16le(c.want);
+  }
+  const case_settings settings(c);
+  const outcome a = run_once(routine, run, capacity);
+  const outcome b = run_once(routine, run, capacity);
   std::ostringstream why;
+  if (c.utf16 && a.frame.output_encoding != XF_ENC_UTF16LE)
+    why << "; output encoding " << a.frame.output_encoding << ", expected UTF-16LE";
   for (size_t i = capacity; i < a.buffer.size(); ++i)
     if (a.buffer[i] != guard_byte) {
       why << "; wrote past the capacity " << capacity << " at byte " << i;
@@ -355,8 +447,12 @@ testing::AssertionResult holds(const format_case &c) {
     why << "; output length " << a.frame.output_length << " beyond the capacity " << capacity;
   if (a.status != c.status)
     why << "; status " << status_text(a.status) << ", expected " << status_text(c.status);
+  const size_t shown_length = c.length >= 0 ? capacity : a.frame.output_length;
   const std::string got(reinterpret_cast<const char *>(a.buffer.data()),
-                        a.frame.output_length < capacity ? a.frame.output_length : capacity);
+                        shown_length < capacity ? shown_length : capacity);
+  const std::string &want = run.want;
+  if (c.length >= 0 && int64_t{a.frame.output_length} != c.length)
+    why << "; output length " << a.frame.output_length << ", expected " << c.length;
   if (c.stores_double) {
     uint64_t bits = 0;
     if (capacity >= 8) std::memcpy(&bits, a.buffer.data(), 8);
@@ -364,9 +460,9 @@ testing::AssertionResult holds(const format_case &c) {
       why << "; stored " << hex64(bits) << " (" << bits_double(bits) << "), expected "
           << hex64(c.want_bits) << " (" << bits_double(c.want_bits) << ")";
     if (a.frame.output_length != 8) why << "; output length " << a.frame.output_length << ", expected 8";
-  } else if (got != c.want || a.frame.output_length != c.want.size()) {
+  } else if (got != want || (c.length < 0 && a.frame.output_length != want.size())) {
     why << "; delivered \"" << shown(got) << "\" (length " << a.frame.output_length
-        << "), expected \"" << shown(c.want) << "\"";
+        << "), expected \"" << shown(want) << "\"";
   }
   if (a.status != b.status || a.buffer != b.buffer || a.frame.output_length != b.frame.output_length)
     why << "; a second run gave a different result";

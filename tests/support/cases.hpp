@@ -21,7 +21,14 @@
 // options   cap=N output capacity (default w; 8 for a stored double),
 //           opt=N option word, flags=N option flags, enc=N input encoding,
 //           renc=N requested output encoding, native (the hex: input and
-//           field are written big-endian and mirrored on a little-endian host)
+//           field are written big-endian and mirrored on a little-endian host),
+//           len=N the output length when it differs from the expected bytes,
+//           which then cover the whole capacity (\xEE: a byte left untouched),
+//           utf16 (UTF-16LE output asked for, capacity 2w by default; the
+//           expected text is written in UTF-8 and compared as UTF-16LE),
+//           utf8 (the process codeset is UTF-8 during the case), tz=ZONE (TZ
+//           during the case), zav=VALUE (ZAV_LOCALE during the case; "-"
+//           leaves it unset)
 // Quoted text takes the escapes \" \\ \t \n \0 and \xHH (exactly two digits).
 #pragma once
 
@@ -52,6 +59,11 @@ struct format_case {
   uint32_t option_flags = 0;
   uint32_t input_encoding = 0;
   uint32_t requested_encoding = 0;
+  int64_t length = -1;          // >= 0: the output length; want is the whole capacity
+  bool utf16 = false;           // want is UTF-8 text expected as UTF-16LE output
+  bool utf8_codeset = false;    // the process codeset is UTF-8 during the case
+  std::string zone;             // TZ during the case when not empty
+  std::string zav_locale;       // ZAV_LOCALE during the case when not empty ("-": unset)
   std::string where;            // "file:line" of a case read from a file
 };
 
