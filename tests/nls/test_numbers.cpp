@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "core/missing.hpp"
-#include "oracle/text_oracle.hpp"
 #include "record.hpp"
 #include "support/cases.hpp"
 #include "support/frame.hpp"
@@ -46,23 +45,6 @@ const named routines[] = {{"NLNUM", nlnum},   {"NLNUMI", nlnumi}, {"NLMNY", nlmn
                           {"NLPCTN", nlpctn}, {"NLPCTP", nlpctp}, {"NLPVALUE", nlpvalue},
                           {"NLBEST", nlbest}, {"NLD", nld}};
 
-// Little-endian UTF-16 bytes in UTF-8, through the literal converter.
-std::string utf16_to_utf8(const std::string &b) {
-  std::vector<uint16_t> units(b.size() / 2);
-  std::memcpy(units.data(), b.data(), 2 * units.size());
-  return xfmt::oracle::unicode_to_utf8(units, static_cast<uint32_t>(3 * units.size())).bytes;
-}
-
-// The field as UTF-16 (widths count characters), shown in UTF-8.
-std::string wide(xf_routine r, int locale, double v, int w, int d, xf_status *st = nullptr) {
-  frame_box b = frame_box::number(v, w, d, 2 * w);
-  b.f.option_word = static_cast<uint64_t>(locale);
-  b.f.requested_output_encoding = XF_ENC_UTF16LE;
-  const xf_status s = r(&b.f);
-  if (st) *st = s;
-  return b.f.output_encoding == XF_ENC_UTF16LE ? utf16_to_utf8(b.str()) : b.str();
-}
-
 // The field in the process codeset (the tests' is ASCII).
 std::string narrow(xf_routine r, int locale, double v, int w, int d, xf_status *st = nullptr) {
   frame_box b = frame_box::number(v, w, d);
@@ -72,26 +54,7 @@ std::string narrow(xf_routine r, int locale, double v, int w, int d, xf_status *
   return b.str();
 }
 
-// The fields of tests/data/nls/national_numbers.txt; "<U00A0>" there stands
-// for the no-break space.
-TEST(numbers, exact_fields_in_five_locales) {
-  const auto lines = xfmt::test::tab_lines("nls/national_numbers.txt");
-  EXPECT_GT(lines.size(), 50u);
-  for (const auto &l : lines) {
-    ASSERT_GE(l.size(), 7u);
-    std::string want = l[5].substr(1, l[5].size() - 2);
-    for (size_t at; (at = want.find("<U00A0>")) != std::string::npos;) want.replace(at, 7, "\u00A0");
-    const xf_status status = l[6] == "OK"           ? XF_OK
-                             : l[6] == "REDUCED"    ? XF_REDUCED
-                             : l[6] == "E_OVERFLOW" ? XF_E_OVERFLOW
-                                                    : ~0u;  // no other status is expected here
-    xf_status st;
-    const std::string got = wide(xfmt::test::routine_named(l[0]), std::stoi(l[1]), std::stod(l[2]),
-                                 std::stoi(l[3]), std::stoi(l[4]), &st);
-    EXPECT_EQ(got, want) << l[0] << " locale " << l[1] << " " << l[2] << " w" << l[3] << "." << l[4];
-    EXPECT_EQ(st, status) << l[0] << " locale " << l[1] << " " << l[2];
-  }
-}
+TEST(numbers, exact_fields_in_five_locales) { xfmt::test::run_case_file("nls/national_numbers.txt"); }
 
 TEST(numbers, ascii_codeset_fields) { xfmt::test::run_case_file("nls/ascii_fields.txt"); }
 
