@@ -5,10 +5,8 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "nls/expand.hpp"
-#include "support/rows.hpp"
 
 namespace xfmt::test {
 
@@ -32,9 +30,5 @@ struct test_record {
 // An English-like record with distinct first and second name sets, enough
 // for every conversion of the expander.
 test_record english_like();
-
-// A moment for a calendar date (no time) or a datetime.
-nls::moment date_moment(int y, int m, int d);
-nls::moment datetime_moment(int y, int m, int d, int hh, int mi, double ss);
 
 }  // namespace xfmt::test

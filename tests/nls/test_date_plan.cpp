@@ -46,7 +46,8 @@ std::vector<moment> sample_moments() {
                                      true));
   }
   out.push_back(datetime_moment_of(seconds[4], 2, false));
-  moment odd = xfmt::test::datetime_moment(2020, 2, 29, 0, 7, 9.75);
+  moment odd = datetime_moment_of(static_cast<double>(days_from_ymd(2020, 2, 29)) * 86400 + 429.75,
+                                  2, true);  // 00:07:09.75
   odd.hour = 1234;  // a long time: hours past 99 keep their digits
   out.push_back(odd);
   odd.has_minute = odd.has_second = false;

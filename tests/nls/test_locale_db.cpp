@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "nls/locale.hpp"
-#include "record.hpp"
+#include "support/rows.hpp"
 #include "xfmt/xfmt.h"
 #include "core/platform.hpp"
 

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "nls/locale.hpp"
-#include "record.hpp"
+#include "support/rows.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {

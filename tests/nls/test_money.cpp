@@ -12,6 +12,7 @@
 #include "oracle/nls_money_oracle.hpp"
 #include "record.hpp"
 #include "support/frame.hpp"
+#include "support/rows.hpp"
 #include "support/random.hpp"
 
 namespace {

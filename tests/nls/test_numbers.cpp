@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "core/missing.hpp"
-#include "record.hpp"
 #include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
