@@ -1,13 +1,12 @@
 // The euro conversion formats: same bytes as EUROX and w.d on the converted
-// amount, the rate table and list, and first use from many threads at once.
+// amount, and the rate table and list (first use from many threads at once
+// is test_threads.cpp's).
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <string>
-#include <thread>
-#include <vector>
 
-#include "core/missing.hpp"
+#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 
@@ -52,13 +51,7 @@ TEST(euro_tables, rates_and_currency_list) {
   EXPECT_EQ(getrent(), &euro_reentstr);
 }
 
-TEST(euro, missing_values_go_to_the_printing_format) {
-  double miss = xfmt::missing_ordinary();
-  EXPECT_EQ(run(eurtogbp, miss, 8, 2).text, run(zfmt, miss, 8, 2).text);
-  EXPECT_EQ(run(eurfrgbp, miss, 8, 2).text, run(zfmerx, miss, 8, 2).text);
-  EXPECT_EQ(run(eurtogbp, xfmt::missing_value(5), 6, 0).text,
-            run(zfmt, xfmt::missing_value(5), 6, 0).text);
-}
+TEST(euro, missing_values_of_the_file) { xfmt::test::run_case_file("nls/euro.txt"); }
 
 TEST(euro, set_up_fills_the_state) {
   run(eurfrats, 1, 8, 2);
@@ -89,29 +82,6 @@ TEST(euro, every_currency_against_its_printer) {
       ASSERT_EQ(t.status, u.status);
     }
   }
-}
-
-// Many threads make their first call at the same moment; each must see the
-// same bytes as a lone call. Run under ThreadSanitizer to check the set-up.
-TEST(euro, first_use_from_many_threads) {
-  const printed want_fr = run(zfmerx, 1000 / conv_rate[14], 12, 2);
-  const printed want_to = run(zfmt, 1000 * conv_rate[14], 12, 2);
-  std::vector<std::thread> pool;
-  std::atomic<int> bad{0};
-  std::atomic<bool> go{false};
-  for (int t = 0; t < 8; ++t) {
-    pool.emplace_back([&, t] {
-      while (!go.load()) std::this_thread::yield();
-      for (int i = 0; i < 200; ++i) {
-        printed p = (t + i) % 2 ? run(eurfrgbp, 1000, 12, 2) : run(eurtogbp, 1000, 12, 2);
-        const printed &want = (t + i) % 2 ? want_fr : want_to;
-        if (p.text != want.text || p.status != want.status) ++bad;
-      }
-    });
-  }
-  go = true;
-  for (auto &th : pool) th.join();
-  EXPECT_EQ(bad.load(), 0);
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 // bucket placement, and random names against the linear-scan oracle.
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <map>
 #include <set>
 #include <string>
@@ -51,20 +50,11 @@ TEST(locale_names, bad_arguments) {
   EXPECT_EQ(EncnameToID(s.data(), -1, &got), 4u);
 }
 
-std::string source_dir() {
-  return XFMT_SOURCE_DIR;
-}
-
 // The encoding list the table was generated from: id, name per line.
 std::vector<std::pair<uint32_t, std::string>> encoding_list() {
   std::vector<std::pair<uint32_t, std::string>> v;
-  std::ifstream in(source_dir() + "/tools/gen/encoding_names.txt");
-  std::string line;
-  while (std::getline(in, line)) {
-    if (line.empty() || line[0] == '#') continue;
-    auto tab = line.find('\t');
-    v.emplace_back(static_cast<uint32_t>(std::stoul(line.substr(0, tab))), line.substr(tab + 1));
-  }
+  for (const auto &l : xfmt::test::tab_lines("../../tools/gen/encoding_names.txt"))
+    v.emplace_back(static_cast<uint32_t>(std::stoul(l.at(0))), l.at(1));
   return v;
 }
 

@@ -1,6 +1,6 @@
 // NLMNL/NLMNI printing on test records: placement, the fallback attempts,
-// symbols the codeset cannot show, UTF-16, and a differential run against
-// the literal printer.
+// symbols the codeset cannot show, and a differential run against the
+// literal printer (UTF-16 and a short capacity are rows of members.txt).
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -102,24 +102,6 @@ TEST(money, nan_and_infinity_give_the_star_field) {
       EXPECT_EQ(b.str(), "************") << r->name << " " << v;
     }
   }
-}
-
-TEST(money, utf16_output_counts_units) {
-  frame_box b = frame_box::number(1234.5, 12, 2, 24);
-  b.f.requested_output_encoding = XF_ENC_UTF16LE;
-  ASSERT_EQ(xfmt::nls::money_format(&b.f, xfmt::nls::read_money_conventions(de.reader()),
-                                    currency("EUR"), false), XF_OK);
-  EXPECT_EQ(b.f.output_encoding, XF_ENC_UTF16LE);
-  ASSERT_EQ(b.f.output_length, 24u);
-  std::u16string expected = u"  1.234,50 \u20AC";
-  EXPECT_EQ(std::memcmp(b.out.data(), expected.data(), 24), 0);
-}
-
-TEST(money, capacity_below_width_is_refused) {
-  frame_box b = frame_box::number(1, 12, 2, 6);
-  EXPECT_EQ(xfmt::nls::money_format(&b.f, xfmt::nls::read_money_conventions(us.reader()),
-                                    currency("USD"), false), XF_E_CAPACITY);
-  EXPECT_EQ(b.str(), "******");
 }
 
 TEST(money, same_bytes_as_the_literal_printer) {
