@@ -1,8 +1,9 @@
 // Every national routine of the module table in every locale, on missing
 // values, range bounds, a leap day, midnight and noon, and the numbers on
 // zero, signs, tiny, huge and tied values: only the documented statuses,
-// never wider than the width or past the capacity, and the same bytes on a
-// second call.
+// never wider than the width or past the capacity, the same bytes on a
+// second call, and a number or amount that fills its field refused with
+// XF_E_CAPACITY one byte short.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -101,6 +102,15 @@ void sweep_module(int locale_step, std::initializer_list<kind> kinds, bool utf16
                               a.out == b.out && a.f.output_length == b.f.output_length;
             ASSERT_TRUE(good) << name << " locale " << loc << " value " << v << " w" << w << "."
                               << d << " status " << std::hex << sa << " " << a.buffer();
+            // A number or amount that fills its field is refused one byte short
+            // (missing values are not held to it).
+            if ((k == kind::number || k == kind::money) && sa == XF_OK && !xfmt::is_missing(v) &&
+                a.f.output_length == static_cast<uint32_t>(unit * w)) {
+              frame_box c = frame_box::number(v, w, d, unit * w - 1);
+              c.f.option_word = a.f.option_word;
+              c.f.requested_output_encoding = a.f.requested_output_encoding;
+              ASSERT_EQ(row.routine(&c.f), XF_E_CAPACITY) << name << " locale " << loc << " " << v;
+            }
           }
         }
       }
