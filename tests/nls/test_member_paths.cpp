@@ -13,6 +13,7 @@
 
 #include "nls/expand.hpp"
 #include "oracle/nls_member_oracle.hpp"
+#include "support/frame.hpp"
 #include "support/random.hpp"
 #include "core/platform.hpp"
 
@@ -55,21 +56,12 @@ struct run_result {
   std::string buffer;
 };
 
+// The member on a frame_box, whose buffer starts as c.before: all 0xEE.
 run_result run(const member &m, const member_case &c) {
-  run_result r{0, 0, 0, c.before};
-  double v = c.value;
-  xf_frame f{};
-  f.input = &v;
-  f.input_length = 8;
-  f.width = c.width;
-  f.decimals = c.decimals;
-  f.output = r.buffer.empty() ? nullptr : r.buffer.data();
-  f.output_capacity = c.capacity;
-  f.option_word = static_cast<uint64_t>(c.locale);
-  r.status = m.routine(&f);
-  r.length = f.output_length;
-  r.encoding = f.output_encoding;
-  return r;
+  xfmt::test::frame_box b = xfmt::test::frame_box::number(c.value, c.width, c.decimals, c.capacity);
+  b.f.option_word = static_cast<uint64_t>(c.locale);
+  const xf_status st = m.routine(&b.f);
+  return {st, b.f.output_length, b.f.output_encoding, b.buffer()};
 }
 
 member_case random_case(std::mt19937_64 &g, bool datetime, int locale) {

@@ -35,15 +35,6 @@ double draw(std::mt19937_64 &g) {
 
 int below(std::mt19937_64 &g, int n) { return static_cast<int>(g() % static_cast<uint64_t>(n)); }
 
-struct named {
-  const char *name;
-  xf_routine routine;
-};
-const named routines[] = {{"NLNUM", nlnum},   {"NLNUMI", nlnumi}, {"NLMNY", nlmny},
-                          {"NLMNYI", nlmnyi}, {"NLPCT", nlpct},   {"NLPCTI", nlpcti},
-                          {"NLPCTN", nlpctn}, {"NLPCTP", nlpctp}, {"NLPVALUE", nlpvalue},
-                          {"NLBEST", nlbest}, {"NLD", nld}};
-
 // The field in the process codeset (the tests' is ASCII).
 std::string narrow(xf_routine r, int locale, double v, int w, int d, xf_status *st = nullptr) {
   frame_box b = frame_box::number(v, w, d);
@@ -57,23 +48,7 @@ TEST(numbers, exact_fields_in_five_locales) { xfmt::test::run_case_file("nls/nat
 
 TEST(numbers, ascii_codeset_fields) { xfmt::test::run_case_file("nls/ascii_fields.txt"); }
 
-// The display of the numeric format each name stands beside: F w.d (w.0 for
-// money), BEST, D, PVALUE.
-TEST(numbers, missing_values_are_the_numeric_display) {
-  for (const named &n : routines) {
-    const bool money = n.routine == nlmny || n.routine == nlmnyi;
-    const xf_routine reference = n.routine == nlbest ? zfmb
-                                 : n.routine == nld  ? zfmd
-                                 : n.routine == nlpvalue ? zfmpval
-                                                        : zfmt;
-    for (double m : {xfmt::missing_ordinary(), xfmt::missing_value(27)}) {
-      const int d = n.routine == nlbest ? 0 : 2;
-      frame_box f = frame_box::number(m, 8, money ? 0 : d);
-      EXPECT_EQ(reference(&f.f), XF_OK);
-      EXPECT_EQ(narrow(n.routine, de_de, m, 8, d), f.str()) << n.name << " d" << d;
-    }
-  }
-}
+TEST(numbers, missing_values_of_the_file) { xfmt::test::run_case_file("nls/national_missing.txt"); }
 
 // NLBEST, NLD and NLPVALUE are BEST, D and PVALUE with the locale's point
 // (and NLBEST's minus moved behind the number where the locale puts it).
