@@ -194,19 +194,4 @@ TEST(numbers_libc, nlmny_matches_strfmon) {
   expect_clean(o);
 }
 
-// The tie rule itself: the C library's own text of a tie differs from ours.
-TEST(numbers_libc, ties_round_away_from_zero) {
-  locale_t loc = newlocale(LC_ALL_MASK, "en_US.UTF-8", nullptr);
-  ASSERT_NE(loc, nullptr);
-  locale_t old = uselocale(loc);
-  xfmt::platform::reload_environment();  // the codeset is read once
-  EXPECT_EQ(ours(nlnum, 53, 0.125, 2), "0.13");
-  EXPECT_EQ(theirs(false, loc, 0.125, 2), "0.12");
-  EXPECT_EQ(ours(nlnum, 53, 1.005, 2), "1.01");
-  EXPECT_EQ(theirs(false, loc, 1.005, 2), "1.00");
-  uselocale(old);
-  xfmt::platform::reload_environment();
-  freelocale(loc);
-}
-
 }  // namespace
