@@ -59,13 +59,6 @@ TEST(encode, texts_of_the_file) {
   }
 }
 
-TEST(encode, representable_in_an_ascii_codeset) {
-  codeset_scope c("C");
-  EXPECT_TRUE(xfmt::nls::representable(false, "US$"));
-  EXPECT_FALSE(xfmt::nls::representable(false, "<U20AC>"));
-  EXPECT_TRUE(xfmt::nls::representable(true, "<U20AC>"));
-}
-
 TEST(encode, exported_entry_converts_in_place) {
   codeset_scope c("C.UTF-8");
   char buf[32] = "1. M<U00E4>rz 1960";
