@@ -69,64 +69,48 @@ std::string describe(const format_case &c) {
   return o.str();
 }
 
-// An environment variable set (or unset, for null) until the scope ends.
-class variable_scope {
- public:
-  variable_scope(const char *name, const char *value) : name_(name) {
-    const char *old = std::getenv(name);
-    had_ = old != nullptr;
-    if (had_) saved_ = old;
-    if (value) setenv(name, value, 1);
-    else unsetenv(name);
-  }
-  ~variable_scope() {
-    if (had_) setenv(name_, saved_.c_str(), 1);
-    else unsetenv(name_);
-  }
-  variable_scope(const variable_scope &) = delete;
-  variable_scope &operator=(const variable_scope &) = delete;
+// Sets an environment variable (unsets it for null); returns what it was.
+std::optional<std::string> swap_variable(const char *name, const char *value) {
+  const char *old = std::getenv(name);
+  std::optional<std::string> was;
+  if (old) was = old;
+  if (value) setenv(name, value, 1);
+  else unsetenv(name);
+  return was;
+}
 
- private:
-  const char *name_;
-  bool had_;
-  std::string saved_;
-};
-
-// The process settings a case asks for (codeset, zone, ZAV_LOCALE), put back
+// The process settings a case asks for (codeset, TZ, ZAV_LOCALE), put back
 // when the case is done; the library reads them once, so each change is
 // followed by a reload.
 class case_settings {
  public:
-  explicit case_settings(const format_case &c) {
+  explicit case_settings(const format_case &c) : c_(c) {
     if (c.utf8_codeset) {
-      const char *old = std::setlocale(LC_ALL, nullptr);
-      codeset_ = old ? old : "C";
+      codeset_ = std::setlocale(LC_ALL, nullptr);
       std::setlocale(LC_ALL, "C.UTF-8");
     }
-    if (!c.zone.empty()) {
-      zone_.emplace("TZ", c.zone.c_str());
-      platform::reread_zone();
-    }
+    if (!c.zone.empty()) zone_ = swap_variable("TZ", c.zone.c_str());
     if (!c.zav_locale.empty())
-      zav_.emplace("ZAV_LOCALE", c.zav_locale == "-" ? nullptr : c.zav_locale.c_str());
-    if (c.utf8_codeset || zav_) platform::reload_environment();
+      zav_ = swap_variable("ZAV_LOCALE", c.zav_locale == "-" ? nullptr : c.zav_locale.c_str());
+    reload();
   }
   ~case_settings() {
-    if (!codeset_.empty()) std::setlocale(LC_ALL, codeset_.c_str());
-    const bool reload = !codeset_.empty() || zav_;
-    zav_.reset();
-    if (reload) platform::reload_environment();
-    if (zone_) {
-      zone_.reset();
-      platform::reread_zone();
-    }
+    if (c_.utf8_codeset) std::setlocale(LC_ALL, codeset_.c_str());
+    if (!c_.zone.empty()) swap_variable("TZ", zone_ ? zone_->c_str() : nullptr);
+    if (!c_.zav_locale.empty()) swap_variable("ZAV_LOCALE", zav_ ? zav_->c_str() : nullptr);
+    reload();
   }
   case_settings(const case_settings &) = delete;
   case_settings &operator=(const case_settings &) = delete;
 
  private:
+  void reload() const {
+    if (c_.utf8_codeset || !c_.zav_locale.empty()) platform::reload_environment();
+    if (!c_.zone.empty()) platform::reread_zone();
+  }
+  const format_case &c_;
   std::string codeset_;
-  std::optional<variable_scope> zone_, zav_;
+  std::optional<std::string> zone_, zav_;
 };
 
 // UTF-8 text as the UTF-16LE bytes a host asking for UTF-16 receives.
