@@ -2,7 +2,7 @@
 // hand in tests/data/nls/expand.txt (every letter and flag, hours at
 // midnight, noon and past 99, padding, years past 9999, the seconds'
 // fraction, missing parts, unreadable and escaped names, weeks at year
-// edges, eras, fitting into a field), and zones.
+// edges, eras, fitting into a field, zones).
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -67,8 +67,7 @@ moment moment_of(const std::string &s) {
 // The expansion in a field of width (negative: right aligned): its code and
 // the text (the whole field unless it fits left aligned).
 std::pair<int, std::string> run(const std::string &pattern, const moment &m,
-                                const test_record &rec, int32_t width = 100,
-                                int32_t decimals = 0) {
+                                const test_record &rec, int32_t width, int32_t decimals) {
   char out[256];
   int32_t w = width;
   const int code = expand(m, rec.reader(), pattern.data(), pattern.size(), out, &w, decimals);
@@ -77,8 +76,14 @@ std::pair<int, std::string> run(const std::string &pattern, const moment &m,
 }
 
 TEST(expand, texts_of_the_file) {
+  const char *old = std::getenv("TZ");
+  const std::string saved = old ? old : "";
   for (const auto &r : xfmt::test::tab_rows("nls/expand.txt")) {
-    ASSERT_EQ(r.size(), 8u) << r[0];
+    ASSERT_GE(r.size(), 8u) << r[0];
+    if (r.size() > 8) {
+      setenv("TZ", r[8].c_str(), 1);
+      xfmt::platform::reread_zone();
+    }
     const auto [code, text] = run(xfmt::test::unescaped(r[5]), moment_of(r[2]), record_of(r[1]),
                                   std::stoi(r[4]), std::stoi(r[3]));
     EXPECT_EQ(code, r[6] == "fits" ? 0
@@ -89,26 +94,11 @@ TEST(expand, texts_of_the_file) {
       EXPECT_EQ(text, r[7]) << r[0];
     }
   }
-  EXPECT_EQ(xfmt::nls::escaped_length("M<U00E4>rz"), 4u);
-  EXPECT_EQ(xfmt::nls::escaped_length("<U00E4"), 6u);
-}
-
-TEST(expand, time_zone_offset_and_abbreviation) {
-  const char *old = std::getenv("TZ");
-  const std::string saved = old ? old : "";
-  const moment m = moment_of("2020-01-01 0:00:00");
-  const test_record rec = record_of("plain");
-  // Five hours west without a daylight-saving rule, UTC, and half hours east.
-  for (const auto &[zone, expected] : {std::pair{"EST5", "00 -0500 EST"},
-                                      std::pair{"UTC0", "00 +0000 UTC"},
-                                      std::pair{"IST-5:30", "00 +0530 IST"}}) {
-    setenv("TZ", zone, 1);
-    xfmt::platform::reread_zone();
-    EXPECT_EQ(run("%H %z %Z", m, rec).second, expected) << zone;
-  }
   if (old) setenv("TZ", saved.c_str(), 1);
   else unsetenv("TZ");
   xfmt::platform::reread_zone();
+  EXPECT_EQ(xfmt::nls::escaped_length("M<U00E4>rz"), 4u);
+  EXPECT_EQ(xfmt::nls::escaped_length("<U00E4"), 6u);
 }
 
 }  // namespace
