@@ -3,20 +3,20 @@
 // random texts in an ASCII and a UTF-8 codeset.
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cstring>
 #include <string>
 
 #include "nls/nl_encode.hpp"
 #include "oracle/nls_encode_oracle.hpp"
+#include "support/cases.hpp"
 #include "support/random.hpp"
 #include "support/rows.hpp"
 #include "xfmt/xfmt.h"
-#include "core/platform.hpp"
 
 namespace {
 
 using xfmt::nls::encode_text;
+using xfmt::test::codeset_scope;
 
 struct enc {
   int result;
@@ -29,19 +29,6 @@ enc run(const std::string &t, int w, uint32_t cap = 64, bool utf16 = false) {
   int r = encode_text(utf16, t.data(), t.size(), w, out, cap, &n);
   return {r, std::string(out, n)};
 }
-
-struct codeset_scope {
-  std::string saved;
-  explicit codeset_scope(const char *name) {
-    saved = std::setlocale(LC_ALL, nullptr);
-    std::setlocale(LC_ALL, name);
-    xfmt::platform::reload_environment();  // the codeset is read once
-  }
-  ~codeset_scope() {
-    std::setlocale(LC_ALL, saved.c_str());
-    xfmt::platform::reload_environment();
-  }
-};
 
 TEST(encode, texts_of_the_file) {
   for (const auto &r : xfmt::test::tab_rows("nls/encode.txt")) {

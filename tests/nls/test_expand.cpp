@@ -6,14 +6,14 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstdlib>
+#include <optional>
 #include <string>
 
-#include "core/platform.hpp"
 #include "datetime/calendar.hpp"
 #include "nls/expand.hpp"
 #include "nls/zkf.hpp"
 #include "record.hpp"
+#include "support/cases.hpp"
 #include "support/rows.hpp"
 
 namespace {
@@ -76,13 +76,12 @@ std::pair<int, std::string> run(const std::string &pattern, const moment &m,
 }
 
 TEST(expand, texts_of_the_file) {
-  const char *old = std::getenv("TZ");
-  const std::string saved = old ? old : "";
+  std::optional<xfmt::test::variable_scope> zone;  // from the row that names one on
   for (const auto &r : xfmt::test::tab_rows("nls/expand.txt")) {
     ASSERT_GE(r.size(), 8u) << r[0];
     if (r.size() > 8) {
-      setenv("TZ", r[8].c_str(), 1);
-      xfmt::platform::reread_zone();
+      zone.reset();
+      zone.emplace("TZ", r[8].c_str());
     }
     const auto [code, text] = run(xfmt::test::unescaped(r[5]), moment_of(r[2]), record_of(r[1]),
                                   std::stoi(r[4]), std::stoi(r[3]));
@@ -94,9 +93,6 @@ TEST(expand, texts_of_the_file) {
       EXPECT_EQ(text, r[7]) << r[0];
     }
   }
-  if (old) setenv("TZ", saved.c_str(), 1);
-  else unsetenv("TZ");
-  xfmt::platform::reread_zone();
   EXPECT_EQ(xfmt::nls::escaped_length("M<U00E4>rz"), 4u);
   EXPECT_EQ(xfmt::nls::escaped_length("<U00E4"), 6u);
 }

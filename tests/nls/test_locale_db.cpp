@@ -4,11 +4,11 @@
 
 #include <cctype>
 #include <cstdlib>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "nls/locale.hpp"
+#include "support/cases.hpp"
 #include "support/rows.hpp"
 #include "xfmt/xfmt.h"
 #include "core/platform.hpp"
@@ -32,26 +32,7 @@ std::vector<expected_record> records() {
   return r;
 }
 
-// Sets ZAV_LOCALE (or unsets it) for one test and restores it afterwards.
-class zav_locale_env {
- public:
-  explicit zav_locale_env(const char *value) {
-    if (const char *old = std::getenv("ZAV_LOCALE")) saved_ = old;
-    if (value) setenv("ZAV_LOCALE", value, 1);
-    else unsetenv("ZAV_LOCALE");
-    xfmt::platform::reload_environment();  // ZAV_LOCALE is read once
-  }
-  ~zav_locale_env() {
-    if (saved_) setenv("ZAV_LOCALE", saved_->c_str(), 1);
-    else unsetenv("ZAV_LOCALE");
-    xfmt::platform::reload_environment();
-  }
-  zav_locale_env(const zav_locale_env &) = delete;
-  zav_locale_env &operator=(const zav_locale_env &) = delete;
-
- private:
-  std::optional<std::string> saved_;
-};
+using xfmt::test::variable_scope;  // ZAV_LOCALE for one test
 
 // getZAVLocDB into a 160-byte buffer; the text, or "<-1>" on failure.
 std::string db(int field, int id, int capacity = 160) {
@@ -101,7 +82,7 @@ TEST(zav_locale, values_of_the_file) {
   const auto all = records();
   for (const auto &r : xfmt::test::tab_rows("nls/zav_locale.txt")) {
     const std::string value = r[1] == "(empty)" ? "" : r[1];
-    zav_locale_env env(r[1] == "(unset)" ? nullptr : value.c_str());
+    variable_scope env("ZAV_LOCALE", r[1] == "(unset)" ? nullptr : value.c_str());
     const int id = std::stoi(r[2]);
     EXPECT_EQ(xfmt::nls::resolve_locale_id(0), id) << r[0];
     const std::string name = id ? all[static_cast<size_t>(id - 1)].name : "<-1>";
@@ -121,14 +102,14 @@ TEST(zav_locale, every_record_reachable) {
     mixed[4] = static_cast<char>(std::tolower(static_cast<unsigned char>(mixed[4])));
     mixed[2] = '.';
     for (const std::string &v : {code, mixed, code + ".ISO8859-1"}) {
-      zav_locale_env env(v.c_str());
+      variable_scope env("ZAV_LOCALE", v.c_str());
       EXPECT_EQ(xfmt::nls::resolve_locale_id(0), id) << v;
     }
   }
 }
 
 TEST(zav_locale, read_once_until_reloaded) {
-  zav_locale_env env("fr_FR");
+  variable_scope env("ZAV_LOCALE", "fr_FR");
   EXPECT_EQ(db(0, 0), "French_France");
   setenv("ZAV_LOCALE", "ja_JP", 1);
   EXPECT_EQ(db(0, 0), "French_France");

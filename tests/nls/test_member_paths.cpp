@@ -6,16 +6,15 @@
 // encoder, so any difference between the two ways shows here.
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cstdio>
 #include <random>
 #include <string>
 
 #include "nls/expand.hpp"
 #include "oracle/nls_member_oracle.hpp"
+#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
-#include "core/platform.hpp"
 
 namespace {
 
@@ -130,13 +129,8 @@ TEST(nl_member_paths, every_locale_in_the_process_codeset) {
 }
 
 TEST(nl_member_paths, every_locale_in_utf8) {
-  const char *old = std::setlocale(LC_ALL, nullptr);
-  const std::string saved = old != nullptr ? old : "C";
-  std::setlocale(LC_ALL, "C.UTF-8");
-  xfmt::platform::reload_environment();  // the codeset is read once
+  const xfmt::test::codeset_scope utf8("C.UTF-8");
   sweep(0x6e6c71, xfmt::test::scaled(3));
-  std::setlocale(LC_ALL, saved.c_str());
-  xfmt::platform::reload_environment();
 }
 
 // The edges of the direct way, English (United States), one date: the text

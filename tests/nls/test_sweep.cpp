@@ -7,15 +7,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <clocale>
 #include <cmath>
 #include <initializer_list>
 #include <string>
 #include <vector>
 
 #include "core/missing.hpp"
+#include "support/cases.hpp"
 #include "support/frame.hpp"
-#include "core/platform.hpp"
 
 namespace {
 
@@ -139,12 +138,8 @@ TEST(sweep, every_routine_of_the_module_is_national) {
 
 // A UTF-8 codeset: one character may take up to three bytes of the width.
 TEST(sweep, every_member_every_third_locale_utf8_codeset) {
-  const std::string saved = std::setlocale(LC_ALL, nullptr);
-  std::setlocale(LC_ALL, "C.UTF-8");
-  xfmt::platform::reload_environment();  // the codeset is read once
+  const xfmt::test::codeset_scope utf8("C.UTF-8");
   sweep_module(3, {kind::date, kind::datetime, kind::time, kind::name, kind::money, kind::number});
-  std::setlocale(LC_ALL, saved.c_str());
-  xfmt::platform::reload_environment();
 }
 
 }  // namespace

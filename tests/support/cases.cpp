@@ -69,50 +69,6 @@ std::string describe(const format_case &c) {
   return o.str();
 }
 
-// Sets an environment variable (unsets it for null); returns what it was.
-std::optional<std::string> swap_variable(const char *name, const char *value) {
-  const char *old = std::getenv(name);
-  std::optional<std::string> was;
-  if (old) was = old;
-  if (value) setenv(name, value, 1);
-  else unsetenv(name);
-  return was;
-}
-
-// The process settings a case asks for (codeset, TZ, ZAV_LOCALE), put back
-// when the case is done; the library reads them once, so each change is
-// followed by a reload.
-class case_settings {
- public:
-  explicit case_settings(const format_case &c) : c_(c) {
-    if (c.utf8_codeset) {
-      codeset_ = std::setlocale(LC_ALL, nullptr);
-      std::setlocale(LC_ALL, "C.UTF-8");
-    }
-    if (!c.zone.empty()) zone_ = swap_variable("TZ", c.zone.c_str());
-    if (!c.zav_locale.empty())
-      zav_ = swap_variable("ZAV_LOCALE", c.zav_locale == "-" ? nullptr : c.zav_locale.c_str());
-    reload();
-  }
-  ~case_settings() {
-    if (c_.utf8_codeset) std::setlocale(LC_ALL, codeset_.c_str());
-    if (!c_.zone.empty()) swap_variable("TZ", zone_ ? zone_->c_str() : nullptr);
-    if (!c_.zav_locale.empty()) swap_variable("ZAV_LOCALE", zav_ ? zav_->c_str() : nullptr);
-    reload();
-  }
-  case_settings(const case_settings &) = delete;
-  case_settings &operator=(const case_settings &) = delete;
-
- private:
-  void reload() const {
-    if (c_.utf8_codeset || !c_.zav_locale.empty()) platform::reload_environment();
-    if (!c_.zone.empty()) platform::reread_zone();
-  }
-  const format_case &c_;
-  std::string codeset_;
-  std::optional<std::string> zone_, zav_;
-};
-
 // UTF-8 text as the UTF-16LE bytes a host asking for UTF-16 receives.
 std::string utf16le(const std::string &utf8) {
   std::string out;
@@ -336,6 +292,30 @@ std::string data_path(const std::string &file) {
 
 }  // namespace
 
+codeset_scope::codeset_scope(const char *locale_name) : saved_(std::setlocale(LC_ALL, nullptr)) {
+  std::setlocale(LC_ALL, locale_name);
+  platform::reload_environment();
+}
+
+codeset_scope::~codeset_scope() {
+  std::setlocale(LC_ALL, saved_.c_str());
+  platform::reload_environment();
+}
+
+variable_scope::variable_scope(const char *name, const char *value) : name_(name) {
+  if (const char *old = std::getenv(name)) saved_ = old;
+  set(value);
+}
+
+variable_scope::~variable_scope() { set(saved_ ? saved_->c_str() : nullptr); }
+
+void variable_scope::set(const char *value) const {
+  if (value) setenv(name_, value, 1);
+  else unsetenv(name_);
+  if (std::string_view(name_) == "TZ") platform::reread_zone();
+  else platform::reload_environment();
+}
+
 uint64_t num(double v) { return double_bits(v); }
 
 uint64_t miss(char letter) {
@@ -416,7 +396,12 @@ testing::AssertionResult holds(const format_case &c) {
     run.requested_encoding = XF_ENC_UTF16LE;
     run.want = utf16le(c.want);
   }
-  const case_settings settings(c);
+  std::optional<codeset_scope> codeset;
+  std::optional<variable_scope> zone, zav;
+  if (c.utf8_codeset) codeset.emplace("C.UTF-8");
+  if (!c.zone.empty()) zone.emplace("TZ", c.zone.c_str());
+  if (!c.zav_locale.empty())
+    zav.emplace("ZAV_LOCALE", c.zav_locale == "-" ? nullptr : c.zav_locale.c_str());
   const outcome a = run_once(routine, run, capacity);
   const outcome b = run_once(routine, run, capacity);
   std::ostringstream why;

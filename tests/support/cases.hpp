@@ -35,6 +35,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -93,6 +94,35 @@ void run_case_file(const std::string &file);
 // ('.', '_', 'A'..'Z').
 uint64_t num(double v);
 uint64_t miss(char letter);
+
+// Process settings changed for a while and put back; the library reads the
+// codeset, ZAV_LOCALE and TZ once, so each change is followed by the reload
+// it needs. The runner's utf8, tz= and zav= options go through them.
+class codeset_scope {
+ public:
+  explicit codeset_scope(const char *locale_name);  // "C.UTF-8", "C"
+  ~codeset_scope();
+  codeset_scope(const codeset_scope &) = delete;
+  codeset_scope &operator=(const codeset_scope &) = delete;
+
+ private:
+  std::string saved_;
+};
+
+// An environment variable the library reads (TZ, ZAV_LOCALE) set, or unset
+// for null.
+class variable_scope {
+ public:
+  variable_scope(const char *name, const char *value);
+  ~variable_scope();
+  variable_scope(const variable_scope &) = delete;
+  variable_scope &operator=(const variable_scope &) = delete;
+
+ private:
+  void set(const char *value) const;
+  const char *name_;
+  std::optional<std::string> saved_;
+};
 
 // Bytes shown with every non-printing byte as \xHH, for messages.
 std::string shown(std::string_view bytes);
