@@ -7,14 +7,16 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
+#include <cstdlib>
 #include <initializer_list>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "core/missing.hpp"
 #include "support/cases.hpp"
 #include "support/frame.hpp"
+#include "support/rows.hpp"
 
 namespace {
 
@@ -31,33 +33,19 @@ kind kind_of(const std::string &name) {
   return kind::number;  // NLNUM, NLPCT, NLBEST, NLD, NLPVALUE and their variants
 }
 
+// The values of the kind's row of tests/data/nls/sweep_values.txt.
 std::vector<double> values_for(kind k) {
-  const double miss = xfmt::missing_ordinary(), special = xfmt::missing_value(27);
-  const double leap = 21974;  // 2020-02-29
-  switch (k) {
-    case kind::date:
-      return {miss, special, -138061, 6589335, -138062, 6589336, leap, 0, -1};
-    case kind::datetime:
-      return {miss,
-              -11928470400.0,
-              569318630399.999,
-              -11928470401.0,
-              569318630400.0,
-              leap * 86400,
-              leap * 86400 + 43200,
-              0,
-              -0.5};
-    case kind::time:
-      return {miss, 0, 43200, 86399.999, -1, 1e9, -1e12};
-    case kind::name:
-      return {miss, 1, 4, 7, 12, 0, 13, -3.5};
-    case kind::money:
-      return {miss, 1234.5, -1234.5, -1e-5, 1e300};
-    case kind::number:  // zero, signs, tiny, huge, binary ties, 2^53, infinity
-      return {miss, special, 0, -0.0, 1234.5, -1234.5, 5e-324, -1e-7, 1e300, -1e300, 0.125,
-              -2.5, 0.375, 9007199254740993.0, 123456789.125, -1e15, HUGE_VAL};
+  static const char *const names[] = {"date", "datetime", "time", "name", "money", "number"};
+  std::vector<double> out;
+  for (const auto &l : xfmt::test::tab_lines("nls/sweep_values.txt")) {
+    if (l.at(0) != names[static_cast<int>(k)]) continue;
+    std::istringstream in(l.at(1));
+    for (std::string v; in >> v;)
+      out.push_back(v[0] == '.' ? xfmt::bits_double(xfmt::test::miss(v.size() > 1 ? v[1] : '.'))
+                                : std::strtod(v.c_str(), nullptr));
   }
-  return {};
+  EXPECT_FALSE(out.empty()) << names[static_cast<int>(k)];
+  return out;
 }
 
 bool documented(kind k, xf_status st) {
