@@ -15,21 +15,11 @@
 
 namespace {
 
-struct expected_record {
-  std::string name, code;
-};
-
-// Ids are line positions in tests/data/nls/locale_records.txt; callers store
-// them, so the order never changes.
-std::vector<expected_record> records() {
-  std::vector<expected_record> r;
-  for (const auto &l : xfmt::test::tab_lines("nls/locale_records.txt")) {
-    EXPECT_EQ(l.size(), 3u);
-    EXPECT_EQ(std::stoi(l.at(0)), static_cast<int>(r.size()) + 1);
-    r.push_back({l.at(1), l.at(2)});
-  }
-  EXPECT_EQ(r.size(), 136u);
-  return r;
+// The records in id order, tests/data/nls/locale_records.txt: id, name,
+// language_COUNTRY code. Callers store the ids, so the order never changes.
+const std::vector<std::vector<std::string>> &records() {
+  static const auto all = xfmt::test::tab_lines("nls/locale_records.txt");
+  return all;
 }
 
 using xfmt::test::variable_scope;  // ZAV_LOCALE for one test
@@ -43,34 +33,29 @@ std::string db(int field, int id, int capacity = 160) {
 }
 
 TEST(locale_records, ids_names_and_codes_in_order) {
-  const auto all = records();
-  for (int id = 1; id <= static_cast<int>(all.size()); ++id) {
-    const expected_record &r = all[static_cast<size_t>(id - 1)];
-    std::string code = r.code;
-    EXPECT_EQ(db(0, id), r.name) << id;
-    EXPECT_EQ(db(4, id), code.substr(0, 2)) << id;
-    EXPECT_EQ(db(5, id), code.substr(3, 2)) << id;
-    EXPECT_EQ(db(2, id), code.substr(0, 2)) << id;
+  ASSERT_EQ(records().size(), 136u);
+  for (int id = 1; id <= 136; ++id) {
+    const std::vector<std::string> &r = records()[static_cast<size_t>(id - 1)];
+    EXPECT_EQ(std::stoi(r.at(0)), id);
+    EXPECT_EQ(db(0, id), r.at(1)) << id;
+    EXPECT_EQ(db(4, id), r.at(2).substr(0, 2)) << id;
+    EXPECT_EQ(db(5, id), r.at(2).substr(3, 2)) << id;
+    EXPECT_EQ(db(2, id), r.at(2).substr(0, 2)) << id;
   }
 }
 
 // The zeros past the field over every capacity, field and id are the
 // locale fuzz target's check.
-TEST(get_zav_loc_db, by_id) {
+TEST(get_zav_loc_db, fields_capacities_and_bad_arguments) {
   EXPECT_EQ(db(158, 1), "<U00A0>");
   EXPECT_EQ(db(160, 1), "");                 // empty field: 0
   EXPECT_EQ(db(8, 53), "");
   EXPECT_EQ(db(0, 1, 3), "<-1>");            // "Afrikaans_SouthAfrica" into 3 bytes
   EXPECT_EQ(db(2, 1, 2), "af");              // fits exactly
-}
-
-TEST(get_zav_loc_db, bad_arguments) {
-  char buf[4] = {'x', 'x', 'x', 'x'};
-  EXPECT_EQ(getZAVLocDB(buf, 4, 189, 1), -1);
-  EXPECT_EQ(getZAVLocDB(buf, 4, -1, 1), -1);
-  EXPECT_EQ(buf[0], 0);
-  EXPECT_EQ(getZAVLocDB(buf, 0, 160, 1), 0);   // an empty field fits in nothing
-  EXPECT_EQ(getZAVLocDB(buf, -1, 160, 1), -1);
+  EXPECT_EQ(db(160, 1, 0), "");              // an empty field fits in nothing
+  EXPECT_EQ(db(189, 1), "<-1>");
+  EXPECT_EQ(db(-1, 1), "<-1>");
+  EXPECT_EQ(db(160, 1, -1), "<-1>");
   EXPECT_EQ(getZAVLocDB(nullptr, 160, 0, 1), -1);
   EXPECT_EQ(getZAVLocDB(nullptr, 160, 160, 1), 0);
 }
@@ -79,13 +64,12 @@ TEST(get_zav_loc_db, bad_arguments) {
 // ids outside 1..136 fall back to it (en_US when unset), and an id still
 // works when the value selects nothing.
 TEST(zav_locale, values_of_the_file) {
-  const auto all = records();
   for (const auto &r : xfmt::test::tab_rows("nls/zav_locale.txt")) {
     const std::string value = r[1] == "(empty)" ? "" : r[1];
     variable_scope env("ZAV_LOCALE", r[1] == "(unset)" ? nullptr : value.c_str());
     const int id = std::stoi(r[2]);
     EXPECT_EQ(xfmt::nls::resolve_locale_id(0), id) << r[0];
-    const std::string name = id ? all[static_cast<size_t>(id - 1)].name : "<-1>";
+    const std::string name = id ? records()[static_cast<size_t>(id - 1)].at(1) : "<-1>";
     EXPECT_EQ(db(0, 0), name) << r[0];
     EXPECT_EQ(db(0, 137), name) << r[0];
     EXPECT_EQ(db(0, -5), name) << r[0];
@@ -94,9 +78,8 @@ TEST(zav_locale, values_of_the_file) {
 }
 
 TEST(zav_locale, every_record_reachable) {
-  const auto all = records();
-  for (int id = 1; id <= static_cast<int>(all.size()); ++id) {
-    std::string code = all[static_cast<size_t>(id - 1)].code;
+  for (int id = 1; id <= 136; ++id) {
+    const std::string code = records()[static_cast<size_t>(id - 1)].at(2);
     std::string mixed = code;
     mixed[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(mixed[0])));
     mixed[4] = static_cast<char>(std::tolower(static_cast<unsigned char>(mixed[4])));
