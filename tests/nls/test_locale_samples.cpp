@@ -30,15 +30,12 @@ TEST(locale_record_1, fields_83_to_94_repeat_59_to_70) {
   for (int k = 0; k < 12; ++k) EXPECT_EQ(f(1, 83 + k), f(1, 59 + k)) << k;
 }
 
-// Twelve- or 24-hour clocks and the characters a country writes in its dates.
+// Twelve- or 24-hour clocks and the characters a country writes in its dates
+// (tests/data/nls/locale_parts.txt).
 TEST(locale_samples, patterns_hold_what_people_expect) {
-  const struct {
-    int id, field;
-    const char *part;
-    bool held;
-  } rows[] = {{53, 52, "%p", true},  {64, 52, "%p", false}, {64, 55, "%I", false},       {60, 52, "%p", false},
-              {5, 52, "%p", true},   {5, 32, "%A<U060C>", true}, {79, 28, "%Y<U5E74>", true}};
-  for (const auto &r : rows) EXPECT_EQ(has(f(r.id, r.field), r.part), r.held) << r.id << " " << r.field << " " << r.part;
+  for (const auto &r : xfmt::test::tab_rows("nls/locale_parts.txt"))
+    EXPECT_EQ(has(f(std::stoi(r.at(1)), std::stoi(r.at(2))), r.at(3).c_str()), r.at(4) == "held")
+        << r[0];
   EXPECT_TRUE(has(f(53, 52), "%I") || has(f(53, 52), "%#I"));
   EXPECT_TRUE(f(79, 156) == "<UFFE5>" || f(79, 156) == "<U00A5>") << f(79, 156);
 }
