@@ -14,9 +14,6 @@ struct test_record {
   std::map<int, std::string> fields;
 
   nls::field_reader reader() const { return {this, &read_field}; }
-  void set_range(int first, std::initializer_list<const char *> texts) {
-    for (const char *t : texts) fields[first++] = t;
-  }
 
   static bool read_field(const void *ctx, int field, std::string_view *text) {
     const auto &f = static_cast<const test_record *>(ctx)->fields;

@@ -16,9 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string source_dir() {
-  return XFMT_SOURCE_DIR;
-}
+const std::string source_dir = XFMT_SOURCE_DIR;
 
 std::string slurp(const fs::path &p) {
   std::ifstream in(p, std::ios::binary);
@@ -33,7 +31,7 @@ bool ok(const std::string &cmd) { return std::system((cmd + " >/dev/null 2>&1").
 std::string generate(const std::string &script, const char *tag) {
   fs::path out = fs::temp_directory_path() / (std::string("xfmt_gen_") + tag + "_" +
                                               std::to_string(::getpid()) + ".cpp");
-  std::string cmd = "python3 " + source_dir() + "/tools/gen/" + script + " --out " + out.string();
+  std::string cmd = "python3 " + source_dir + "/tools/gen/" + script + " --out " + out.string();
   EXPECT_TRUE(ok(cmd)) << cmd;
   std::string text = slurp(out);
   fs::remove(out);
@@ -43,7 +41,7 @@ std::string generate(const std::string &script, const char *tag) {
 TEST(locale_generator, name_buckets_reproduce) {
   if (!ok("python3 --version")) GTEST_SKIP() << "no python3";
   std::string made = generate("gen_locale_names.py", "names");
-  EXPECT_TRUE(made == slurp(source_dir() + "/src/nls/locale_name_buckets.inc"))
+  EXPECT_TRUE(made == slurp(source_dir + "/src/nls/locale_name_buckets.inc"))
       << "rerun: python3 tools/gen/gen_locale_names.py";
 }
 
@@ -52,7 +50,7 @@ TEST(locale_generator, locale_data_reproduces) {
   if (!fs::exists("/usr/share/i18n/locales/af_ZA")) GTEST_SKIP() << "no locale sources (package locales)";
   if (!ok("pkg-config --exists icu-i18n icu-uc") || !ok("c++ --version"))
     GTEST_SKIP() << "no ICU development files (package libicu-dev)";
-  const std::string committed = slurp(source_dir() + "/src/nls/locale_data.cpp");
+  const std::string committed = slurp(source_dir + "/src/nls/locale_data.cpp");
   // Other versions of the sources make other data; only the same versions
   // must give the same bytes.
   std::string made = generate("gen_locale_data.py", "data");

@@ -11,6 +11,7 @@
 #include "nls/money.hpp"
 #include "oracle/nls_money_oracle.hpp"
 #include "record.hpp"
+#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/rows.hpp"
 #include "support/random.hpp"
@@ -36,7 +37,8 @@ test_record monetary_record(const char *point, const char *sep, const char *grou
   r.fields[159] = grouping;
   r.fields[160] = "";
   r.fields[161] = "-";
-  r.set_range(164, flags);
+  int field = 164;
+  for (const char *f : flags) r.fields[field++] = f;
   return r;
 }
 
@@ -80,8 +82,7 @@ TEST(money, fields_of_the_file) {
       if (r[1] == name) rec = record;
     ASSERT_NE(rec, nullptr) << r[0];
     const double v = r[4][0] != '.' ? std::stod(r[4])
-                     : r[4].size() == 1 ? xfmt::missing_ordinary()
-                                        : xfmt::missing_value(r[4][1] - 'A' + 2);
+                                    : xfmt::bits_double(xfmt::test::miss(r[4].back()));
     xf_status st = 99;
     EXPECT_EQ(money(*rec, r[2].c_str(), r[3] == "1", v, std::stoi(r[5]), std::stoi(r[6]), &st),
               r[7].substr(1, r[7].size() - 2)) << r[0];

@@ -103,7 +103,7 @@ void sweep_module(int locale_step, std::initializer_list<kind> kinds, bool utf16
       }
     }
   }
-  EXPECT_GT(routines, 0u);
+  EXPECT_EQ(routines, m->count);  // every name of the national module converts
   EXPECT_GT(calls, 0u);
 }
 
@@ -115,13 +115,6 @@ TEST(sweep, money_every_locale) { sweep_module(1, {kind::money}); }
 TEST(sweep, numbers_every_locale) { sweep_module(1, {kind::number}); }
 TEST(sweep, exhaustive_numbers_and_money_every_locale_utf16) {
   sweep_module(1, {kind::number, kind::money}, true);
-}
-
-TEST(sweep, every_routine_of_the_module_is_national) {
-  const fmtinfo *m = jazwfnls();
-  size_t built = 0;
-  for (uint64_t r = 0; r < m->count; ++r) built += m->rows[r].routine != nullptr;
-  EXPECT_EQ(built, m->count);  // every name of the national module converts
 }
 
 // A UTF-8 codeset: one character may take up to three bytes of the width.

@@ -20,7 +20,7 @@ bool expand_code(const member_case &c, bool datetime, int code, std::string *tex
 }
 
 member_outcome stars(const member_case &c, xf_status status) {
-  member_outcome o{status, 0, c.before, false};
+  member_outcome o{status, 0, std::string(c.capacity, '\xEE'), false};
   uint32_t n = static_cast<uint32_t>(c.width) < c.capacity ? static_cast<uint32_t>(c.width)
                                                           : c.capacity;
   for (uint32_t i = 0; i < n; ++i) o.buffer[i] = '*';
@@ -47,7 +47,7 @@ member_outcome two_pattern_literally(const member_case &c, bool datetime, int fi
     no_room = no_room || e.result == 2;
   }
   if (short_member == nullptr) return stars(c, no_room ? XF_E_CAPACITY : XF_E_OVERFLOW);
-  member_outcome o{XF_OK, 0, c.before, true};
+  member_outcome o{XF_OK, 0, std::string(c.capacity, '\xEE'), true};
   double v = c.value;
   xf_frame f{};
   f.input = &v;

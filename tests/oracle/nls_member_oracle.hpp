@@ -16,8 +16,7 @@ struct member_case {
   int32_t width;       // at least 1
   int32_t decimals;    // at least 0
   int locale;          // 1..136
-  uint32_t capacity;   // output bytes
-  std::string before;  // the output buffer before the call (capacity bytes)
+  uint32_t capacity;   // output bytes, all 0xEE before the call (as frame_box leaves them)
 };
 
 struct member_outcome {
