@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -101,17 +100,12 @@ TEST(locname_to_id, random_codes_match_the_linear_scan) {
 TEST(encname_to_id, every_name_of_the_list) {
   auto list = encoding_list();
   ASSERT_EQ(list.size(), 438u);
-  std::set<uint32_t> ids;
   for (const auto &[id, name] : list) {
     EXPECT_EQ(enc(name), id) << name;
     std::string lower = name;
     for (char &c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     EXPECT_EQ(enc(lower), id) << lower;
-    ids.insert(id);
   }
-  for (uint32_t gap : {21u, 22u, 23u, 115u, 116u, 161u, 162u, 203u, 204u}) EXPECT_EQ(ids.count(gap), 0u);
-  EXPECT_EQ(*ids.begin(), 20u);
-  EXPECT_EQ(*ids.rbegin(), 248u);
   // Every table entry comes from the list, once (THAI and BIG5 twice).
   std::map<std::string, int> seen;
   int entries = 0;
