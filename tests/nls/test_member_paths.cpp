@@ -6,7 +6,6 @@
 // encoder, so any difference between the two ways shows here.
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <random>
 #include <string>
 

@@ -4,10 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstring>
 #include <random>
 #include <string>
-#include <vector>
 
 #include "core/missing.hpp"
 #include "support/cases.hpp"
