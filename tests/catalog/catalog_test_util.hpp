@@ -31,6 +31,17 @@ inline std::string block_text(const width_block &b) {
 
 inline std::string name_of(const fmtinfo_eachfmt &r) { return std::string(r.name, r.name_length); }
 
+// The module row a possible-format row names, looked up through xfload.
+inline const fmtinfo_eachfmt *module_row(const fmtposs_row &p) {
+  xf_status st = 0;
+  const fmtinfo *m = xfload(nullptr, p.module_name, p.module_name_length, &st);
+  for (uint64_t i = 0; m != nullptr && i < m->count; ++i)
+    if (m->rows[i].name_length == p.row.name_length &&
+        std::memcmp(m->rows[i].name, p.row.name, p.row.name_length) == 0)
+      return &m->rows[i];
+  return nullptr;
+}
+
 // Resolves a name given as a C string; returns the status, fills handle and block.
 inline xf_status resolve(const std::string &name, void **handle, width_block *block = nullptr,
                          int32_t kind = 0) {
