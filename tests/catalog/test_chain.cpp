@@ -73,16 +73,6 @@ TEST(release, a_character_user_handle_is_left_to_its_owner) {
   free_user_handle(h);
 }
 
-TEST(release, refreshed_and_intrinsic_handles_are_left_alone) {
-  fmtposs_row own{};
-  void *h = &own;
-  ASSERT_EQ(xfname3("F", 1, 0, nullptr, &h, nullptr), XF_OK);
-  EXPECT_EQ(xfdel(h), XF_OK);
-  EXPECT_EQ(xfdel(const_cast<fmtposs_row *>(&crashfmt)), XF_OK);
-  EXPECT_EQ(xfdel(const_cast<fmtposs_row *>(&ver_num[1])), XF_OK);
-  EXPECT_EQ(crashfmt.row.routine, &zfmcrash);
-}
-
 TEST(user_resolution, without_a_context_an_unknown_name_fails) {
   void *h = nullptr;
   EXPECT_EQ(xfname2("AGEGRP", 6, 0, nullptr, &h, nullptr), 1u);
@@ -139,9 +129,6 @@ TEST(user_resolution, a_ready_control_block_gives_a_user_handle) {
   EXPECT_EQ(u->chain_last, chain_block_of(u));
   const uint16_t want[8] = {u->min_width, u->max_width, u->default_width, 0, 0, 0, 0, 0};
   EXPECT_EQ(std::memcmp(block, want, sizeof want), 0);
-  // Without a routine the handle converts nothing.
-  xf_frame f{};
-  EXPECT_EQ(xffmt(&f, h), XF_E_NOT_BUILT);
   EXPECT_EQ(xfdel(h), XF_OK);  // "-": the chain goes
 }
 

@@ -4,7 +4,6 @@
 #include <cctype>
 #include <string>
 
-#include "catalog/catalog_test_util.hpp"
 #include "support/frame.hpp"
 #include "xfmt/xfmt.h"
 
@@ -22,13 +21,6 @@ std::string ask(const std::string &text) {
   frame_box b = frame_box::chars(text, 3);
   EXPECT_EQ(xffmt(&b.f, intrinsic("$IS-INTRINSIC")), XF_OK);
   return b.str();
-}
-
-TEST(build_stamp, date_and_time_exported) {
-  const char *date = nullptr, *time = nullptr;
-  get_date_time(&date, &time);
-  EXPECT_STREQ(date, "Apr 18 2019");
-  EXPECT_STREQ(time, "13:09:42");
 }
 
 TEST(is_intrinsic, every_catalogued_format_name_and_no_informat) {
