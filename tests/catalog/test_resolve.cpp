@@ -128,14 +128,4 @@ TEST(resolve, width_block_only_when_no_handle_storage_is_given) {
   EXPECT_EQ(xfname3("NOSUCH", 6, 0, b.v, nullptr, nullptr), 1u);
 }
 
-TEST(resolve, zstrip_counts_significant_bytes) {
-  EXPECT_EQ(zstrip("DATE    ", 8), 4);
-  EXPECT_EQ(zstrip("DATE", 4), 4);
-  EXPECT_EQ(zstrip("        ", 8), 0);
-  EXPECT_EQ(zstrip(" A ", 3), 2);
-  EXPECT_EQ(zstrip("A\t", 2), 2);  // only blanks are stripped
-  EXPECT_EQ(zstrip("", 0), 0);
-  EXPECT_EQ(zstrip("x", -5), -5);
-}
-
 }  // namespace
