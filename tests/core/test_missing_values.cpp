@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <string>
 
-#include "support/frame.hpp"
+#include "support/cases.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {
@@ -47,29 +47,19 @@ TEST(zmiss, recognises_only_the_missing_pattern) {
   }
 }
 
-using xfmt::test::frame_box;
-
+// Through the case check: the field, its length, the guard past it, twice.
 TEST(zfmmiss, standard_display) {
-  struct row {
-    uint64_t bits;
-    int32_t w, d;
-    std::string field;
+  using xfmt::test::number_case;
+  const xfmt::test::format_case cases[] = {
+      number_case(zfmmiss, from_bits(0xFFFFFE0000000000ull), 8, 2, "     .  "),
+      number_case(zfmmiss, from_bits(0xFFFFFE0000000000ull), 5, 0, "    ."),
+      number_case(zfmmiss, from_bits(0xFFFFFD0000000000ull), 5, 0, "    A"),
+      number_case(zfmmiss, from_bits(0xFFFFFF0000000000ull), 3, 0, "  _"),
+      number_case(zfmmiss, from_bits(0xFFFF000000000000ull), 3, 0, "   "),
+      number_case(zfmmiss, from_bits(0xFFFFFE0000000000ull), 4, 98, "   ."),
+      number_case(zfmmiss, from_bits(0xFFFFFE0000000000ull), 4, 99, "   ."),
   };
-  const row rows[] = {
-      {0xFFFFFE0000000000ull, 8, 2, "     .  "},
-      {0xFFFFFE0000000000ull, 5, 0, "    ."},
-      {0xFFFFFD0000000000ull, 5, 0, "    A"},
-      {0xFFFFFF0000000000ull, 3, 0, "  _"},
-      {0xFFFF000000000000ull, 3, 0, "   "},
-      {0xFFFFFE0000000000ull, 4, 98, "   ."},
-      {0xFFFFFE0000000000ull, 4, 99, "   ."},
-  };
-  for (const row &r : rows) {
-    frame_box b = frame_box::number(from_bits(r.bits), r.w, r.d);
-    EXPECT_EQ(zfmmiss(&b.f), XF_OK);
-    EXPECT_EQ(b.str(), r.field);
-    EXPECT_EQ(b.f.output_length, static_cast<uint32_t>(r.w));
-  }
+  for (const auto &c : cases) EXPECT_TRUE(xfmt::test::holds(c));
 }
 
 TEST(wzmisv, library_table_until_the_host_sets_its_block) {
