@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/missing.hpp"
+#include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfx.h"
 
@@ -42,20 +43,13 @@ std::string trimmed(const std::string &s) {
 }
 
 // One value through the pinned interface: (status, UTF-8 field).
-std::pair<xf_status, std::string> per_value(const xfx_spec &s, const void *input, uint32_t length) {
+std::pair<xf_status, std::string> per_value(const xfx_spec &s, double v) {
   void *h = nullptr;
   EXPECT_EQ(xfname(s.name, static_cast<int32_t>(s.name_length), (s.flags & XFX_INFORMAT) ? 73 : 0, nullptr, &h), 0u);
-  char out[256];
-  xf_frame f{};
-  f.width = s.width;
-  f.decimals = s.decimals;
-  f.input = input;
-  f.input_length = length;
-  f.output = out;
-  f.output_capacity = sizeof out;
-  xf_status st = xffmt(&f, h);
+  xfmt::test::frame_box b = xfmt::test::frame_box::number(v, s.width, s.decimals, 256);
+  xf_status st = xffmt(&b.f, h);
   xfdel(h);
-  return {st, utf8_of_1252(std::string(out, f.output_length))};
+  return {st, utf8_of_1252(b.str())};
 }
 
 std::vector<double> random_values(const char *spec, size_t n) {
@@ -98,7 +92,7 @@ TEST(columns, numeric_formats_match_one_call_per_value) {
               XFX_OK);
     ASSERT_EQ(done, n);
     for (size_t i = 0; i < n; ++i) {
-      auto [st, text] = per_value(s, &values[i], 8);
+      auto [st, text] = per_value(s, values[i]);
       std::string padded = text + std::string(stride - text.size(), '#');
       ASSERT_EQ(st_fixed[i], st) << spec << " value " << values[i];
       ASSERT_EQ(std::string(fields.data() + i * stride, stride), padded) << spec << " value " << values[i];

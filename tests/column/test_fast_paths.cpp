@@ -9,6 +9,7 @@
 
 #include "core/missing.hpp"
 #include "column/fast_paths.hpp"
+#include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
 
@@ -16,18 +17,12 @@ namespace {
 
 using xfmt::column::fixed_fast;
 using xfmt::column::plain_number_fast;
+using xfmt::test::frame_box;
 
 std::string routine_field(double v, int32_t w, int32_t d) {
-  char out[64];
-  xf_frame f{};
-  f.width = w;
-  f.decimals = d;
-  f.input = &v;
-  f.input_length = 8;
-  f.output = out;
-  f.output_capacity = sizeof out;
-  zfmt(&f);
-  return std::string(out, f.output_length);
+  frame_box b = frame_box::number(v, w, d, 64);
+  zfmt(&b.f);
+  return b.str();
 }
 
 // Money, whole numbers, magnitudes across the fast path's edge, halfway
@@ -82,16 +77,9 @@ TEST(column_fast_paths, fixed_matches_zfmt_on_random_values) {
 }
 
 double routine_number(const std::string &text, int32_t w, int32_t d, xf_status &st) {
-  double v = 0;
-  xf_frame f{};
-  f.width = w;
-  f.decimals = d;
-  f.input = text.data();
-  f.input_length = static_cast<uint32_t>(text.size());
-  f.output = &v;
-  f.output_capacity = 8;
-  st = wzifmn(&f);
-  return v;
+  frame_box b = frame_box::chars(text, w, d, 8);
+  st = wzifmn(&b.f);
+  return b.result();
 }
 
 // Texts near and beyond the fast path's limits: up to 22 digits, points,
