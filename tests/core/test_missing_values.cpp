@@ -6,6 +6,7 @@
 #include <string>
 
 #include "support/cases.hpp"
+#include "support/rows.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {
@@ -28,22 +29,14 @@ TEST(missing_values, table_rows_and_symbols) {
   EXPECT_EQ(std::bit_cast<uint64_t>(ZMISSV(-1)), 0xFFFFFE0000000000ull);
 }
 
+// The bit patterns of core/zmiss.tsv, each given to zmiss both ways.
 TEST(zmiss, recognises_only_the_missing_pattern) {
-  struct row {
-    uint64_t bits;
-    int32_t missing;
-  };
-  const row rows[] = {
-      {0xFFFFFE0000000000ull, 1}, {0xFFFFFF0000000000ull, 1}, {0xFFFFE40000000000ull, 1},
-      {0xFFFF000000000000ull, 1},  // byte 5 = 0: missing, shown as a blank
-      {0xFFFFFE0000000001ull, 0},  // a NaN with a payload in bytes 0-4
-      {0x7FFFFE0000000000ull, 0}, {0xFFF8000000000000ull, 0}, {0, 0},
-      {std::bit_cast<uint64_t>(1.5), 0},
-  };
-  for (const row &r : rows) {
-    const double v = from_bits(r.bits);
-    EXPECT_EQ(zmiss(nullptr, &v, 0.0), r.missing) << std::hex << r.bits;
-    EXPECT_EQ(zmiss(nullptr, nullptr, v), r.missing) << std::hex << r.bits;
+  for (const auto &r : xfmt::test::tab_rows("core/zmiss.tsv")) {
+    ASSERT_EQ(r.size(), 3u) << r[0];
+    const double v = from_bits(std::stoull(r[1], nullptr, 16));
+    const auto missing = static_cast<int32_t>(xfmt::test::int_of(r[2]));
+    EXPECT_EQ(zmiss(nullptr, &v, 0.0), missing) << r[0];
+    EXPECT_EQ(zmiss(nullptr, nullptr, v), missing) << r[0];
   }
 }
 
