@@ -169,14 +169,7 @@ TEST(bad_frames, sweep_of_every_catalogued_conversion) {
     xfdel(h);
   }
   // The intrinsic rows (the crash routine ends the process by design).
-  fmtinfo_eachfmt intrinsic{};
-  std::memcpy(intrinsic.name, "INTRINSIC", 9);
-  intrinsic.name_length = 9;
-  intrinsic.max_width = 32767;
-  for (xf_routine r : {zfmvernum, zfmintrns}) {
-    intrinsic.routine = r;
-    sweep_row(intrinsic, buf, calls);
-  }
+  for (const fmtposs_row &r : ver_num) sweep_row(r.row, buf, calls);
   EXPECT_GE(rows, 368u);  // every conversion built today
   std::printf("bad-frame sweep: %u conversions, %u calls\n", rows, calls);
 }
