@@ -24,10 +24,9 @@ TEST(bad_frames, int_min_decimals_in_the_e_fallback) {
   // 1e20 needs E notation at width 8, with decimals that cannot be negated.
   for (xf_routine r : {zfmt, zfmcma, zfmcmax, zfmdlr, zfmpct, zfmeuro, zfmerx, eurfrdem, eurtodem}) {
     frame_box b = frame_box::number(1e20, 8, INT32_MIN);
-    const xf_status st = r(&b.f);
+    r(&b.f);  // any status: the frame and the length are what matter here
     EXPECT_EQ(b.f.decimals, INT32_MIN);  // the caller's frame is put back
     EXPECT_LE(b.f.output_length, 8u);
-    (void)st;
   }
   // The exported layout helper reads a decimals code of any magnitude too.
   char out[16];
