@@ -81,11 +81,7 @@ void fixed_against_routine(reader &r) {
   int32_t w = 2 + r.byte() % 31, d = 1 + r.byte() % 9;
   char fast[32], slow[32];
   if (!xfmt::column::fixed_fast(v, w, d, fast)) return;
-  xf_frame f{};
-  f.width = w;
-  f.decimals = d;
-  f.input = &v;
-  f.input_length = 8;
+  xf_frame f = frame_of(w, d, &v, 8);
   f.output = slow;
   f.output_capacity = sizeof slow;
   check(zfmt(&f) == XF_OK && std::memcmp(fast, slow, static_cast<size_t>(w)) == 0);

@@ -24,10 +24,9 @@ TEST(bad_frames, int_min_decimals_in_the_e_fallback) {
   // 1e20 needs E notation at width 8, with decimals that cannot be negated.
   for (xf_routine r : {zfmt, zfmcma, zfmcmax, zfmdlr, zfmpct, zfmeuro, zfmerx, eurfrdem, eurtodem}) {
     frame_box b = frame_box::number(1e20, 8, INT32_MIN);
-    const xf_status st = r(&b.f);
+    r(&b.f);  // any status: the frame and the length are what matter here
     EXPECT_EQ(b.f.decimals, INT32_MIN);  // the caller's frame is put back
     EXPECT_LE(b.f.output_length, 8u);
-    (void)st;
   }
   // The exported layout helper reads a decimals code of any magnitude too.
   char out[16];
@@ -165,32 +164,11 @@ TEST(bad_frames, sweep_of_every_catalogued_conversion) {
     if (row.routine != nullptr) {
       sweep_row(row, buf, calls);
       ++rows;
-      // Once through the dispatch as well, with the frame at both ends.
-      double value = 2.5;
-      xf_frame f{};
-      f.width = INT32_MAX;
-      f.decimals = INT32_MIN;
-      f.input = &value;
-      f.input_length = 8;
-      f.output = buf.bytes.data();
-      f.output_capacity = 16;
-      xffmt(&f, h);
-      EXPECT_EQ(f.width, INT32_MAX) << name;
-      EXPECT_EQ(f.decimals, INT32_MIN) << name;
-      EXPECT_EQ(std::memcmp(buf.bytes.data() + 16, buf.reference.data() + 16, buf.bytes.size() - 16), 0) << name;
-      std::memset(buf.bytes.data(), untouched, 16);
     }
     xfdel(h);
   }
   // The intrinsic rows (the crash routine ends the process by design).
-  fmtinfo_eachfmt intrinsic{};
-  std::memcpy(intrinsic.name, "INTRINSIC", 9);
-  intrinsic.name_length = 9;
-  intrinsic.max_width = 32767;
-  for (xf_routine r : {zfmvernum, zfmintrns}) {
-    intrinsic.routine = r;
-    sweep_row(intrinsic, buf, calls);
-  }
+  for (const fmtposs_row &r : ver_num) sweep_row(r.row, buf, calls);
   EXPECT_GE(rows, 368u);  // every conversion built today
   std::printf("bad-frame sweep: %u conversions, %u calls\n", rows, calls);
 }

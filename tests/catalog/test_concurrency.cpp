@@ -12,9 +12,12 @@
 #include <thread>
 #include <vector>
 
+#include "support/frame.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {
+
+using xfmt::test::frame_box;
 
 struct job {
   const char *name;
@@ -65,24 +68,12 @@ void *resolve(const job &j) {
   return xfname(j.name, len, j.kind, nullptr, &h) == XF_OK ? h : nullptr;
 }
 
+// The status and the whole output buffer, bytes left untouched included.
 std::string convert(const job &j, void *h) {
-  char out[128];
-  std::memset(out, 0x5A, sizeof out);
-  xf_frame f{};
-  f.width = j.w;
-  f.decimals = j.d;
-  if (j.kind == 73) {
-    f.input = j.text;
-    f.input_length = static_cast<uint32_t>(std::strlen(j.text));
-  } else {
-    f.input = &j.value;
-    f.input_length = 8;
-  }
-  f.output = out;
-  f.output_capacity = sizeof out;
-  f.option_word = j.locale;
-  const xf_status st = xffmt(&f, h);
-  return std::to_string(st) + "|" + std::string(out, sizeof out);
+  frame_box b = j.kind == 73 ? frame_box::chars(j.text, j.w, j.d, 128) : frame_box::number(j.value, j.w, j.d, 128);
+  b.f.option_word = j.locale;
+  const xf_status st = xffmt(&b.f, h);
+  return std::to_string(st) + "|" + b.buffer();
 }
 
 TEST(concurrency, every_family_on_eight_threads_while_handles_come_and_go) {

@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "oracle/dispatch_oracle.hpp"
+#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -94,7 +95,7 @@ TEST(dispatch, catalog_handle_converts_on_a_copy_without_encodings) {
   fmtposs_row h = catalog_handle(recorder);
   frame_box b = frame_box::chars("xyz", 3);
   b.f.input_encoding = 25;
-  b.f.requested_output_encoding = 9;  // neither 0 nor UTF-16: nothing to convert
+  b.f.requested_output_encoding = XF_ENC_UTF16LE;  // the copy asks for none: never widened
   b.f.output_encoding = 5;
   b.f.option_word = 0x1234;
   b.f.option_flags = 4;
@@ -119,37 +120,6 @@ TEST(dispatch, refreshed_handle_converts_on_the_callers_frame) {
   EXPECT_EQ(seen.copy.input_encoding, 25u);
   EXPECT_EQ(b.f.option_flags, 0xFFu);
   EXPECT_EQ(b.f.output_encoding, 7u);
-}
-
-std::u16string utf16(const frame_box &b) {
-  std::u16string s(b.f.output_length / 2, u'\0');
-  std::memcpy(s.data(), b.out.data(), s.size() * 2);
-  return s;
-}
-
-TEST(dispatch, encoding_step_only_after_status_0_or_2) {
-  fmtposs_row h = catalog_handle(echo);
-  h.link = reinterpret_cast<uint64_t>(&h);
-  for (xf_status st : {0u, 2u, 1u, 25u, XF_E_OVERFLOW}) {
-    frame_box b = frame_box::chars("ab", static_cast<int32_t>(st == XF_E_OVERFLOW ? 3 : st), 0, 8);
-    b.f.decimals = static_cast<int32_t>(st);
-    b.f.requested_output_encoding = XF_ENC_UTF16LE;
-    EXPECT_EQ(xffmt(&b.f, &h), st);
-    bool widened = st == 0 || st == 2;
-    EXPECT_EQ(b.f.output_length, widened ? 4u : 2u) << st;
-  }
-}
-
-TEST(dispatch, catalog_handle_is_never_widened_through_its_copy) {
-  // The copy carries no UTF-16 request, so the output stays single-byte.
-  void *h = nullptr;
-  ASSERT_EQ(xfname("$CHAR", 5, 0, nullptr, &h), XF_OK);
-  frame_box b = frame_box::chars("ab", 4, 0, 8);
-  b.f.requested_output_encoding = XF_ENC_UTF16LE;
-  EXPECT_EQ(xffmt(&b.f, h), XF_OK);
-  EXPECT_EQ(b.str(), "ab  ");
-  EXPECT_EQ(b.f.output_encoding, 0u);
-  xfdel(h);
 }
 
 // --- user-defined handles ------------------------------------------------
@@ -246,46 +216,43 @@ TEST(dispatch_user, no_routine_is_not_built) {
 const char16_t zoe_label[] = u"Zo\u00EB \u20AC5";
 const char16_t euros_label[] = u"\u20AC\u20AC\u20AC\u20AC";
 
-TEST(dispatch_user, utf16_labels_reach_a_single_byte_host_as_utf8) {
-  xf_user_handle h = user_handle('-', utf16_label);
-  h.header = const_cast<char16_t *>(zoe_label);
-  frame_box b = frame_box::number(1, 12);
-  EXPECT_EQ(xffmt(&b.f, &h), XF_OK);
-  EXPECT_EQ(b.str(), "Zo\xC3\xAB \xE2\x82\xAC" "5");
-  EXPECT_EQ(b.f.output_encoding, 0u);
-}
-
-TEST(dispatch_user, utf8_is_cut_to_whole_characters_within_the_capacity) {
-  // Four euro signs: 8 bytes of UTF-16, 12 of UTF-8; a capacity of 8 takes two.
-  xf_user_handle h = user_handle('-', utf16_label);
-  h.header = const_cast<char16_t *>(euros_label);
-  frame_box b = frame_box::number(1, 8);
-  EXPECT_EQ(xffmt(&b.f, &h), XF_OK);
-  EXPECT_EQ(b.str(), "\xE2\x82\xAC\xE2\x82\xAC");
-  EXPECT_EQ(b.f.output_length, 6u);
-}
-
-TEST(dispatch_user, utf16_request_keeps_utf16_labels_and_widens_plain_output) {
-  xf_user_handle h = user_handle('-', utf16_label);
-  h.header = const_cast<char16_t *>(zoe_label);
-  frame_box b = frame_box::number(1, 12);
-  b.f.requested_output_encoding = XF_ENC_UTF16LE;
-  EXPECT_EQ(xffmt(&b.f, &h), XF_OK);
-  EXPECT_EQ(utf16(b), u"Zo\u00EB \u20AC5");
-  EXPECT_EQ(b.f.output_encoding, XF_ENC_UTF16LE);
-  xf_user_handle p = user_handle('-', plain_label);
-  frame_box c = frame_box::number(1, 4);
-  c.f.requested_output_encoding = XF_ENC_UTF16LE;
-  EXPECT_EQ(xffmt(&c.f, &p), XF_OK);
-  EXPECT_EQ(utf16(c), u"12");
+// What a label routine writes reaches the host as UTF-8 unless UTF-16 is
+// requested: UTF-16 labels are turned into UTF-8 cut to whole characters
+// within the capacity (four euro signs: 8 bytes of UTF-16, 12 of UTF-8, a
+// capacity of 8 takes two), or kept; plain output is widened on request.
+TEST(dispatch_user, label_output_in_the_requested_encoding) {
+  const struct {
+    xf_label_routine routine;
+    const char16_t *label;
+    uint32_t capacity, requested;
+    std::string want;
+    uint32_t encoding;
+  } cases[] = {
+      {utf16_label, zoe_label, 12, 0, "Zo\xC3\xAB \xE2\x82\xAC" "5", 0},
+      {utf16_label, euros_label, 8, 0, "\xE2\x82\xAC\xE2\x82\xAC", 0},
+      {utf16_label, zoe_label, 12, XF_ENC_UTF16LE, std::string("Z\0o\0\xEB\0 \0\xAC\x20" "5\0", 12), XF_ENC_UTF16LE},
+      {plain_label, nullptr, 4, XF_ENC_UTF16LE, std::string("1\0" "2\0", 4), XF_ENC_UTF16LE},
+  };
+  for (const auto &c : cases) {
+    xf_user_handle h = user_handle('-', c.routine);
+    h.header = const_cast<char16_t *>(c.label);
+    frame_box b = frame_box::number(1, static_cast<int32_t>(c.capacity));
+    b.f.requested_output_encoding = c.requested;
+    EXPECT_EQ(xffmt(&b.f, &h), XF_OK);
+    EXPECT_EQ(b.str(), c.want) << xfmt::test::shown(c.want);
+    EXPECT_EQ(b.f.output_encoding, c.encoding) << xfmt::test::shown(c.want);
+  }
 }
 
 }  // namespace
 
 namespace {
 
+// The encoding step follows status 0 or 2 only; after any other status the
+// field stays as the routine wrote it.
 TEST(dispatch_encoding, random_fields_against_the_oracle) {
   // A refreshed handle whose routine copies the input into the field.
+  const xf_status statuses[] = {XF_OK, XF_REDUCED, 1u, 25u, XF_E_OVERFLOW};
   fmtposs_row h = catalog_handle(echo);
   h.link = reinterpret_cast<uint64_t>(&h);
   auto gen = xfmt::test::rng(0xD15);
@@ -301,10 +268,13 @@ TEST(dispatch_encoding, random_fields_against_the_oracle) {
     bool wants = edge || gen() % 4 != 0;
     frame_box b = frame_box::chars(text, static_cast<int32_t>(text.size()), 0, cap);
     b.f.requested_output_encoding = wants ? XF_ENC_UTF16LE : 0;
-    ASSERT_EQ(xffmt(&b.f, &h), XF_OK);
+    const xf_status st = edge ? XF_OK : statuses[gen() % std::size(statuses)];
+    b.f.decimals = static_cast<int32_t>(st);
+    ASSERT_EQ(xffmt(&b.f, &h), st);
     uint32_t enc = 0;
     std::string field = text.substr(0, text.size() < cap ? text.size() : cap);
-    std::string want = xfmt::oracle::encode_field(field, cap, wants, enc);
+    const bool step = st == XF_OK || st == XF_REDUCED;
+    std::string want = step ? xfmt::oracle::encode_field(field, cap, wants, enc) : field;
     ASSERT_EQ(b.str(), want) << "case " << i << " seed " << xfmt::test::test_seed();
     ASSERT_EQ(b.f.output_encoding, enc) << "case " << i;
     ASSERT_LE(b.f.output_length, cap);

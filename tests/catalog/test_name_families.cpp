@@ -37,7 +37,8 @@ TEST(name_families, representative_names) {
 }
 
 // Every catalogued name has a rule of its own except $BYVAL and $CSTR, whose
-// layout is not described; descriptions fit their field; informats read.
+// layout is not described; informats read. (That descriptions fit their
+// field and separators have no family: xfx_host's catalog check.)
 TEST(name_families, every_name_has_its_rule) {
   for (uint32_t i = 0; i < xfx_catalog_count(); ++i) {
     xfx_catalog_entry e;
@@ -45,12 +46,8 @@ TEST(name_families, every_name_has_its_rule) {
     std::string d = e.description, name = e.spec.name;
     bool generic = d.find("a layout this library does not describe") != std::string::npos;
     EXPECT_EQ(generic, name == "$BYVAL" || name == "$CSTR") << name;
-    EXPECT_LT(d.size(), sizeof e.description - 1) << name;
     if (e.spec.flags & XFX_INFORMAT) {
       EXPECT_EQ(d.rfind("reads ", 0), 0u) << name;
-    }
-    if (e.spec.flags & XFX_SEPARATOR) {
-      EXPECT_EQ(e.spec.family, XFX_FAMILY_NONE) << name;
     }
   }
 }

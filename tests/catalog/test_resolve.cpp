@@ -2,28 +2,52 @@
 // prefix, the intrinsic names and the names that must not resolve.
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <cstring>
 #include <string>
 
-#include "catalog/catalog_test_util.hpp"
+#include "support/rows.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {
 
-using xfmt::test::expected_block;
-using xfmt::test::name_of;
-using xfmt::test::resolve;
-using xfmt::test::width_block;
+// The 16-byte width block as eight u16 values.
+struct width_block {
+  uint16_t v[8] = {0xEEEE, 0xEEEE, 0xEEEE, 0xEEEE, 0xEEEE, 0xEEEE, 0xEEEE, 0xEEEE};
+  bool operator==(const width_block &o) const { return std::memcmp(v, o.v, sizeof v) == 0; }
+};
 
+width_block expected_block(const fmtinfo_eachfmt &r) {
+  width_block b;
+  uint16_t w[8] = {r.min_width, r.max_width, r.default_width, r.national,
+                   r.min_decimals, r.max_decimals, r.default_decimals, 0};
+  std::memcpy(b.v, w, sizeof w);
+  return b;
+}
+
+std::string block_text(const width_block &b) {
+  std::string s;
+  for (uint16_t x : b.v) s += std::to_string(x) + " ";
+  return s;
+}
+
+std::string name_of(const fmtinfo_eachfmt &r) { return std::string(r.name, r.name_length); }
+
+// The module row a possible-format row names, looked up through xfload.
 const fmtinfo_eachfmt *module_row(const fmtposs_row &p) {
   xf_status st = 0;
   const fmtinfo *m = xfload(nullptr, p.module_name, p.module_name_length, &st);
-  if (m == nullptr) return nullptr;
-  for (uint64_t i = 0; i < m->count; ++i)
+  for (uint64_t i = 0; m != nullptr && i < m->count; ++i)
     if (m->rows[i].name_length == p.row.name_length &&
         std::memcmp(m->rows[i].name, p.row.name, p.row.name_length) == 0)
       return &m->rows[i];
   return nullptr;
+}
+
+// Resolves a name given as a C string; returns the status, fills handle and block.
+xf_status resolve(const std::string &name, void **handle, width_block *block = nullptr,
+                  int32_t kind = 0) {
+  return xfname(name.data(), static_cast<int32_t>(name.size()), kind, block ? block->v : nullptr, handle);
 }
 
 TEST(resolve, init_does_nothing_and_succeeds) {
@@ -43,7 +67,7 @@ TEST(resolve, every_possible_format_name_resolves_to_its_module_row) {
     width_block b;
     ASSERT_EQ(resolve(asked, &h, &b, kind), XF_OK) << name;
     ASSERT_NE(h, nullptr);
-    EXPECT_EQ(b, expected_block(*r)) << name << ": " << xfmt::test::block_text(b);
+    EXPECT_EQ(b, expected_block(*r)) << name << ": " << block_text(b);
     const auto *row = static_cast<const fmtposs_row *>(h);
     EXPECT_EQ(row->link, 0u) << name;
     EXPECT_EQ(std::memcmp(row->module_name, p.module_name, 16), 0) << name;
@@ -53,62 +77,34 @@ TEST(resolve, every_possible_format_name_resolves_to_its_module_row) {
   }
 }
 
-TEST(resolve, informats_also_resolve_under_their_at_names_as_formats) {
-  // "@F" asked as a format is the catalogued name "@F" itself.
-  void *h = nullptr;
-  width_block b;
-  ASSERT_EQ(resolve("@F", &h, &b), XF_OK);
-  EXPECT_EQ(name_of(static_cast<fmtposs_row *>(h)->row), "@F");
-  xfdel(h);
-}
-
-TEST(resolve, character_shorthands_become_char) {
-  for (const char *n : {"$", "$F", "$f"}) {
-    void *h = nullptr;
-    width_block b;
-    ASSERT_EQ(resolve(n, &h, &b), XF_OK) << n;
-    const auto *row = static_cast<const fmtposs_row *>(h);
-    EXPECT_EQ(name_of(row->row), "$CHAR") << n;
-    EXPECT_EQ(std::string(row->module_name), "JAZWFMSC");
-    const uint16_t want[8] = {1, 32767, 8, 0, 0, 0, 0, 0};
-    EXPECT_EQ(std::memcmp(b.v, want, sizeof want), 0) << n << ": " << xfmt::test::block_text(b);
-    xfdel(h);
-  }
-}
-
-TEST(resolve, three_letter_dollar_f_names_are_searched_as_they_stand) {
-  void *h = nullptr;
-  EXPECT_EQ(resolve("$FX", &h), 1u);
-  EXPECT_EQ(h, nullptr);
-  EXPECT_EQ(resolve("$G", &h), 1u);  // only F is a shorthand
-  EXPECT_EQ(h, nullptr);
-}
-
-TEST(resolve, names_that_never_resolve) {
-  const char *names[] = {
-      "@$F",        // in JAZWIMSC's table but not in the possible-format table
-      "NOSUCH",     // unknown
-      "f",          // the search is case sensitive
-      "date",
-      "DATE ",      // trailing blank counted in the length
-      "F       ",
-      "_C_R_A_S_H",  // one letter short of the intrinsic name
-      "INTRINSIC-CRDATEX",
-  };
-  for (const char *n : names) {
+// The names of catalog/resolve.tsv with their kinds: shorthands, informat
+// requests, intrinsic names and names that never resolve.
+TEST(resolve, names_of_the_resolution_table) {
+  for (const auto &r : xfmt::test::tab_rows("catalog/resolve.tsv")) {
+    ASSERT_EQ(r.size(), 4u) << r[0];
     void *h = reinterpret_cast<void *>(1);
     width_block b;
-    width_block untouched;
-    EXPECT_EQ(resolve(n, &h, &b), 1u) << n;
-    EXPECT_EQ(h, nullptr) << n;
-    EXPECT_EQ(b, untouched) << n;
+    const auto kind = static_cast<int32_t>(xfmt::test::int_of(r[2]));
+    const xf_status st = resolve(xfmt::test::unescaped(r[1]), &h, &b, kind);
+    if (r[3] == "-") {
+      EXPECT_EQ(st, 1u) << r[0];
+      EXPECT_EQ(h, nullptr) << r[0];
+      EXPECT_EQ(b, width_block{}) << r[0];
+      continue;
+    }
+    EXPECT_EQ(st, XF_OK) << r[0];
+    if (st != XF_OK) continue;
+    const auto *row = static_cast<const fmtposs_row *>(h);
+    EXPECT_EQ(name_of(row->row), r[3]) << r[0];
+    EXPECT_EQ(b, expected_block(row->row)) << r[0] << ": " << block_text(b);
+    EXPECT_EQ(row->link, 0u) << r[0];
+    // A host tells the static intrinsic rows by the blank kind byte and
+    // module name length 1.
+    const bool intrinsic = row == &crashfmt || row == &ver_num[0] || row == &ver_num[1];
+    EXPECT_EQ(row->module_name_length, intrinsic ? 1u : 8u) << r[0];
+    EXPECT_EQ(row->module_name[0] == ' ', intrinsic) << r[0];
+    EXPECT_EQ(xfdel(h), XF_OK) << r[0];  // refused quietly for static rows: never freed
   }
-  void *h = nullptr;
-  EXPECT_EQ(xfname("@$F", 3, 0, nullptr, &h), 1u);
-  // The shorthand applies before the informat prefix: "$F" asks for "@$CHAR".
-  ASSERT_EQ(xfname("$F", 2, 73, nullptr, &h), XF_OK);
-  EXPECT_EQ(name_of(static_cast<fmtposs_row *>(h)->row), "@$CHAR");
-  xfdel(h);
 }
 
 TEST(resolve, trailing_blanks_outside_the_length_are_ignored) {
@@ -128,50 +124,6 @@ TEST(resolve, bad_arguments_fail_with_1) {
   std::string long_name(300, 'F');
   EXPECT_EQ(xfname(long_name.data(), 300, 0, nullptr, &h), 1u);
   EXPECT_EQ(h, nullptr);
-}
-
-TEST(resolve, informat_kind_puts_an_at_before_the_name) {
-  // Kind 73 itself is proved over every informat above; "@COMMA" with kind
-  // 73 is searched as "@@COMMA".
-  void *h = nullptr;
-  width_block b;
-  EXPECT_EQ(resolve("@COMMA", &h, &b, 73), 1u);
-  EXPECT_EQ(h, nullptr);
-  // Any kind other than 73 asks for a format.
-  ASSERT_EQ(resolve("COMMA", &h, &b, 72), XF_OK);
-  EXPECT_EQ(name_of(static_cast<fmtposs_row *>(h)->row), "COMMA");
-  xfdel(h);
-}
-
-struct intrinsic_case {
-  const char *name;
-  const fmtposs_row *row;
-  uint16_t width;
-};
-
-TEST(resolve, intrinsic_names_resolve_to_their_static_rows) {
-  const intrinsic_case cases[] = {
-      {"_C_R_A_S_H_", &crashfmt, 1},
-      {"INTRINSIC-CRDATE", &ver_num[0], 20},
-      {"$IS-INTRINSIC", &ver_num[1], 3},
-  };
-  for (const intrinsic_case &c : cases) {
-    void *h = nullptr;
-    width_block b;
-    ASSERT_EQ(resolve(c.name, &h, &b), XF_OK) << c.name;
-    EXPECT_EQ(h, c.row) << c.name;
-    const uint16_t want[8] = {c.width, c.width, c.width, 0, 0, 0, 0, 0};
-    EXPECT_EQ(std::memcmp(b.v, want, sizeof want), 0) << c.name;
-    // A host tells them apart by the blank kind byte and module name length 1.
-    const auto *row = static_cast<const fmtposs_row *>(h);
-    EXPECT_EQ(row->module_name[0], ' ');
-    EXPECT_EQ(row->module_name_length, 1u);
-    EXPECT_EQ(row->link, 0u);
-    EXPECT_EQ(xfdel(h), XF_OK);  // refused quietly: static rows are never freed
-  }
-  // An informat request puts "@" in front, so no intrinsic name matches.
-  void *h = nullptr;
-  EXPECT_EQ(xfname("_C_R_A_S_H_", 11, 73, nullptr, &h), 1u);
 }
 
 TEST(resolve, handle_storage_already_set_is_refreshed_in_place) {
@@ -206,16 +158,6 @@ TEST(resolve, width_block_only_when_no_handle_storage_is_given) {
   const uint16_t want[8] = {1, 32, 12, 0, 0, 31, 0, 0};
   EXPECT_EQ(std::memcmp(b.v, want, sizeof want), 0);
   EXPECT_EQ(xfname3("NOSUCH", 6, 0, b.v, nullptr, nullptr), 1u);
-}
-
-TEST(resolve, zstrip_counts_significant_bytes) {
-  EXPECT_EQ(zstrip("DATE    ", 8), 4);
-  EXPECT_EQ(zstrip("DATE", 4), 4);
-  EXPECT_EQ(zstrip("        ", 8), 0);
-  EXPECT_EQ(zstrip(" A ", 3), 2);
-  EXPECT_EQ(zstrip("A\t", 2), 2);  // only blanks are stripped
-  EXPECT_EQ(zstrip("", 0), 0);
-  EXPECT_EQ(zstrip("x", -5), -5);
 }
 
 }  // namespace

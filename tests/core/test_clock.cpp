@@ -77,7 +77,7 @@ TEST(pinned_zone, reaches_the_zoned_national_formats) {
 }
 
 // ZAV_LOCALE is taken once; reload_environment takes it again and moves
-// the generation on, and the record it names follows.
+// the generation on. (The record it names follows: nls's zav_locale tests.)
 TEST(environment, read_once_until_reloaded) {
   const char *old = std::getenv("ZAV_LOCALE");
   const std::string saved = old != nullptr ? old : "";
@@ -86,18 +86,11 @@ TEST(environment, read_once_until_reloaded) {
   const uint32_t generation = environment().generation;
   EXPECT_TRUE(environment().zav_locale_set);
   EXPECT_STREQ(environment().zav_locale, "de_DE");
-  char name[160];
-  ASSERT_GT(getZAVLocDB(name, 160, 0, 0), 0);
-  EXPECT_STREQ(name, "German_Germany");
   unsetenv("ZAV_LOCALE");
   EXPECT_STREQ(environment().zav_locale, "de_DE");  // not seen yet
-  ASSERT_GT(getZAVLocDB(name, 160, 0, 0), 0);
-  EXPECT_STREQ(name, "German_Germany");
   reload_environment();
   EXPECT_EQ(environment().generation, generation + 1);
   EXPECT_FALSE(environment().zav_locale_set);
-  ASSERT_GT(getZAVLocDB(name, 160, 0, 0), 0);
-  EXPECT_STREQ(name, "English_UnitedStates");
   EXPECT_NE(environment().codeset[0], '\0');  // the C library always names one
   if (old != nullptr) setenv("ZAV_LOCALE", saved.c_str(), 1);
   reload_environment();

@@ -5,7 +5,8 @@
 #include <cstdio>
 #include <string>
 
-#include "support/frame.hpp"
+#include "support/cases.hpp"
+#include "support/rows.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {
@@ -28,48 +29,30 @@ TEST(missing_values, table_rows_and_symbols) {
   EXPECT_EQ(std::bit_cast<uint64_t>(ZMISSV(-1)), 0xFFFFFE0000000000ull);
 }
 
+// The bit patterns of core/zmiss.tsv, each given to zmiss both ways.
 TEST(zmiss, recognises_only_the_missing_pattern) {
-  struct row {
-    uint64_t bits;
-    int32_t missing;
-  };
-  const row rows[] = {
-      {0xFFFFFE0000000000ull, 1}, {0xFFFFFF0000000000ull, 1}, {0xFFFFE40000000000ull, 1},
-      {0xFFFF000000000000ull, 1},  // byte 5 = 0: missing, shown as a blank
-      {0xFFFFFE0000000001ull, 0},  // a NaN with a payload in bytes 0-4
-      {0x7FFFFE0000000000ull, 0}, {0xFFF8000000000000ull, 0}, {0, 0},
-      {std::bit_cast<uint64_t>(1.5), 0},
-  };
-  for (const row &r : rows) {
-    const double v = from_bits(r.bits);
-    EXPECT_EQ(zmiss(nullptr, &v, 0.0), r.missing) << std::hex << r.bits;
-    EXPECT_EQ(zmiss(nullptr, nullptr, v), r.missing) << std::hex << r.bits;
+  for (const auto &r : xfmt::test::tab_rows("core/zmiss.tsv")) {
+    ASSERT_EQ(r.size(), 3u) << r[0];
+    const double v = from_bits(std::stoull(r[1], nullptr, 16));
+    const auto missing = static_cast<int32_t>(xfmt::test::int_of(r[2]));
+    EXPECT_EQ(zmiss(nullptr, &v, 0.0), missing) << r[0];
+    EXPECT_EQ(zmiss(nullptr, nullptr, v), missing) << r[0];
   }
 }
 
-using xfmt::test::frame_box;
-
+// Through the case check: the field, its length, the guard past it, twice.
 TEST(zfmmiss, standard_display) {
-  struct row {
-    uint64_t bits;
-    int32_t w, d;
-    std::string field;
+  using xfmt::test::number_case;
+  const xfmt::test::format_case cases[] = {
+      number_case(zfmmiss, from_bits(0xFFFFFE0000000000ull), 8, 2, "     .  "),
+      number_case(zfmmiss, from_bits(0xFFFFFE0000000000ull), 5, 0, "    ."),
+      number_case(zfmmiss, from_bits(0xFFFFFD0000000000ull), 5, 0, "    A"),
+      number_case(zfmmiss, from_bits(0xFFFFFF0000000000ull), 3, 0, "  _"),
+      number_case(zfmmiss, from_bits(0xFFFF000000000000ull), 3, 0, "   "),
+      number_case(zfmmiss, from_bits(0xFFFFFE0000000000ull), 4, 98, "   ."),
+      number_case(zfmmiss, from_bits(0xFFFFFE0000000000ull), 4, 99, "   ."),
   };
-  const row rows[] = {
-      {0xFFFFFE0000000000ull, 8, 2, "     .  "},
-      {0xFFFFFE0000000000ull, 5, 0, "    ."},
-      {0xFFFFFD0000000000ull, 5, 0, "    A"},
-      {0xFFFFFF0000000000ull, 3, 0, "  _"},
-      {0xFFFF000000000000ull, 3, 0, "   "},
-      {0xFFFFFE0000000000ull, 4, 98, "   ."},
-      {0xFFFFFE0000000000ull, 4, 99, "   ."},
-  };
-  for (const row &r : rows) {
-    frame_box b = frame_box::number(from_bits(r.bits), r.w, r.d);
-    EXPECT_EQ(zfmmiss(&b.f), XF_OK);
-    EXPECT_EQ(b.str(), r.field);
-    EXPECT_EQ(b.f.output_length, static_cast<uint32_t>(r.w));
-  }
+  for (const auto &c : cases) EXPECT_TRUE(xfmt::test::holds(c));
 }
 
 TEST(wzmisv, library_table_until_the_host_sets_its_block) {

@@ -1,81 +1,32 @@
-// String helpers: trimming, case, comparison, searching, translating, deleting.
+// String helpers: trimming, case, comparison, searching, translating and
+// deleting, one call a row of core/strings.tsv; wztxlit; min and max.
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <string>
 
+#include "core/byte_area_rows.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {
 
+using xfmt::test::byte_call;
 
-TEST(wzstrip, trailing_blanks) {
-  EXPECT_EQ(wzstrip("ab  ", 4), 2);
-  EXPECT_EQ(wzstrip("    ", 4), 0);
-  EXPECT_EQ(wzstrip(" a", 2), 2);
-  EXPECT_EQ(wzstrip("ab  ", -1), 2);  // NUL-terminated
-  EXPECT_EQ(wzstrip("", 0), 0);
-  EXPECT_EQ(wzstrip(nullptr, 3), 0);
-  EXPECT_EQ(wzstrip("a\t ", 3), 2);   // only blanks count
-}
+const xfmt::test::byte_helper helpers[] = {
+    {"zstrip", [](const byte_call &c) { return zstrip(c.p, c.n); }, nullptr},
+    {"wzstrip", [](const byte_call &c) { return wzstrip(c.p, c.n); }, nullptr},
+    {"wzstrup", nullptr, [](const byte_call &c) { wzstrup(c.p, c.n); }},
+    {"wzsteqn", [](const byte_call &c) { return wzsteqn(c.p, c.n, c.s, c.m); }, nullptr},
+    {"wzstpos", [](const byte_call &c) { return wzstpos(c.p, c.n, c.byte()); }, nullptr},
+    {"wzstver", [](const byte_call &c) { return wzstver(c.p, c.n, c.s, c.m); }, nullptr},
+    {"wzstnot", [](const byte_call &c) { return wzstnot(c.p, c.n, c.byte()); }, nullptr},
+    {"STQX", [](const byte_call &c) { return STQX(c.p, c.n, c.s); }, nullptr},
+    {"STQXN", [](const byte_call &c) { return STQXN(c.p, c.n, c.s); }, nullptr},
+    {"wzstndx", [](const byte_call &c) { return wzstndx(c.p, c.n, c.s, c.m); }, nullptr},
+    {"wzstrns", nullptr, [](const byte_call &c) { wzstrns(c.p, c.n, c.s, c.s + c.m, c.m); }},
+    {"wzstdel", [](const byte_call &c) { return wzstdel(c.p, c.n, c.s, c.m); }, nullptr},
+};
 
-TEST(wzstrup, upper_cases_in_place) {
-  char t[] = "abc1z";
-  wzstrup(t, 3);
-  EXPECT_STREQ(t, "ABC1z");
-  wzstrup(t, -1);
-  EXPECT_STREQ(t, "ABC1Z");
-}
-
-TEST(wzsteqn, case_blind_equal_lengths) {
-  EXPECT_EQ(wzsteqn("Date", 4, "DATE", 4), 1);
-  EXPECT_EQ(wzsteqn("Date", 4, "DATE ", 5), 0);
-  EXPECT_EQ(wzsteqn("Dat", 3, "Dae", 3), 0);
-  EXPECT_EQ(wzsteqn("", 0, "", 0), 1);
-  EXPECT_EQ(wzsteqn(nullptr, 0, nullptr, 0), 1);
-}
-
-TEST(searching, positions_and_not_found) {
-  EXPECT_EQ(wzstpos("abc", 3, 'c'), 2);
-  EXPECT_EQ(wzstpos("abc", -1, 'b'), 1);
-  EXPECT_EQ(wzstpos("abc", 3, 'x'), -1);
-  EXPECT_EQ(wzstpos(nullptr, 3, 'a'), -1);
-  EXPECT_EQ(wzstpos("ab\xE9", 3, 0xE9), 2);
-  EXPECT_EQ(wzstver("  12 ", 5, " ", 1), 2);
-  EXPECT_EQ(wzstver("    ", 4, " ", 1), -1);
-  EXPECT_EQ(wzstver("ab", 0, " ", 1), -1);
-  EXPECT_EQ(wzstnot("000120", 6, '0'), 3);
-  EXPECT_EQ(wzstnot("000", 3, '0'), -1);
-  EXPECT_EQ(STQX("abc,def", 7, ",;"), 3);
-  EXPECT_EQ(STQX("abcdef", 6, ",;"), -1);
-  EXPECT_EQ(STQXN("+-12", 4, "+-"), 2);
-  EXPECT_EQ(STQXN("+-", 2, "+-"), -1);
-  EXPECT_EQ(wzstndx("hello world", 11, "wor", 3), 6);
-  EXPECT_EQ(wzstndx("hello", 5, "hello!", 6), -1);
-  EXPECT_EQ(wzstndx("hello", 5, "xyz", 3), -1);
-  EXPECT_EQ(wzstndx("hello", 5, "o", 1), 4);
-  EXPECT_EQ(wzstndx("hello", 5, "", 0), 0);
-}
-
-TEST(wzstrns, translates_by_position_in_from) {
-  char t[] = "a.b,c";
-  wzstrns(t, 5, ",.", ".,", 2);
-  EXPECT_STREQ(t, "a,b.c");
-  char u[] = "aaa";
-  wzstrns(u, 3, "xy", "aa", 2);  // the first occurrence in from decides
-  EXPECT_STREQ(u, "xxx");
-}
-
-TEST(wzstdel, removes_set_bytes) {
-  char t[] = "1,234,567";
-  EXPECT_EQ(wzstdel(t, 9, ",", 1), 7);
-  EXPECT_EQ(std::string(t, 7), "1234567");
-  EXPECT_EQ(std::string(t + 7), "67");  // bytes past the new length keep their values
-  char only[] = ",,,";
-  EXPECT_EQ(wzstdel(only, 3, ",", 1), 0);
-  EXPECT_STREQ(only, ",,,");
-  EXPECT_EQ(wzstdel(only, 0, ",", 1), 0);
-}
+TEST(strings, calls_of_the_strings_table) { xfmt::test::run_byte_area_rows("core/strings.tsv", helpers); }
 
 TEST(wztxlit, returns_its_argument) {
   const char *s = "x";
