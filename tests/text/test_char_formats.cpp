@@ -14,17 +14,27 @@ namespace {
 
 using xfmt::test::frame_box;
 
-TEST(Quote, AgainstOracle) {
+// $QUOTE (on texts of quotes and blanks) and $REVERJ (on printable ASCII)
+// against their literal versions.
+TEST(QuoteReverj, AgainstOracle) {
+  const struct {
+    xf_routine routine;
+    std::string (*oracle)(const std::string &, int32_t);
+    std::string alphabet;
+    int min_width;
+  } formats[] = {{zfmquote, xfmt::oracle::quote, "a\" Z", 2}, {zfmreverj, xfmt::oracle::reverj, "", 1}};
   auto g = xfmt::test::rng(301);
-  std::uniform_int_distribution<int> len(0, 20), pick(0, 3), wd(2, 30);
-  const char alphabet[] = {'a', '"', ' ', 'Z'};
-  for (uint64_t i = 0; i < xfmt::test::scaled(20000); ++i) {
-    std::string s;
-    for (int n = len(g); n > 0; --n) s += alphabet[pick(g)];
-    int32_t w = wd(g);
-    frame_box b = frame_box::chars(s, w);
-    ASSERT_EQ(zfmquote(&b.f), XF_OK);
-    ASSERT_EQ(b.str(), xfmt::oracle::quote(s, w)) << "'" << s << "' " << w;
+  for (const auto &fmt : formats) {
+    std::uniform_int_distribution<int> len(0, 20), byte(32, 126), wd(fmt.min_width, 30);
+    for (uint64_t i = 0; i < xfmt::test::scaled(20000); ++i) {
+      std::string s;
+      for (int n = len(g); n > 0; --n)
+        s += fmt.alphabet.empty() ? static_cast<char>(byte(g)) : fmt.alphabet[static_cast<size_t>(byte(g)) % 4];
+      const int32_t w = wd(g);
+      frame_box b = frame_box::chars(s, w);
+      ASSERT_EQ(fmt.routine(&b.f), XF_OK);
+      ASSERT_EQ(b.str(), fmt.oracle(s, w)) << "'" << s << "' " << w << " seed " << xfmt::test::test_seed();
+    }
   }
 }
 
@@ -41,19 +51,6 @@ TEST(Upcase, EveryByteFollowsUnicode) {
     frame_box f = frame_box::chars(std::string(in, 1), 1);
     ASSERT_EQ(zfmupcase(&f.f), XF_OK);
     EXPECT_EQ(static_cast<unsigned char>(f.str()[0]), want) << "byte " << b;
-  }
-}
-
-TEST(Reverj, AgainstOracle) {
-  auto g = xfmt::test::rng(302);
-  std::uniform_int_distribution<int> len(0, 20), byte(32, 126), wd(1, 30);
-  for (uint64_t i = 0; i < xfmt::test::scaled(20000); ++i) {
-    std::string s;
-    for (int n = len(g); n > 0; --n) s += static_cast<char>(byte(g));
-    int32_t w = wd(g);
-    frame_box b = frame_box::chars(s, w);
-    ASSERT_EQ(zfmreverj(&b.f), XF_OK);
-    ASSERT_EQ(b.str(), xfmt::oracle::reverj(s, w));
   }
 }
 

@@ -1,12 +1,13 @@
-// Numeric value-label lookup: keys, UTF-16 delivery, label lists, and the
-// bisections against the linear search over random sorted tables (the
-// single lookups are rows of tests/data/userfmt/lookups.txt).
+// Numeric value-label lookup: keys, UTF-16 delivery, label lists and a
+// table of single values (the single lookups are rows of
+// tests/data/userfmt/lookups.txt; bisection against the linear search over
+// random sorted tables is the reader's indexed-bisection test and
+// fuzz_lookup_numeric).
 #include <gtest/gtest.h>
 
 #include <limits>
 
 #include "support/frame.hpp"
-#include "support/random.hpp"
 #include "userfmt/tables.hpp"
 #include "xfmt/xfmt.h"
 
@@ -61,32 +62,6 @@ TEST(numeric_lookup, single_value_table_by_bisection) {
   for (int i = 0; i < 100; ++i) f.value(i * 2, std::to_string(i));
   for (int i = 0; i < 100; ++i) EXPECT_EQ(run_number(yfpfnfs, f, i * 2, 2).text.substr(0, std::to_string(i).size()), std::to_string(i));
   EXPECT_EQ(run_number(yfpfnfs, f, 3, 2).flags & XF_FLAG_UNFORMATTED, XF_FLAG_UNFORMATTED);
-}
-
-TEST(numeric_lookup, bisection_agrees_with_linear_on_random_sorted_tables) {
-  auto g = rng(11);
-  uint64_t tables = scaled(200);
-  for (uint64_t t = 0; t < tables; ++t) {
-    memory_format f;
-    int n = static_cast<int>(g() % 60) + 1;
-    double at = -100.0 + static_cast<double>(g() % 50);
-    for (int i = 0; i < n; ++i) {
-      double len = static_cast<double>(g() % 8);
-      uint8_t flags = static_cast<uint8_t>(g() % 2 ? XF_RANGE_END_EXCL : 0);
-      bool single = len == 0 && g() % 2;
-      if (single) f.value(at, "v" + std::to_string(i));
-      else f.range(at, at + len, "r" + std::to_string(i), (len == 0 ? 0 : flags));
-      // Next start: shared boundary when this end is excluded, else beyond it.
-      at += len + ((flags && len > 0) ? 0.0 : 1.0 + static_cast<double>(g() % 3));
-    }
-    for (int k = 0; k < 200; ++k) {
-      double v = -105.0 + static_cast<double>(g() % 2000) * 0.25;
-      result a = run_number(yfpfnfn, f, v, 4);
-      result b = run_number(yfpfnfm, f, v, 4);
-      ASSERT_EQ(a.text, b.text) << "seed " << test_seed() << " table " << t << " value " << v;
-      ASSERT_EQ(a.flags, b.flags);
-    }
-  }
 }
 
 }  // namespace
