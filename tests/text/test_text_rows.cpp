@@ -3,6 +3,7 @@
 // the row's capacity followed by guard bytes, which must stay untouched.
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -29,8 +30,7 @@ struct call {
 
 std::string hex8(uint32_t v) {
   char s[9];
-  for (int i = 7; i >= 0; --i, v >>= 4) s[i] = "0123456789ABCDEF"[v & 15];
-  s[8] = 0;
+  std::snprintf(s, sizeof s, "%08X", v);
   return s;
 }
 

@@ -16,6 +16,13 @@ std::filesystem::path data_dir() {
   return std::filesystem::path(XFMT_SOURCE_DIR) / "tests" / "data";
 }
 
+std::string file_text(const std::string &file) {
+  std::ifstream in(data_dir() / file, std::ios::binary);
+  std::stringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
 in_data_dir::in_data_dir() : saved_(std::filesystem::current_path()) {
   std::filesystem::current_path(data_dir());
 }
@@ -35,10 +42,7 @@ read_request::~read_request() { xfmt::catalog::free_chain(first_); }
 
 std::string write_control_file(const std::string &file, const std::vector<control_row> &rows,
                                int hours_back) {
-  std::ifstream in(data_dir() / "userfmt/bad_number.xml");
-  std::stringstream template_text;
-  template_text << in.rdbuf();
-  const std::string xml = template_text.str();
+  const std::string xml = file_text("userfmt/bad_number.xml");
   const std::string path = ::testing::TempDir() + "/xfmt_" + std::to_string(::getpid()) + "_" + file;
   {
     std::ofstream out(path, std::ios::binary | std::ios::trunc);

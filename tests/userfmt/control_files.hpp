@@ -13,6 +13,9 @@ namespace xfmt::test {
 
 std::filesystem::path data_dir();
 
+// The bytes of a file under the data folder.
+std::string file_text(const std::string &file);
+
 // Runs cwd-sensitive code inside the data folder.
 class in_data_dir {
  public:

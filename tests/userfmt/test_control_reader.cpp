@@ -4,10 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
-#include <fstream>
 #include <random>
-#include <sstream>
 #include <vector>
 
 #include "support/random.hpp"
@@ -115,10 +112,7 @@ TEST(control_reader, labels_of_the_file) {
 }
 
 TEST(control_reader, memory_buffer_and_listing) {
-  std::ifstream in(data_dir() / "cntlout.xml", std::ios::binary);
-  std::stringstream ss;
-  ss << in.rdbuf();
-  std::string text = ss.str();
+  std::string text = file_text("cntlout.xml");
   std::string names;
   int32_t rc = xfmt::userfmt::list_control_formats(
       text.data(), text.size(),
@@ -216,41 +210,24 @@ std::size_t line_of(const std::string &text, std::size_t offset) {
 // The line and reason a person gets for a control file that cannot be read:
 // the line is where the reading stopped, whatever broke it.
 TEST(control_reader, diagnosis_names_line_and_reason) {
-  std::ifstream in(data_dir() / "cntlout.xml", std::ios::binary);
-  std::stringstream ss;
-  ss << in.rdbuf();
-  const std::string good = ss.str();
+  const std::string good = file_text("cntlout.xml");
   xfmt::userfmt::control_problem p = diagnose(good, "AGEGRP");
   EXPECT_EQ(p.code, 0);
   EXPECT_EQ(p.line, 0u);
   EXPECT_EQ(diagnose(good, "NOPE").code, 1);  // no row defines it: not an error of the file
 
-  // Each fault on the line where it lies: an element closed with the wrong
-  // name, a TYPE the reader does not know, a reversed range (named as such)
-  // and another bad row (which keeps the general reason).
-  const struct {
-    const char *find, *put;
-    int32_t code;
-    char match;  // '=' the reason, '~' contains it, '!' does not contain it
-    const char *reason;
-  } faults[] = {
-      {"</ROW>", "</RO>", -2, '~', "malformed XML"},
-      {"<TYPE>N</TYPE>", "<TYPE>Q</TYPE>", -20, '=', "an unknown TYPE"},
-      {"<START>13</START><END>20</END>", "<START>20</START><END>13</END>", -3, '=',
-       "a range whose START lies above its END"},
-      {"<START>13</START><END>20</END>", "<START>1x</START><END>20</END>", -3, '!', "above"},
-  };
-  for (const auto &f : faults) {
+  // Each fault of tests/data/userfmt/diagnoses.txt on the line where it lies.
+  for (const auto &f : tab_rows("userfmt/diagnoses.txt")) {
     std::string text = good;
-    const std::size_t at = text.find(f.find);
-    text.replace(at, std::strlen(f.find), f.put);
+    const std::size_t at = text.find(f[1]);
+    ASSERT_NE(at, std::string::npos) << f[0];
+    text.replace(at, f[1].size(), f[2]);
     p = diagnose(text, "AGEGRP");
-    EXPECT_EQ(p.code, f.code) << f.put;
-    EXPECT_EQ(p.line, line_of(text, at)) << f.put;
+    EXPECT_EQ(p.code, std::stoi(f[3])) << f[0];
+    EXPECT_EQ(p.line, line_of(text, at)) << f[0];
     const std::string reason = p.reason;
-    EXPECT_TRUE(f.match == '=' ? reason == f.reason
-                               : (reason.find(f.reason) != std::string::npos) == (f.match == '~'))
-        << f.put << ": " << reason;
+    EXPECT_TRUE(f[4] == "=" ? reason == f[5] : (reason.find(f[5]) != std::string::npos) == (f[4] == "~"))
+        << f[0] << ": " << reason;
   }
 
   // A header without the columns every row needs ends at its last line.
