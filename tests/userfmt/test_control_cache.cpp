@@ -6,7 +6,6 @@
 #include <thread>
 #include <vector>
 
-#include "support/frame.hpp"
 #include "userfmt/control_files.hpp"
 #include "userfmt/control_reader.hpp"
 #include "xfmt/xfmt.h"
@@ -28,13 +27,7 @@ std::string many_formats_file(const std::string &file, int count, const std::str
 // The label format `name` of the file gives the value 5, or the read code.
 std::string label_of(const std::string &path, const std::string &name) {
   read_request r(path, name);
-  if (r.rc != 0) return "rc " + std::to_string(r.rc);
-  frame_box b = frame_box::number(5.0, 12, 0);
-  xf_user_handle h{};
-  setfptr(r.header(), &h);
-  if (!h.routine) return "no routine";
-  h.routine(&b.f, r.header(), r.ranges());
-  return b.str();
+  return r.rc != 0 ? "rc " + std::to_string(r.rc) : xfmt::test::label_of(r, "5", 12);
 }
 
 std::string trimmed(std::string s) {

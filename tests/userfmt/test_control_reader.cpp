@@ -21,24 +21,6 @@ using namespace xfmt::test;
 
 namespace {
 
-// The label of the value (a number, . or .A-.Z; for a $ format the text)
-// through the routine a handle of the format gets.
-std::string label_of(const read_request &r, const std::string &value, int32_t w) {
-  xf_user_handle h{};
-  setfptr(r.header(), &h);
-  EXPECT_NE(h.routine, nullptr);
-  if (!h.routine) return "";
-  const bool text = r.header()->kind == 11;
-  const std::string in = unescaped(value);
-  const std::u16string units(in.begin(), in.end());
-  frame_box b = frame_box::chars(std::string(reinterpret_cast<const char *>(units.data()), 2 * units.size()), w);
-  b.f.input_encoding = XF_ENC_UTF16LE;
-  if (!text)
-    b = frame_box::number(value[0] == '.' ? missing_letter(value.size() == 1 ? '.' : value[1]) : std::stod(value), w);
-  h.routine(&b.f, r.header(), r.ranges());
-  return b.str();
-}
-
 // The read codes of tests/data/userfmt/reads.txt; the source asked for
 // never stays in the context.
 TEST(control_reader, read_codes_of_the_file) {
