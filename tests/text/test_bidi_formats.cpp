@@ -1,6 +1,6 @@
 // $LOGVS, $LOGVSR, $VSLOG, $VSLOGR and $BIDI beyond their table in
-// tests/data/text: missing input, text longer than the work arrays, and
-// random lines turned twice.
+// tests/data/text: text longer than the work arrays and random lines turned
+// twice (missing input is in test_char_formats.cpp).
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -19,16 +19,6 @@ using xfmt::test::frame_box;
 #define BET "\xD7\x91"
 #define GIMEL "\xD7\x92"
 #define DALET "\xD7\x93"
-
-TEST(bidi_formats, missing_input_is_an_empty_value) {
-  for (xf_routine routine : {zfmlogvs, zfmlogvsr, zfmvslog, zfmvslogr, zfmbidi}) {
-    frame_box b = frame_box::chars("", 3);
-    b.f.input = nullptr;
-    b.f.input_length = 50;  // must not be read
-    EXPECT_EQ(routine(&b.f), XF_OK);
-    EXPECT_EQ(b.str(), "   ");
-  }
-}
 
 // Longer than the work arrays: pieces cut after a blank, nothing lost.
 TEST(bidi_formats, text_longer_than_the_work_arrays) {

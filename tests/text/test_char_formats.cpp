@@ -1,5 +1,6 @@
 // $QUOTE, $UPCASE, $REVERS, $REVERJ, $ASCII and $EBCDIC against the oracle
-// and over every byte (their table is in tests/data/text).
+// and over every byte (their table is in tests/data/text), and every
+// character format, the bidirectional ones too, on a missing input.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -69,17 +70,21 @@ TEST(Ebcdic, EveryByteBothWays) {
   EXPECT_EQ(a.out[257], 0x20);
 }
 
-// No input is an empty value (width 0 and a capacity below w are rows of
-// tests/data/text/char_formats.txt).
+// No input is an empty value, whatever length it claims (width 0 and a
+// capacity below w are rows of tests/data/text/char_formats.txt).
 TEST(CharFormats, NoInputIsAnEmptyValue) {
-  for (xf_routine r : {zfmquote, zfmupcase, zfmrevers, zfmreverj, zfmascii, zfmebcdic}) {
-    xf_frame n{};
-    n.width = 4;
-    char out[4];
-    n.output = out;
-    n.output_capacity = 4;
-    EXPECT_EQ(r(&n), XF_OK);
-    EXPECT_EQ(n.output_length, 4u);
+  const struct {
+    xf_routine routine;
+    const char *field;
+  } formats[] = {{zfmquote, "\"\" "}, {zfmupcase, "   "}, {zfmrevers, "   "}, {zfmreverj, "   "},
+                 {zfmascii, "   "},  {zfmebcdic, "\x40\x40\x40"}, {zfmlogvs, "   "}, {zfmlogvsr, "   "},
+                 {zfmvslog, "   "},  {zfmvslogr, "   "}, {zfmbidi, "   "}};
+  for (const auto &fmt : formats) {
+    frame_box b = frame_box::chars("", 3);
+    b.f.input = nullptr;
+    b.f.input_length = 50;  // must not be read
+    EXPECT_EQ(fmt.routine(&b.f), XF_OK);
+    EXPECT_EQ(b.str(), fmt.field);
   }
 }
 
