@@ -112,6 +112,22 @@ outcome run(const std::string &routine, call &c) {
     const void *text = !len ? nullptr : c.params.at(0) == 20 ? static_cast<const void *>(in) : units.data();
     o.result = getUnicodeWidthFromNarrow(c.params.at(0), text, static_cast<int32_t>(c.params.at(1)),
                                          static_cast<int32_t>(c.params.at(2)));
+  } else if (routine == "UPCASE" || routine == "LOWCASE") {
+    // In place on UTF-16 units, written big-endian in the file.
+    std::vector<uint16_t> units(len / 2);
+    for (size_t k = 0; k < units.size(); ++k) units[k] = static_cast<uint16_t>(in[2 * k] << 8 | in[2 * k + 1]);
+    o.result = (routine == "UPCASE" ? UPCASE : LOWCASE)(units.data(), static_cast<uint32_t>(units.size()));
+    for (uint16_t u : units) o.out += {static_cast<char>(u >> 8), static_cast<char>(u)};
+  } else if (routine == "zas2eb" || routine == "zeb2as" || routine == "wztxatoe" || routine == "wztxetoa") {
+    // In place on the output buffer holding a copy of the input; a parameter
+    // is the length passed instead of the input's.
+    void (*const translate)(uint8_t *, int32_t) = routine == "zas2eb"     ? zas2eb
+                                                  : routine == "zeb2as"   ? zeb2as
+                                                  : routine == "wztxatoe" ? wztxatoe
+                                                                          : wztxetoa;
+    if (len) std::memcpy(out, in, len);
+    translate(out, c.params.empty() ? static_cast<int32_t>(len) : static_cast<int32_t>(c.params[0]));
+    written(len);
   } else {
     if (routine == "ConvertToUTF32")
       o.result = ConvertToUTF32(len ? in : nullptr, len, out, c.cap, &n, UTF8_UTF32, c.params.empty() ? COPY_UTF32 : COPY_UTF32_SWAP);
