@@ -75,7 +75,7 @@ outcome run(const std::string &routine, call &c) {
                    : encode_base64(in, static_cast<int32_t>(len), reinterpret_cast<char *>(out), cap, &n,
                                    c.params.empty() ? 0 : 1);
     o.count = n;
-    written(o.result < 0 && routine == "encode_base64" ? 0 : n);
+    written(o.result < 0 && routine == "encode_base64" ? c.cap : n);  // refused: the whole buffer
   } else if (routine == "UTF8ToUNICODE" || routine == "UNICODEToUTF8" || routine == "LATIN1ToUNICODE") {
     // UTF-16 units in host order; the file writes them big-endian.
     const auto swap_units = [](uint8_t *p, uint32_t bytes) {
