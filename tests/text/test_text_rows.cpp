@@ -34,6 +34,20 @@ std::string hex8(uint32_t v) {
   return s;
 }
 
+// UTF-16 units from the big-endian bytes the file writes (an odd last byte
+// leaves a zero unit), and units back to such bytes.
+std::vector<uint16_t> units_of(const uint8_t *p, uint32_t bytes) {
+  std::vector<uint16_t> units((bytes + 1) / 2);
+  for (uint32_t k = 0; k + 1 < bytes; k += 2) units[k / 2] = static_cast<uint16_t>(p[k] << 8 | p[k + 1]);
+  return units;
+}
+
+std::string bytes_of(const uint16_t *units, uint32_t n) {
+  std::string s;
+  for (uint32_t k = 0; k < n; ++k) s += {static_cast<char>(units[k] >> 8), static_cast<char>(units[k])};
+  return s;
+}
+
 outcome run(const std::string &routine, call &c) {
   outcome o;
   uint32_t n = 0, used = 0, cp = 0;
@@ -76,48 +90,29 @@ outcome run(const std::string &routine, call &c) {
                                    c.params.empty() ? 0 : 1);
     o.count = n;
     written(o.result < 0 && routine == "encode_base64" ? c.cap : n);  // refused: the whole buffer
-  } else if (routine == "UTF8ToUNICODE" || routine == "UNICODEToUTF8" || routine == "LATIN1ToUNICODE") {
-    // UTF-16 units in host order; the file writes them big-endian.
-    const auto swap_units = [](uint8_t *p, uint32_t bytes) {
-      for (uint32_t k = 0; k + 1 < bytes; k += 2) {
-        uint16_t u = 0;
-        std::memcpy(&u, p + k, 2);
-          p[k] = static_cast<uint8_t>(u >> 8);
-        p[k + 1] = static_cast<uint8_t>(u);
-      }
-    };
-    if (routine == "UNICODEToUTF8") {
-      swap_units(c.in.data(), len & ~1u);  // big-endian bytes to host units, in place
-      std::vector<uint16_t> units((len + 1) / 2);
-      if (len) std::memcpy(units.data(), c.in.data(), len & ~1u);
-      o.result = UNICODEToUTF8(units.data(), len, out, c.cap, &n, &used);
-      o.count = n;
-      written(used);
-      return o;
-    }
+  } else if (routine == "UNICODEToUTF8") {
+    const std::vector<uint16_t> units = units_of(in, len);
+    o.result = UNICODEToUTF8(units.data(), len, out, c.cap, &n, &used);
+    o.count = n;
+    written(used);
+  } else if (routine == "UTF8ToUNICODE" || routine == "LATIN1ToUNICODE") {
     std::vector<uint16_t> units(c.cap / 2);
     o.result = routine == "UTF8ToUNICODE" ? UTF8ToUNICODE(in, len, units.data(), c.cap, &n, &used)
                                           : LATIN1ToUNICODE(in, len, units.data(), c.cap / 2, &n);
     o.count = n;
-    std::vector<uint8_t> be(2 * n);
-    if (n) std::memcpy(be.data(), units.data(), 2 * n);
-    swap_units(be.data(), 2 * n);
-    o.out.assign(be.begin(), be.end());
+    o.out = bytes_of(units.data(), n);
     if (routine == "UTF8ToUNICODE") {
       EXPECT_EQ(used, 2 * n) << "bytes written";
     }
   } else if (routine == "getUnicodeWidthFromNarrow") {
-    std::vector<uint16_t> units(len / 2);  // written big-endian
-    for (size_t k = 0; k < units.size(); ++k) units[k] = static_cast<uint16_t>(in[2 * k] << 8 | in[2 * k + 1]);
+    const std::vector<uint16_t> units = units_of(in, len);
     const void *text = !len ? nullptr : c.params.at(0) == 20 ? static_cast<const void *>(in) : units.data();
     o.result = getUnicodeWidthFromNarrow(c.params.at(0), text, static_cast<int32_t>(c.params.at(1)),
                                          static_cast<int32_t>(c.params.at(2)));
   } else if (routine == "UPCASE" || routine == "LOWCASE") {
-    // In place on UTF-16 units, written big-endian in the file.
-    std::vector<uint16_t> units(len / 2);
-    for (size_t k = 0; k < units.size(); ++k) units[k] = static_cast<uint16_t>(in[2 * k] << 8 | in[2 * k + 1]);
+    std::vector<uint16_t> units = units_of(in, len);  // in place
     o.result = (routine == "UPCASE" ? UPCASE : LOWCASE)(units.data(), static_cast<uint32_t>(units.size()));
-    for (uint16_t u : units) o.out += {static_cast<char>(u >> 8), static_cast<char>(u)};
+    o.out = bytes_of(units.data(), static_cast<uint32_t>(units.size()));
   } else if (routine == "zas2eb" || routine == "zeb2as" || routine == "wztxatoe" || routine == "wztxetoa") {
     // In place on the output buffer holding a copy of the input; a parameter
     // is the length passed instead of the input's.

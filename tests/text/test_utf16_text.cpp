@@ -1,4 +1,5 @@
-// Whole-text conversions between UTF-16 units and UTF-8 or Latin-1.
+// Whole-text conversions between UTF-16 units and UTF-8 (the single calls,
+// Latin-1 ones too, are in tests/data/text/conversions.txt).
 #include <gtest/gtest.h>
 
 #include <string>
@@ -23,16 +24,6 @@ TEST(unicode_utf8, every_bmp_unit_round_trips) {
     ASSERT_EQ(chars, 1u) << u;
     ASSERT_EQ(back[0], unit) << u;
   }
-}
-
-TEST(latin1_to_unicode, each_byte_is_its_code_point) {
-  uint8_t in[256];
-  for (int i = 0; i < 256; ++i) in[i] = static_cast<uint8_t>(i);
-  std::vector<uint16_t> out(256);
-  uint32_t n = 0;
-  EXPECT_EQ(LATIN1ToUNICODE(in, 256, out.data(), 256, &n), 0u);
-  EXPECT_EQ(n, 256u);
-  for (int i = 0; i < 256; ++i) EXPECT_EQ(out[static_cast<size_t>(i)], i);
 }
 
 // Both block loops (portable and SSSE3; the exported routines are one of
