@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <random>
-#include <vector>
 
 #include "support/random.hpp"
 #include "support/rows.hpp"
@@ -14,7 +13,6 @@
 #include "support/frame.hpp"
 #include "userfmt/control_files.hpp"
 #include "userfmt/control_reader.hpp"
-#include "userfmt/tables.hpp"
 #include "xfmt/xfmt.h"
 
 using namespace xfmt::test;
