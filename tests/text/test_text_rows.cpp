@@ -113,6 +113,15 @@ outcome run(const std::string &routine, call &c) {
     std::vector<uint16_t> units = units_of(in, len);  // in place
     o.result = (routine == "UPCASE" ? UPCASE : LOWCASE)(units.data(), static_cast<uint32_t>(units.size()));
     o.out = bytes_of(units.data(), static_cast<uint32_t>(units.size()));
+  } else if (routine == "MPTLU") {
+    // Units copied into the output buffer (the capacity its bytes), cut or
+    // padded with blanks; the guard bytes after it stay.
+    const std::vector<uint16_t> units = units_of(in, len);
+    std::vector<uint16_t> to(c.cap / 2);
+    MPTLU(len ? units.data() : nullptr, static_cast<int32_t>(units.size()), reinterpret_cast<uint16_t *>(out),
+          static_cast<int32_t>(to.size()));
+    if (!to.empty()) std::memcpy(to.data(), out, 2 * to.size());
+    o.out = bytes_of(to.data(), static_cast<uint32_t>(to.size()));
   } else if (routine == "zas2eb" || routine == "zeb2as" || routine == "wztxatoe" || routine == "wztxetoa") {
     // In place on the output buffer holding a copy of the input; a parameter
     // is the length passed instead of the input's.

@@ -1,6 +1,7 @@
-// Character value-label lookup: the 16-bit comparison, MPTLU, labels beyond
-// ASCII, and the bisection against the linear search (the single lookups
-// are rows of tests/data/userfmt/lookups.txt).
+// Character value-label lookup: the 16-bit comparison, labels beyond ASCII,
+// and the bisection against the linear search (the single lookups are rows
+// of tests/data/userfmt/lookups.txt, MPTLU's calls rows of
+// tests/data/text/conversions.txt).
 #include <gtest/gtest.h>
 
 #include "support/random.hpp"
@@ -24,19 +25,6 @@ TEST(zstrcomu, trailing_blanks_are_insignificant_and_units_are_signed) {
       {u"AB ", u"AB C", -1}, {u"\x8000", u"A", -1}, {u"A", u"\xFFFF", 1}, {u"", u"", 0},
   };
   for (const row &r : rows) EXPECT_EQ(cmp(r.a, r.b), r.want);
-}
-
-TEST(mptlu, copies_or_cuts_and_fills_with_blanks) {
-  std::u16string src = u"abc";
-  uint16_t dst[6];
-  MPTLU(reinterpret_cast<const uint16_t *>(src.data()), 3, dst, 5);
-  EXPECT_EQ(std::u16string(reinterpret_cast<char16_t *>(dst), 5), u"abc  ");
-  dst[2] = 'x';
-  MPTLU(reinterpret_cast<const uint16_t *>(src.data()), 3, dst, 2);
-  EXPECT_EQ(dst[2], 'x');
-  EXPECT_EQ(std::u16string(reinterpret_cast<char16_t *>(dst), 2), u"ab");
-  MPTLU(nullptr, 0, dst, 3);
-  EXPECT_EQ(std::u16string(reinterpret_cast<char16_t *>(dst), 3), u"   ");
 }
 
 // A label unit beyond ASCII is delivered as UTF-8 and counts as one position.
