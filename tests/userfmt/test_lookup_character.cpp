@@ -12,11 +12,6 @@ using namespace xfmt::test;
 
 namespace {
 
-int32_t cmp(const std::u16string &a, const std::u16string &b) {
-  return zstrcomu(reinterpret_cast<const uint16_t *>(a.data()), static_cast<int32_t>(a.size()),
-                  reinterpret_cast<const uint16_t *>(b.data()), static_cast<int32_t>(b.size()));
-}
-
 TEST(zstrcomu, trailing_blanks_are_insignificant_and_units_are_signed) {
   struct row { std::u16string a, b; int32_t want; };
   const row rows[] = {
@@ -24,7 +19,10 @@ TEST(zstrcomu, trailing_blanks_are_insignificant_and_units_are_signed) {
       {u"AB", u"ABC", -1},   {u"ABC", u"AB", 1},   {u"AB", u"AC", -1},  {u"ab", u"AB", 1},
       {u"AB ", u"AB C", -1}, {u"\x8000", u"A", -1}, {u"A", u"\xFFFF", 1}, {u"", u"", 0},
   };
-  for (const row &r : rows) EXPECT_EQ(cmp(r.a, r.b), r.want);
+  for (const row &r : rows)
+    EXPECT_EQ(zstrcomu(reinterpret_cast<const uint16_t *>(r.a.data()), static_cast<int32_t>(r.a.size()),
+                       reinterpret_cast<const uint16_t *>(r.b.data()), static_cast<int32_t>(r.b.size())),
+              r.want);
 }
 
 // A label unit beyond ASCII is delivered as UTF-8 and counts as one position.
