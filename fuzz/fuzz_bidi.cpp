@@ -28,16 +28,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   f.requested_output_encoding = wanted;
   f.output_length = 0xDEAD;
   const xfmt::fuzz::outcome o = xfmt::fuzz::run_twice(routine, f, room);
-  const xf_status st = o.status;
-  const uint32_t len = o.length, enc = o.encoding;
-  check(st == XF_OK || st == XF_E_CAPACITY);
-  check(len <= room);
-  const uint64_t field = w > 0 ? uint64_t(w) * (enc == XF_ENC_UTF16LE ? 2 : 1) : 0;
-  check((st == XF_E_CAPACITY) == (field > room));
-  if (enc == XF_ENC_UTF16LE) {
-    check(len % 2 == 0);
+  check(o.status == XF_OK || o.status == XF_E_CAPACITY);
+  check(o.length <= room);
+  const uint64_t field = w > 0 ? uint64_t(w) * (o.encoding == XF_ENC_UTF16LE ? 2 : 1) : 0;
+  check((o.status == XF_E_CAPACITY) == (field > room));
+  if (o.encoding == XF_ENC_UTF16LE) {
+    check(o.length % 2 == 0);
   } else if (encoding == 0 && xfmt::text::bidi_valid_utf8(text.data(), text.size)) {
-    check(xfmt::text::bidi_valid_utf8(o.bytes.data(), len));
+    check(xfmt::text::bidi_valid_utf8(o.bytes.data(), o.length));
   }
   return 0;
 }

@@ -1,6 +1,7 @@
 // Fuzz target of the control-file reader: any bytes as a control file. A
 // format that reads is then applied to a few values with exact-size buffers,
 // twice, and must give the same bytes both times.
+#include <cstdio>
 #include <string>
 
 #include "fuzz_support.hpp"
@@ -37,9 +38,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   const char *text = reinterpret_cast<const char *>(data);
   static const char *const names[] = {"AGEGRP", "REGION"};
   for (int k = 0; k < 2; ++k) {
-    char name[32];
-    std::memset(name, ' ', sizeof name);
-    std::memcpy(name, names[k], std::strlen(names[k]));
+    char name[33];  // blank padded to 32
+    std::snprintf(name, sizeof name, "%-32s", names[k]);
     bool character = k == 1;
     xf_ufmt_context ctx{};
     void *chain = nullptr;

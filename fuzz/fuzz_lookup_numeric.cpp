@@ -4,6 +4,7 @@
 // search, within exact-size buffers.
 #include <string>
 
+#include "core/missing.hpp"
 #include "fuzz_support.hpp"
 
 namespace {
@@ -15,28 +16,20 @@ struct table {
   xf_user_format header[2];
 };
 
-double missing(int i) {
-  uint64_t b = 0xFFFFFF0000000000ull - static_cast<uint64_t>(i) * uint64_t{0x10000000000};
-  double v;
-  std::memcpy(&v, &b, 8);
-  return v;
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   using namespace xfmt::fuzz;
   if (size < 2) return 0;
-  size_t pos = 0;
-  auto next = [&]() -> uint8_t { return pos < size ? data[pos++] : 0; };
+  reader in{data, size};
   table t;
-  int n = next() % 40;
-  double fuzz = (next() % 4) * 0.25;
-  double at = -20.0 + next() % 10;
+  int n = in.byte() % 40;
+  double fuzz = (in.byte() % 4) * 0.25;
+  double at = -20.0 + in.byte() % 10;
   t.entries.resize(static_cast<size_t>(n));
   t.labels.resize(static_cast<size_t>(n));
   for (int i = 0; i < n; ++i) {
-    uint8_t b = next();
+    uint8_t b = in.byte();
     double len = b % 6;
     bool single = len == 0 && (b & 0x40);
     bool excl_end = (b & 0x80) && len > 0;
@@ -67,10 +60,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   t.header[1].kind = 1;
   t.header[1].range_count = n;
   void *ranges = t.pointers.empty() ? nullptr : t.pointers.data();
-  while (pos < size) {
-    uint8_t b = next();
-    double v = b >= 250 ? missing(b - 250) : -25.0 + (b % 128) * 0.25 + (b & 0x80 ? 0.125 : 0);
-    int32_t w = static_cast<int32_t>(next() % 12);
+  while (in.n > 0) {
+    uint8_t b = in.byte();
+    double v = b >= 250 ? xfmt::missing_value(b - 250) : -25.0 + (b % 128) * 0.25 + (b & 0x80 ? 0.125 : 0);
+    int32_t w = static_cast<int32_t>(in.byte() % 12);
     std::string out[2];
     int k = 0;
     for (xf_label_routine r : {yfpfnfn, yfpfnfm}) {

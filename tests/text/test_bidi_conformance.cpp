@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -146,54 +145,6 @@ TEST(bidi_conformance, exhaustive_bidi_test_txt) {
   EXPECT_EQ(t.failures, 0);
 }
 
-TEST(bidi_conformance, exhaustive_bidi_character_test_txt) {
-  const std::string path = "BidiCharacterTest.txt";
-  static bidi_paragraph p;
-  tally t;
-  for (const auto &[number, line] : data_lines("BidiCharacterTest.txt")) {
-    auto fields = split(line, ';');
-    ASSERT_EQ(fields.size(), 5u) << path << ":" << number;
-    auto cps = words(fields[0]);
-    ASSERT_LE(cps.size(), bidi_max) << path << ":" << number;
-    p.n = static_cast<uint32_t>(cps.size());
-    for (uint32_t i = 0; i < p.n; ++i) p.cp[i] = static_cast<uint32_t>(std::stoul(cps[i], nullptr, 16));
-    bidi_classify(p);
-    ++t.cases;
-    bidi_resolve(p, std::stoi(fields[1]));
-    if (std::to_string(p.base) != normalized(fields[2])) {
-      t.fail("BidiCharacterTest.txt", number, "paragraph level " + std::to_string(p.base));
-      continue;
-    }
-    std::string got = levels_text(p);
-    if (got != normalized(fields[3])) {
-      t.fail("BidiCharacterTest.txt", number, "levels " + got + ", expected " + normalized(fields[3]));
-      continue;
-    }
-    got = order_text(p);
-    if (got != normalized(fields[4]))
-      t.fail("BidiCharacterTest.txt", number, "order " + got + ", expected " + normalized(fields[4]));
-  }
-  std::printf("BidiCharacterTest.txt: %ld of %ld cases pass\n", t.cases - t.failures, t.cases);
-  EXPECT_GT(t.cases, 90000);
-  EXPECT_EQ(t.failures, 0);
-}
-
-// The committed tables, their Unicode version included, are what the
-// generator makes from the installed database.
-TEST(bidi_conformance, generator_reproduces_the_committed_tables) {
-  std::string here = __FILE__;
-  std::string root = here.substr(0, here.rfind("/tests/"));
-  // A build that records source paths relative to its build directory
-  // (ccache's base directory) leaves a path relative to that; ctest runs the
-  // tests from tests/data, two levels below the root.
-  const std::string generator = "/tools/gen/gen_bidi_tables.py";
-  if (!std::ifstream(root + generator).good()) root = "../..";
-  ASSERT_TRUE(std::ifstream(root + generator).good()) << "cannot find the sources from " << __FILE__;
-  ASSERT_EQ(std::system("command -v python3 >/dev/null 2>&1"), 0) << "python3 missing";
-  std::string cmd = "cd '" + root + "' && python3 tools/gen/gen_bidi_tables.py --check";
-  EXPECT_EQ(std::system(cmd.c_str()), 0);
-}
-
 // UTF-8 through the library's own encoder (every code point of it is
 // checked in test_utf8_chars).
 std::string utf8_of(const std::vector<uint32_t> &cps) {
@@ -225,22 +176,46 @@ std::string run_format(xf_routine routine, const std::string &text) {
   return b.str();
 }
 
-// BidiCharacterTest.txt through $LOGVS and $LOGVSR themselves (UTF-8 in and
-// out), for the lines with a fixed paragraph direction: the visible
-// characters in the file's order, mirrored where the file's level is odd.
-// Then $VSLOG and $VSLOGR on each visual text: where the visual text's own
-// levels are those of the logical text (the inverse is then defined), the
-// logical text must come back byte for byte.
-TEST(bidi_conformance, exhaustive_the_formats_on_bidi_character_test_txt) {
+// BidiCharacterTest.txt: the algorithm's paragraph level, levels and order
+// for each line; then, for the lines with a fixed paragraph direction,
+// $LOGVS and $LOGVSR themselves (UTF-8 in and out): the visible characters
+// in the file's order, mirrored where the file's level is odd. Then $VSLOG
+// and $VSLOGR on each visual text: where the visual text's own levels are
+// those of the logical text (the inverse is then defined), the logical text
+// must come back byte for byte.
+TEST(bidi_conformance, exhaustive_bidi_character_test_txt) {
+  const char *const file = "BidiCharacterTest.txt";
   static bidi_paragraph p;
-  tally forward, back;
+  tally t, forward, back;
   long skipped = 0, recovered = 0;
-  for (const auto &[number, line] : data_lines("BidiCharacterTest.txt")) {
+  for (const auto &[number, line] : data_lines(file)) {
     auto fields = split(line, ';');
-    const int direction = std::stoi(fields[1]);
-    if (direction == bidi_auto) continue;
+    ASSERT_EQ(fields.size(), 5u) << file << ":" << number;
     std::vector<uint32_t> x;
     for (const std::string &w : words(fields[0])) x.push_back(static_cast<uint32_t>(std::stoul(w, nullptr, 16)));
+    ASSERT_LE(x.size(), bidi_max) << file << ":" << number;
+    p.n = static_cast<uint32_t>(x.size());
+    for (uint32_t i = 0; i < p.n; ++i) p.cp[i] = x[i];
+    bidi_classify(p);
+    ++t.cases;
+    const int direction = std::stoi(fields[1]);
+    bidi_resolve(p, direction);
+    if (std::to_string(p.base) != normalized(fields[2])) {
+      t.fail(file, number, "paragraph level " + std::to_string(p.base));
+      continue;
+    }
+    std::string text = levels_text(p);
+    if (text != normalized(fields[3])) {
+      t.fail(file, number, "levels " + text + ", expected " + normalized(fields[3]));
+      continue;
+    }
+    text = order_text(p);
+    if (text != normalized(fields[4])) {
+      t.fail(file, number, "order " + text + ", expected " + normalized(fields[4]));
+      continue;
+    }
+
+    if (direction == bidi_auto) continue;
     // The formats drop trailing blanks (padding of the value).
     if (x.back() == 0x20) {
       ++skipped;
@@ -248,7 +223,6 @@ TEST(bidi_conformance, exhaustive_the_formats_on_bidi_character_test_txt) {
     }
     const std::string logical = utf8_of(x);
     const std::string visual = run_format(direction == bidi_rtl ? zfmlogvsr : zfmlogvs, logical);
-
     ++forward.cases;
     auto levels = words(fields[3]);
     std::vector<uint32_t> want;
@@ -262,16 +236,12 @@ TEST(bidi_conformance, exhaustive_the_formats_on_bidi_character_test_txt) {
     for (uint32_t cp : code_points_of(visual))
       if (!bidi::is_removed(bidi_props(cp) & bidi_class_bits)) got.push_back(cp);
     if (got != want) {
-      forward.fail("BidiCharacterTest.txt", number, "the format's visual order differs");
+      forward.fail(file, number, "the format's visual order differs");
       continue;
     }
 
-    // The levels of the logical text in visual order, and those the visual
-    // text has of its own.
-    p.n = static_cast<uint32_t>(x.size());
-    for (uint32_t i = 0; i < p.n; ++i) p.cp[i] = x[i];
-    bidi_classify(p);
-    bidi_resolve(p, direction);
+    // The levels of the logical text in visual order (resolved above), and
+    // those the visual text has of its own.
     uint16_t order[bidi_max];
     bidi_visual_order(p.level, p.n, order);
     std::vector<uint8_t> carried(p.n);
@@ -286,8 +256,11 @@ TEST(bidi_conformance, exhaustive_the_formats_on_bidi_character_test_txt) {
     if (again == logical) ++recovered;
     if (!defined) continue;
     ++back.cases;
-    if (again != logical) back.fail("BidiCharacterTest.txt", number, "visual to logical lost the text");
+    if (again != logical) back.fail(file, number, "visual to logical lost the text");
   }
+  std::printf("BidiCharacterTest.txt: %ld of %ld cases pass\n", t.cases - t.failures, t.cases);
+  EXPECT_GT(t.cases, 90000);
+  EXPECT_EQ(t.failures, 0);
   std::printf("the formats on BidiCharacterTest.txt: %ld of %ld visual orders right (%ld lines end in a blank);\n"
               "  visual to logical defined for %ld, right for %ld of them; %ld of %ld came back exactly\n",
               forward.cases - forward.failures, forward.cases, skipped, back.cases, back.cases - back.failures,

@@ -1,6 +1,6 @@
 // $LOGVS, $LOGVSR, $VSLOG, $VSLOGR and $BIDI beyond their table in
-// tests/data/text: missing input, explicit marks, text longer than the work
-// arrays, and random lines turned twice.
+// tests/data/text: text longer than the work arrays and random lines turned
+// twice (missing input is in test_char_formats.cpp).
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -19,27 +19,6 @@ using xfmt::test::frame_box;
 #define BET "\xD7\x91"
 #define GIMEL "\xD7\x92"
 #define DALET "\xD7\x93"
-
-TEST(bidi_formats, missing_input_is_an_empty_value) {
-  for (xf_routine routine : {zfmlogvs, zfmlogvsr, zfmvslog, zfmvslogr, zfmbidi}) {
-    frame_box b = frame_box::chars("", 3);
-    b.f.input = nullptr;
-    b.f.input_length = 50;  // must not be read
-    EXPECT_EQ(routine(&b.f), XF_OK);
-    EXPECT_EQ(b.str(), "   ");
-  }
-}
-
-TEST(bidi_formats, explicit_marks_stay_in_the_text) {
-  // RLO ... PDF around Latin letters shows them right to left; the two marks
-  // (three bytes each) are kept, next to the letters they enclose.
-  frame_box b = frame_box::chars("\xE2\x80\xAE" "abc" "\xE2\x80\xAC", 9);
-  EXPECT_EQ(zfmlogvs(&b.f), XF_OK);
-  std::string s = b.str();
-  EXPECT_NE(s.find("cba"), std::string::npos) << s;
-  EXPECT_NE(s.find("\xE2\x80\xAE"), std::string::npos);
-  EXPECT_NE(s.find("\xE2\x80\xAC"), std::string::npos);
-}
 
 // Longer than the work arrays: pieces cut after a blank, nothing lost.
 TEST(bidi_formats, text_longer_than_the_work_arrays) {

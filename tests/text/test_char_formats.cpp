@@ -1,5 +1,6 @@
 // $QUOTE, $UPCASE, $REVERS, $REVERJ, $ASCII and $EBCDIC against the oracle
-// and over every byte (their table is in tests/data/text).
+// and over every byte (their table is in tests/data/text), and every
+// character format, the bidirectional ones too, on a missing input.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -14,17 +15,27 @@ namespace {
 
 using xfmt::test::frame_box;
 
-TEST(Quote, AgainstOracle) {
+// $QUOTE (on texts of quotes and blanks) and $REVERJ (on printable ASCII)
+// against their literal versions.
+TEST(QuoteReverj, AgainstOracle) {
+  const struct {
+    xf_routine routine;
+    std::string (*oracle)(const std::string &, int32_t);
+    std::string alphabet;
+    int min_width;
+  } formats[] = {{zfmquote, xfmt::oracle::quote, "a\" Z", 2}, {zfmreverj, xfmt::oracle::reverj, "", 1}};
   auto g = xfmt::test::rng(301);
-  std::uniform_int_distribution<int> len(0, 20), pick(0, 3), wd(2, 30);
-  const char alphabet[] = {'a', '"', ' ', 'Z'};
-  for (uint64_t i = 0; i < xfmt::test::scaled(20000); ++i) {
-    std::string s;
-    for (int n = len(g); n > 0; --n) s += alphabet[pick(g)];
-    int32_t w = wd(g);
-    frame_box b = frame_box::chars(s, w);
-    ASSERT_EQ(zfmquote(&b.f), XF_OK);
-    ASSERT_EQ(b.str(), xfmt::oracle::quote(s, w)) << "'" << s << "' " << w;
+  for (const auto &fmt : formats) {
+    std::uniform_int_distribution<int> len(0, 20), byte(32, 126), wd(fmt.min_width, 30);
+    for (uint64_t i = 0; i < xfmt::test::scaled(20000); ++i) {
+      std::string s;
+      for (int n = len(g); n > 0; --n)
+        s += fmt.alphabet.empty() ? static_cast<char>(byte(g)) : fmt.alphabet[static_cast<size_t>(byte(g)) % 4];
+      const int32_t w = wd(g);
+      frame_box b = frame_box::chars(s, w);
+      ASSERT_EQ(fmt.routine(&b.f), XF_OK);
+      ASSERT_EQ(b.str(), fmt.oracle(s, w)) << "'" << s << "' " << w << " seed " << xfmt::test::test_seed();
+    }
   }
 }
 
@@ -44,19 +55,6 @@ TEST(Upcase, EveryByteFollowsUnicode) {
   }
 }
 
-TEST(Reverj, AgainstOracle) {
-  auto g = xfmt::test::rng(302);
-  std::uniform_int_distribution<int> len(0, 20), byte(32, 126), wd(1, 30);
-  for (uint64_t i = 0; i < xfmt::test::scaled(20000); ++i) {
-    std::string s;
-    for (int n = len(g); n > 0; --n) s += static_cast<char>(byte(g));
-    int32_t w = wd(g);
-    frame_box b = frame_box::chars(s, w);
-    ASSERT_EQ(zfmreverj(&b.f), XF_OK);
-    ASSERT_EQ(b.str(), xfmt::oracle::reverj(s, w));
-  }
-}
-
 TEST(Ebcdic, EveryByteBothWays) {
   std::string all;
   for (int i = 0; i < 256; ++i) all += static_cast<char>(i);
@@ -72,21 +70,21 @@ TEST(Ebcdic, EveryByteBothWays) {
   EXPECT_EQ(a.out[257], 0x20);
 }
 
-TEST(CharFormats, WidthAndCapacity) {
-  for (xf_routine r : {zfmquote, zfmupcase, zfmrevers, zfmreverj, zfmascii, zfmebcdic}) {
-    frame_box z = frame_box::chars("abc", 0);
-    EXPECT_EQ(r(&z.f), XF_OK);
-    EXPECT_EQ(z.f.output_length, 0u);
-    frame_box c = frame_box::chars("abcdef", 10, 0, 3);
-    EXPECT_EQ(r(&c.f), XF_E_CAPACITY);
-    EXPECT_EQ(c.f.output_length, 3u);
-    xf_frame n{};
-    n.width = 4;
-    char out[4];
-    n.output = out;
-    n.output_capacity = 4;
-    EXPECT_EQ(r(&n), XF_OK);  // no input: an empty value
-    EXPECT_EQ(n.output_length, 4u);
+// No input is an empty value, whatever length it claims (width 0 and a
+// capacity below w are rows of tests/data/text/char_formats.txt).
+TEST(CharFormats, NoInputIsAnEmptyValue) {
+  const struct {
+    xf_routine routine;
+    const char *field;
+  } formats[] = {{zfmquote, "\"\" "}, {zfmupcase, "   "}, {zfmrevers, "   "}, {zfmreverj, "   "},
+                 {zfmascii, "   "},  {zfmebcdic, "\x40\x40\x40"}, {zfmlogvs, "   "}, {zfmlogvsr, "   "},
+                 {zfmvslog, "   "},  {zfmvslogr, "   "}, {zfmbidi, "   "}};
+  for (const auto &fmt : formats) {
+    frame_box b = frame_box::chars("", 3);
+    b.f.input = nullptr;
+    b.f.input_length = 50;  // must not be read
+    EXPECT_EQ(fmt.routine(&b.f), XF_OK);
+    EXPECT_EQ(b.str(), fmt.field);
   }
 }
 

@@ -3,6 +3,7 @@
 // the row's capacity followed by guard bytes, which must stay untouched.
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -29,8 +30,21 @@ struct call {
 
 std::string hex8(uint32_t v) {
   char s[9];
-  for (int i = 7; i >= 0; --i, v >>= 4) s[i] = "0123456789ABCDEF"[v & 15];
-  s[8] = 0;
+  std::snprintf(s, sizeof s, "%08X", v);
+  return s;
+}
+
+// UTF-16 units from the big-endian bytes the file writes (an odd last byte
+// leaves a zero unit), and units back to such bytes.
+std::vector<uint16_t> units_of(const uint8_t *p, uint32_t bytes) {
+  std::vector<uint16_t> units((bytes + 1) / 2);
+  for (uint32_t k = 0; k + 1 < bytes; k += 2) units[k / 2] = static_cast<uint16_t>(p[k] << 8 | p[k + 1]);
+  return units;
+}
+
+std::string bytes_of(const uint16_t *units, uint32_t n) {
+  std::string s;
+  for (uint32_t k = 0; k < n; ++k) s += {static_cast<char>(units[k] >> 8), static_cast<char>(units[k])};
   return s;
 }
 
@@ -75,43 +89,49 @@ outcome run(const std::string &routine, call &c) {
                    : encode_base64(in, static_cast<int32_t>(len), reinterpret_cast<char *>(out), cap, &n,
                                    c.params.empty() ? 0 : 1);
     o.count = n;
-    written(o.result < 0 && routine == "encode_base64" ? 0 : n);
-  } else if (routine == "UTF8ToUNICODE" || routine == "UNICODEToUTF8" || routine == "LATIN1ToUNICODE") {
-    // UTF-16 units in host order; the file writes them big-endian.
-    const auto swap_units = [](uint8_t *p, uint32_t bytes) {
-      for (uint32_t k = 0; k + 1 < bytes; k += 2) {
-        uint16_t u = 0;
-        std::memcpy(&u, p + k, 2);
-          p[k] = static_cast<uint8_t>(u >> 8);
-        p[k + 1] = static_cast<uint8_t>(u);
-      }
-    };
-    if (routine == "UNICODEToUTF8") {
-      swap_units(c.in.data(), len & ~1u);  // big-endian bytes to host units, in place
-      std::vector<uint16_t> units((len + 1) / 2);
-      if (len) std::memcpy(units.data(), c.in.data(), len & ~1u);
-      o.result = UNICODEToUTF8(units.data(), len, out, c.cap, &n, &used);
-      o.count = n;
-      written(used);
-      return o;
-    }
+    written(o.result < 0 && routine == "encode_base64" ? c.cap : n);  // refused: the whole buffer
+  } else if (routine == "UNICODEToUTF8") {
+    const std::vector<uint16_t> units = units_of(in, len);
+    o.result = UNICODEToUTF8(units.data(), len, out, c.cap, &n, &used);
+    o.count = n;
+    written(used);
+  } else if (routine == "UTF8ToUNICODE" || routine == "LATIN1ToUNICODE") {
     std::vector<uint16_t> units(c.cap / 2);
     o.result = routine == "UTF8ToUNICODE" ? UTF8ToUNICODE(in, len, units.data(), c.cap, &n, &used)
                                           : LATIN1ToUNICODE(in, len, units.data(), c.cap / 2, &n);
     o.count = n;
-    std::vector<uint8_t> be(2 * n);
-    if (n) std::memcpy(be.data(), units.data(), 2 * n);
-    swap_units(be.data(), 2 * n);
-    o.out.assign(be.begin(), be.end());
+    o.out = bytes_of(units.data(), n);
     if (routine == "UTF8ToUNICODE") {
       EXPECT_EQ(used, 2 * n) << "bytes written";
     }
   } else if (routine == "getUnicodeWidthFromNarrow") {
-    std::vector<uint16_t> units(len / 2);  // written big-endian
-    for (size_t k = 0; k < units.size(); ++k) units[k] = static_cast<uint16_t>(in[2 * k] << 8 | in[2 * k + 1]);
+    const std::vector<uint16_t> units = units_of(in, len);
     const void *text = !len ? nullptr : c.params.at(0) == 20 ? static_cast<const void *>(in) : units.data();
     o.result = getUnicodeWidthFromNarrow(c.params.at(0), text, static_cast<int32_t>(c.params.at(1)),
                                          static_cast<int32_t>(c.params.at(2)));
+  } else if (routine == "UPCASE" || routine == "LOWCASE") {
+    std::vector<uint16_t> units = units_of(in, len);  // in place
+    o.result = (routine == "UPCASE" ? UPCASE : LOWCASE)(units.data(), static_cast<uint32_t>(units.size()));
+    o.out = bytes_of(units.data(), static_cast<uint32_t>(units.size()));
+  } else if (routine == "MPTLU") {
+    // Units copied into the output buffer (the capacity its bytes), cut or
+    // padded with blanks; the guard bytes after it stay.
+    const std::vector<uint16_t> units = units_of(in, len);
+    std::vector<uint16_t> to(c.cap / 2);
+    MPTLU(len ? units.data() : nullptr, static_cast<int32_t>(units.size()), reinterpret_cast<uint16_t *>(out),
+          static_cast<int32_t>(to.size()));
+    if (!to.empty()) std::memcpy(to.data(), out, 2 * to.size());
+    o.out = bytes_of(to.data(), static_cast<uint32_t>(to.size()));
+  } else if (routine == "zas2eb" || routine == "zeb2as" || routine == "wztxatoe" || routine == "wztxetoa") {
+    // In place on the output buffer holding a copy of the input; a parameter
+    // is the length passed instead of the input's.
+    void (*const translate)(uint8_t *, int32_t) = routine == "zas2eb"     ? zas2eb
+                                                  : routine == "zeb2as"   ? zeb2as
+                                                  : routine == "wztxatoe" ? wztxatoe
+                                                                          : wztxetoa;
+    if (len) std::memcpy(out, in, len);
+    translate(out, c.params.empty() ? static_cast<int32_t>(len) : static_cast<int32_t>(c.params[0]));
+    written(len);
   } else {
     if (routine == "ConvertToUTF32")
       o.result = ConvertToUTF32(len ? in : nullptr, len, out, c.cap, &n, UTF8_UTF32, c.params.empty() ? COPY_UTF32 : COPY_UTF32_SWAP);

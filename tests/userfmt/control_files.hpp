@@ -13,6 +13,9 @@ namespace xfmt::test {
 
 std::filesystem::path data_dir();
 
+// The bytes of a file under the data folder.
+std::string file_text(const std::string &file);
+
 // Runs cwd-sensitive code inside the data folder.
 class in_data_dir {
  public:
@@ -42,6 +45,30 @@ class read_request {
   std::string path_;
   void *first_ = nullptr;
 };
+
+// The label of the value (a number, . or .A-.Z; for a $ format the text)
+// through the routine a handle of the request's format gets.
+std::string label_of(const read_request &r, const std::string &value, int32_t w);
+
+// A name resolved through xfname2 with a context (kind 73 asks for an
+// informat); the handle is released with the object.
+struct resolved {
+  void *handle = nullptr;
+  xf_status status;
+  uint16_t widths[8] = {};
+  resolved(const std::string &name, xf_ufmt_context *ctx, int32_t kind = 0);
+  ~resolved();
+  resolved(const resolved &) = delete;
+  resolved &operator=(const resolved &) = delete;
+};
+
+// One number through xffmt into a buffer of capacity cap (default w): the
+// field and the status.
+struct written {
+  std::string text;
+  xf_status status;
+};
+written put(void *handle, double v, int32_t w, uint32_t requested_encoding = 0, int64_t cap = -1);
 
 // A control file of the given rows after the header of
 // userfmt/bad_number.xml, in the temporary folder under a name that carries

@@ -6,7 +6,6 @@
 #include <thread>
 #include <vector>
 
-#include "support/frame.hpp"
 #include "userfmt/control_files.hpp"
 #include "userfmt/control_reader.hpp"
 #include "xfmt/xfmt.h"
@@ -25,42 +24,34 @@ std::string many_formats_file(const std::string &file, int count, const std::str
   return write_control_file(file, rows, hours_back);
 }
 
-// The label format `name` of the file gives the value 5, or the read code.
+// The label format `name` of the file gives the value 5 (without its
+// padding), or the read code.
 std::string label_of(const std::string &path, const std::string &name) {
   read_request r(path, name);
   if (r.rc != 0) return "rc " + std::to_string(r.rc);
-  frame_box b = frame_box::number(5.0, 12, 0);
-  xf_user_handle h{};
-  setfptr(r.header(), &h);
-  if (!h.routine) return "no routine";
-  h.routine(&b.f, r.header(), r.ranges());
-  return b.str();
-}
-
-std::string trimmed(std::string s) {
-  while (!s.empty() && s.back() == ' ') s.pop_back();
-  return s;
+  const std::string label = xfmt::test::label_of(r, "5", 12);
+  return label.substr(0, label.find_last_not_of(' ') + 1);
 }
 
 TEST(control_cache, many_names_from_one_file_parse_it_once) {
   const std::string path = many_formats_file("cache_many.xml", 1000, "L");
   const std::size_t before = xfmt::userfmt::control_file_parses();
   for (int i = 0; i < 1000; ++i)
-    ASSERT_EQ(trimmed(label_of(path, "F" + std::to_string(i))), "L" + std::to_string(i)) << i;
+    ASSERT_EQ(label_of(path, "F" + std::to_string(i)), "L" + std::to_string(i)) << i;
   EXPECT_EQ(label_of(path, "NOSUCH"), "rc 1");
   EXPECT_EQ(xfmt::userfmt::control_file_parses() - before, 1u);
 }
 
 TEST(control_cache, rewritten_file_is_read_again) {
   const std::string path = many_formats_file("cache_rewrite.xml", 3, "A");
-  EXPECT_EQ(trimmed(label_of(path, "F2")), "A2");
+  EXPECT_EQ(label_of(path, "F2"), "A2");
   const std::size_t before = xfmt::userfmt::control_file_parses();
   // Same size, another time.
   many_formats_file("cache_rewrite.xml", 3, "B", 2);
-  EXPECT_EQ(trimmed(label_of(path, "F2")), "B2");
+  EXPECT_EQ(label_of(path, "F2"), "B2");
   // Another size, the same time as before.
   many_formats_file("cache_rewrite.xml", 3, "CC", 2);
-  EXPECT_EQ(trimmed(label_of(path, "F2")), "CC2");
+  EXPECT_EQ(label_of(path, "F2"), "CC2");
   EXPECT_EQ(xfmt::userfmt::control_file_parses() - before, 2u);
 }
 
@@ -69,8 +60,8 @@ TEST(control_cache, rewritten_file_is_read_again) {
 TEST(control_cache, file_written_just_now_is_read_each_time) {
   const std::string path = many_formats_file("cache_fresh.xml", 2, "N", 0);
   const std::size_t before = xfmt::userfmt::control_file_parses();
-  EXPECT_EQ(trimmed(label_of(path, "F1")), "N1");
-  EXPECT_EQ(trimmed(label_of(path, "F0")), "N0");
+  EXPECT_EQ(label_of(path, "F1"), "N1");
+  EXPECT_EQ(label_of(path, "F0"), "N0");
   EXPECT_EQ(xfmt::userfmt::control_file_parses() - before, 2u);
 }
 
@@ -81,7 +72,7 @@ TEST(control_cache, more_files_than_kept) {
     paths.push_back(many_formats_file("cache_lru" + std::to_string(f) + ".xml", 2, "P" + std::to_string(f) + "_"));
   for (int round = 0; round < 2; ++round)
     for (int f = 0; f < 6; ++f)
-      EXPECT_EQ(trimmed(label_of(paths[static_cast<std::size_t>(f)], "F1")), "P" + std::to_string(f) + "_1");
+      EXPECT_EQ(label_of(paths[static_cast<std::size_t>(f)], "F1"), "P" + std::to_string(f) + "_1");
 }
 
 // Eight threads resolve names from two files at once (run under
@@ -95,7 +86,7 @@ TEST(concurrency, control_cache_eight_threads) {
     threads.emplace_back([&, t] {
       for (int i = 0; i < 50; ++i) {
         const bool first = (i + t) % 2 == 0;
-        const std::string got = trimmed(label_of(first ? a : b, "F" + std::to_string(i)));
+        const std::string got = label_of(first ? a : b, "F" + std::to_string(i));
         if (got != (first ? "TA" : "TB") + std::to_string(i)) ++wrong[static_cast<std::size_t>(t)];
       }
     });

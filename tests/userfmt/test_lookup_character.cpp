@@ -1,6 +1,7 @@
-// Character value-label lookup: the 16-bit comparison, ranges with trailing
-// blanks and exclusions, fixed 16-unit keys, MPTLU, and the bisection
-// against the linear search.
+// Character value-label lookup: the 16-bit comparison, labels beyond ASCII,
+// and the bisection against the linear search (the single lookups are rows
+// of tests/data/userfmt/lookups.txt, MPTLU's calls rows of
+// tests/data/text/conversions.txt).
 #include <gtest/gtest.h>
 
 #include "support/random.hpp"
@@ -11,11 +12,6 @@ using namespace xfmt::test;
 
 namespace {
 
-int32_t cmp(const std::u16string &a, const std::u16string &b) {
-  return zstrcomu(reinterpret_cast<const uint16_t *>(a.data()), static_cast<int32_t>(a.size()),
-                  reinterpret_cast<const uint16_t *>(b.data()), static_cast<int32_t>(b.size()));
-}
-
 TEST(zstrcomu, trailing_blanks_are_insignificant_and_units_are_signed) {
   struct row { std::u16string a, b; int32_t want; };
   const row rows[] = {
@@ -23,54 +19,14 @@ TEST(zstrcomu, trailing_blanks_are_insignificant_and_units_are_signed) {
       {u"AB", u"ABC", -1},   {u"ABC", u"AB", 1},   {u"AB", u"AC", -1},  {u"ab", u"AB", 1},
       {u"AB ", u"AB C", -1}, {u"\x8000", u"A", -1}, {u"A", u"\xFFFF", 1}, {u"", u"", 0},
   };
-  for (const row &r : rows) EXPECT_EQ(cmp(r.a, r.b), r.want);
+  for (const row &r : rows)
+    EXPECT_EQ(zstrcomu(reinterpret_cast<const uint16_t *>(r.a.data()), static_cast<int32_t>(r.a.size()),
+                       reinterpret_cast<const uint16_t *>(r.b.data()), static_cast<int32_t>(r.b.size())),
+              r.want);
 }
 
-TEST(mptlu, copies_or_cuts_and_fills_with_blanks) {
-  std::u16string src = u"abc";
-  uint16_t dst[6];
-  MPTLU(reinterpret_cast<const uint16_t *>(src.data()), 3, dst, 5);
-  EXPECT_EQ(std::u16string(reinterpret_cast<char16_t *>(dst), 5), u"abc  ");
-  dst[2] = 'x';
-  MPTLU(reinterpret_cast<const uint16_t *>(src.data()), 3, dst, 2);
-  EXPECT_EQ(dst[2], 'x');
-  EXPECT_EQ(std::u16string(reinterpret_cast<char16_t *>(dst), 2), u"ab");
-  MPTLU(nullptr, 0, dst, 3);
-  EXPECT_EQ(std::u16string(reinterpret_cast<char16_t *>(dst), 3), u"   ");
-}
-
-TEST(character_lookup, trailing_blanks_match_and_case_counts) {
-  for (xf_label_routine r : {yfpfcfn, yfpfcfm, yfpfcfs}) {
-    memory_format f(11);
-    f.char_value("AB", "found");
-    EXPECT_EQ(run_text(r, f, u"AB   ", 5).text, "found");
-    result miss = run_text(r, f, u"ab", 5);
-    EXPECT_EQ(miss.text, "ab   ");
-    EXPECT_EQ(miss.flags & XF_FLAG_UNFORMATTED, XF_FLAG_UNFORMATTED);
-  }
-}
-
-TEST(character_lookup, ranges_with_exclusions_low_and_high) {
-  for (xf_label_routine r : {yfpfcfn, yfpfcfm, yfpfcfr}) {
-    memory_format f(11);
-    f.char_range("A", "F", "first", XF_RANGE_LOW | XF_RANGE_END_EXCL);
-    f.char_range("F", "M", "second");
-    f.char_range("M", "", "third", XF_RANGE_START_EXCL | XF_RANGE_HIGH);
-    EXPECT_EQ(run_text(r, f, u"", 6).text, "first ");
-    EXPECT_EQ(run_text(r, f, u"EZZ", 6).text, "first ");
-    EXPECT_EQ(run_text(r, f, u"F", 6).text, "second");
-    EXPECT_EQ(run_text(r, f, u"M", 6).text, "second");
-    EXPECT_EQ(run_text(r, f, u"MA", 6).text, "third ");
-    EXPECT_EQ(run_text(r, f, u"zzz", 6).text, "third ");
-  }
-}
-
-TEST(character_lookup, other_and_utf8_delivery) {
-  memory_format f(11);
-  f.char_range("N", "S", "Middle");
-  f.other("?");
-  EXPECT_EQ(run_text(yfpfcfn, f, u"A", 3).text, "?  ");
-  // A label unit beyond ASCII is delivered as UTF-8 and counts as one position.
+// A label unit beyond ASCII is delivered as UTF-8 and counts as one position.
+TEST(character_lookup, utf8_delivery) {
   memory_format g(11);
   g.char_value("E", "x");
   auto *l = const_cast<xf_label_text *>(static_cast<const xf_label_text *>(g.text_label("a-b")));
@@ -80,27 +36,6 @@ TEST(character_lookup, other_and_utf8_delivery) {
   EXPECT_EQ(run_text(yfpfcfn, g, u"Q", 4, 8).text, "a\xE2\x80\x93" "b ");
   // Never split: capacity 3 holds "a" and not the 3-byte dash.
   EXPECT_EQ(run_text(yfpfcfn, g, u"Q", 4, 3).text, "a");
-}
-
-TEST(character_lookup, fixed_keys) {
-  memory_format f(11);
-  f.fixed(XF_RANGE_FIXED_VALUE, "APPLE", "", "fruit");
-  f.fixed(XF_RANGE_FIXED, "B", "C", "bc", XF_RANGE_END_EXCL);
-  f.fixed(XF_RANGE_FIXED_VALUE, "C", "", "c");
-  for (xf_label_routine r : {yfpfcfn, yfpfcfx, yfpfcfy, yfpfcfz}) {
-    EXPECT_EQ(run_text(r, f, u"APPLE", 5).text, "fruit");
-    EXPECT_EQ(run_text(r, f, u"BX", 5).text, "bc   ");
-    EXPECT_EQ(run_text(r, f, u"C", 5).text, "c    ");
-  }
-}
-
-TEST(character_lookup, several_labels) {
-  memory_format f(11);
-  f.char_range("A", "M", "am");
-  f.char_range("K", "Z", "kz");
-  f.header()->multilabel = 1;
-  EXPECT_EQ(run_text(yfpfcfn, f, u"L", 2, 8, XF_FLAG_MULTILABEL).text, "amkz  ");
-  EXPECT_EQ(run_text(yfpfcfn, f, u"L", 2, 4, XF_FLAG_MULTILABEL).text, "**");
 }
 
 TEST(character_lookup, bisection_agrees_with_linear_on_random_sorted_tables) {

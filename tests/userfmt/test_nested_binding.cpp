@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "support/frame.hpp"
+#include "userfmt/control_files.hpp"
 #include "userfmt/tables.hpp"
 #include "xfmt/xfmt.h"
 
@@ -59,38 +59,17 @@ struct nesting_catalog {
   }
 };
 
-struct bound {
-  void *handle = nullptr;
-  xf_status status;
-  bound(const char *name, xf_ufmt_context *ctx)
-      : status(xfname2(name, static_cast<int32_t>(std::strlen(name)), 0, nullptr, &handle, ctx)) {}
-  ~bound() { xfrelease(handle); }
-  bound(const bound &) = delete;
-  bound &operator=(const bound &) = delete;
-};
-
-struct written {
-  std::string text;
-  xf_status status;
-};
-
-written put(void *handle, double v, int32_t w) {
-  frame_box b = frame_box::number(v, w, 0, -1);
-  xf_status st = xffmt(&b.f, handle);
-  return {b.str(), st};
-}
-
 TEST(nested_label_resolved_per_value, self_nested_label_allocates_nothing_per_value) {
   nesting_catalog cat;
-  bound size("SIZE", &cat.ctx);
+  resolved size("SIZE", &cat.ctx);
   ASSERT_EQ(size.status, XF_OK);
   const double values[] = {3, 7, 12.345, 500, 1500, 5000};
   const char *expected[] = {"low ", "high", " 12.35", "********", "********", nullptr};
   for (int i = 0; i < 5; ++i) EXPECT_EQ(put(size.handle, values[i], 8).text, expected[i]) << values[i];
-  bound grade("GRADE", &cat.ctx);
+  resolved grade("GRADE", &cat.ctx);
   ASSERT_EQ(grade.status, XF_OK);
   EXPECT_EQ(put(grade.handle, 7, 4).text, "high");
-  EXPECT_EQ(bound("GRADEX", &cat.ctx).status, 1u);  // no such format in the catalog
+  EXPECT_EQ(resolved("GRADEX", &cat.ctx).status, 1u);  // no such format in the catalog
 
   // Frames prepared before counting starts; std::string stays out of the loop.
   char out[16];
@@ -114,14 +93,14 @@ TEST(nested_label_resolved_per_value, self_nested_label_allocates_nothing_per_va
 
 TEST(nested_label_resolved_per_value, cycle_through_two_formats_is_found_at_resolution) {
   nesting_catalog cat;
-  bound a("LOOPA", &cat.ctx);
+  resolved a("LOOPA", &cat.ctx);
   ASSERT_EQ(a.status, XF_OK);
   // LOOPA -> LOOPB -> LOOPA: the inner LOOPA is the cycle, written as stars
   // over the label's field with status 0, as an unknown name is.
   written w = put(a.handle, 1, 6);
   EXPECT_EQ(w.text, "******");
   EXPECT_EQ(w.status, XF_OK);
-  bound b("LOOPB", &cat.ctx);
+  resolved b("LOOPB", &cat.ctx);
   ASSERT_EQ(b.status, XF_OK);
   EXPECT_EQ(put(b.handle, 1, 4).text, "****");
   // The counter works: resolution allocates (seen only where malloc itself

@@ -26,24 +26,16 @@ TEST(picture, table_of_numeric_templates) {
   memory_format f(3);
   const auto q = [](const std::string &field) { return field.substr(1, field.size() - 2); };
   for (const auto &r : tab_rows("userfmt/pictures.txt")) {
-    const void *p = f.picture(q(r[1]), q(r[2]).at(0), q(r[3]), std::stod(r[4]));
-    EXPECT_EQ(pict(f, p, std::stoi(r[5]), std::stod(r[6]), std::stoi(r[7])), q(r[8])) << r[0];
+    const void *p = f.picture(q(r[1]), q(r[2]).at(0), q(r[3]), std::stod(r[4]), r.size() > 9 && r[9] == "noedit");
+    const double v = r[6][0] == '.' ? missing_letter(r[6].size() == 1 ? '.' : r[6][1]) : std::stod(r[6]);
+    EXPECT_EQ(pict(f, p, std::stoi(r[5]), v, std::stoi(r[7])), q(r[8])) << r[0];
   }
 }
 
-TEST(picture, literal_and_noedit) {
-  memory_format f(3);
-  EXPECT_EQ(pict(f, f.picture("N/A", ' ', "", 0), 5, 42), "  N/A");
-  EXPECT_EQ(pict(f, f.picture("99 bottles", ' ', "", 0, true), 12, 42), "  99 bottles");
-  EXPECT_EQ(pict(f, f.picture("abcdef", ' ', "", 0), 3, 1), "abc");
-}
-
-TEST(picture, missing_and_huge_values_go_to_the_standard_routine) {
+// Beyond 16 digits: the standard routine's layout of the scaled magnitude.
+TEST(picture, huge_values_go_to_the_standard_routine) {
   memory_format f(3);
   const void *p = f.picture("009", ' ', "", 0);
-  EXPECT_EQ(pict(f, p, 4, missing_letter('C')), "   C");
-  EXPECT_EQ(pict(f, p, 4, missing_letter('.')), "   .");
-  // Beyond 16 digits: the standard routine's layout of the scaled magnitude.
   frame_box b = frame_box::number(1e17 + 1e-7, 6, 0);
   std::fill(b.out.begin(), b.out.end(), ' ');
   zfmt(&b.f);
