@@ -157,12 +157,17 @@ std::string stamp_text() {
   return s + "</HEADER><ROW>" + row + "</ROW></TABLE>";
 }
 
-void stamp_picture(benchmark::State &state, bool plain_labels) {
-  loaded fmt(stamp_text(), "STAMP                           ", plain_labels);
+std::vector<double> stamps() {
   std::mt19937_64 g(7);
   std::uniform_real_distribution<double> d(0, 2.2e9);  // 1960 to about 2030
   std::vector<double> vs(4096);
   for (double &x : vs) x = std::floor(d(g));
+  return vs;
+}
+
+void stamp_picture(benchmark::State &state, bool plain_labels) {
+  loaded fmt(stamp_text(), "STAMP                           ", plain_labels);
+  const std::vector<double> vs = stamps();
   char out[19];
   xf_frame f{};
   f.width = 19;
@@ -180,5 +185,22 @@ void BM_userfmt_date_picture_compiled(benchmark::State &state) { stamp_picture(s
 void BM_userfmt_date_picture_per_call(benchmark::State &state) { stamp_picture(state, true); }
 BENCHMARK(BM_userfmt_date_picture_compiled);
 BENCHMARK(BM_userfmt_date_picture_per_call);
+
+// The picture routine alone, without the look-up and the field around it.
+void stamp_yfpict(benchmark::State &state, bool plain_labels) {
+  loaded fmt(stamp_text(), "STAMP                           ", plain_labels);
+  const void *label = xfmt::userfmt::entry_label(static_cast<void *const *>(fmt.ctx.word2)[0]);
+  const std::vector<double> vs = stamps();
+  char out[19];
+  size_t i = 0;
+  for (auto _ : state) {
+    yfpict(19, out, label, 0, vs[i++ & 4095]);
+    benchmark::DoNotOptimize(out);
+  }
+}
+void BM_userfmt_date_yfpict_compiled(benchmark::State &state) { stamp_yfpict(state, false); }
+void BM_userfmt_date_yfpict_per_call(benchmark::State &state) { stamp_yfpict(state, true); }
+BENCHMARK(BM_userfmt_date_yfpict_compiled);
+BENCHMARK(BM_userfmt_date_yfpict_per_call);
 
 }  // namespace
