@@ -64,8 +64,9 @@ inline constexpr uint8_t picture_compiled = 1;
 inline constexpr std::size_t picture_steps_alignment = 16;
 // Bytes of the text area: the template, prefix and language as laid out.
 inline std::size_t picture_text_bytes(const xf_picture_label *p) {
-  auto end = [](int16_t offset, int16_t length) {
-    return length > 0 && offset >= 0 ? static_cast<std::size_t>(offset) + static_cast<std::size_t>(length) : 0;
+  auto end = [](int16_t offset, int16_t length) -> std::size_t {
+    if (length <= 0 || offset < 0) return 0;
+    return static_cast<std::size_t>(offset) + static_cast<std::size_t>(length);
   };
   std::size_t n = end(0, p->picture_length);
   if (std::size_t e = end(p->prefix_offset, p->prefix_length); e > n) n = e;
