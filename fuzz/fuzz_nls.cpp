@@ -17,6 +17,7 @@
 #include "nls/date_plan.hpp"
 #include "nls/locale_reader.hpp"
 #include "nls/zkf.hpp"
+#include "userfmt/datefmt.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {
@@ -118,7 +119,8 @@ void one_compiled_pattern(reader &r) {
 }
 
 // A user-format date picture: its directives run through the same engine;
-// never past the work area, the same text twice.
+// never past the work area, the same text twice, and the same text again
+// from plans compiled ahead, as the reader keeps them with a label.
 void one_date_picture(reader &r) {
   const int32_t datatype = r.byte() % 5;
   const double value = value_of(r);
@@ -129,6 +131,11 @@ void one_date_picture(reader &r) {
   const int32_t n = datefmt(picture.data(), length, datatype, "", 0, value, a.data(), capacity);
   const int32_t m = datefmt(picture.data(), length, datatype, "", 0, value, b.data(), capacity);
   check(n == m && a == b && n >= 0 && n <= (capacity > 0 ? capacity : 0));
+  xfmt::nls::pattern_plan plans[xfmt::userfmt::date_plans_max];
+  const size_t count = xfmt::userfmt::compile_date_template(picture.data(), length, datatype, plans);
+  if (count == 0) return;
+  const int32_t k = xfmt::userfmt::run_date_template(plans, count, datatype, value, b.data(), capacity);
+  check(k == n && a == b);
 }
 
 }  // namespace

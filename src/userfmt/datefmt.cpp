@@ -15,10 +15,12 @@
 #include <cmath>
 #include <cstring>
 #include <string_view>
+#include <type_traits>
 
 #include "core/missing.hpp"
 #include "datetime/calendar.hpp"
 #include "nls/date_plan.hpp"
+#include "userfmt/datefmt.hpp"
 
 namespace xfmt::userfmt {
 namespace {
@@ -145,7 +147,58 @@ bool time_parts(double t, nls::moment &m) {
   return true;
 }
 
+// The moment of value for datatype; false when the value writes a single
+// character instead (a missing value its letter or ".", an unusable one
+// "*"), which is then stored and counted in *written.
+bool moment_of(int32_t datatype, double value, nls::moment &m, char *work, size_t room,
+               int32_t *written) {
+  char single = 0;
+  if (xfmt::is_missing(value)) {
+    const char symbol = xfmt::missing_symbol(xfmt::double_bits(value));
+    single = symbol == ' ' ? '.' : symbol;
+  } else {
+    bool ok = true;
+    if (datatype == 1) ok = date_parts(value, m);
+    else if (datatype == 2) ok = time_parts(value, m);
+    else if (datatype == 3) ok = date_parts(zdatprt(value), m) && time_parts(ztimprt(value), m);
+    if (ok && !std::isnan(value)) return true;
+    single = '*';
+  }
+  if (room > 0) work[0] = single;
+  *written = room > 0 ? 1 : 0;
+  return false;
+}
+
+size_t room_of(int32_t capacity) { return capacity > 0 ? static_cast<size_t>(capacity) : 0; }
+
 }  // namespace
+
+// The plans stand after a label's text, copied byte for byte.
+static_assert(std::is_trivially_copyable_v<nls::pattern_plan>);
+
+size_t compile_date_template(const char *t, int32_t length, int32_t datatype,
+                             nls::pattern_plan *plans) {
+  const bool has_date = datatype == 1 || datatype == 3, has_time = datatype == 2 || datatype == 3;
+  size_t count = 0;
+  int32_t at = 0;
+  do {
+    if (count == date_plans_max) return 0;
+    at = compile_picture(t, length, at, has_date, has_time, &plans[count++]);
+  } while (plans[count - 1].state == nls::plan_state::partial);
+  return count;
+}
+
+int32_t run_date_template(const nls::pattern_plan *plans, size_t count, int32_t datatype,
+                          double value, char *work, int32_t capacity) {
+  const size_t room = room_of(capacity);
+  nls::moment m;
+  int32_t written = 0;
+  if (!moment_of(datatype, value, m, work, room, &written)) return written;
+  size_t n = 0;
+  for (size_t k = 0; k < count; ++k) n = nls::run_plan(plans[k], m, 0, work, room, n, false);
+  return static_cast<int32_t>(n < room ? n : room);
+}
+
 }  // namespace xfmt::userfmt
 
 using namespace xfmt::userfmt;
@@ -153,25 +206,14 @@ using namespace xfmt::userfmt;
 extern "C" int32_t datefmt(const char *picture, int32_t picture_length, int32_t datatype,
                            const char *language, int32_t language_length, double value,
                            char *work, int32_t work_capacity) {
-  const size_t room = work_capacity > 0 ? static_cast<size_t>(work_capacity) : 0;
   // Only English names are held: "English", an empty language and any
   // other language all use them.
   (void)language;
   (void)language_length;
-  if (xfmt::is_missing(value)) {
-    const char symbol = xfmt::missing_symbol(xfmt::double_bits(value));
-    if (room > 0) work[0] = symbol == ' ' ? '.' : symbol;
-    return room > 0 ? 1 : 0;
-  }
+  const size_t room = room_of(work_capacity);
   xfmt::nls::moment m;
-  bool ok = true;
-  if (datatype == 1) ok = date_parts(value, m);
-  else if (datatype == 2) ok = time_parts(value, m);
-  else if (datatype == 3) ok = date_parts(zdatprt(value), m) && time_parts(ztimprt(value), m);
-  if (!ok || std::isnan(value)) {
-    if (room > 0) work[0] = '*';
-    return room > 0 ? 1 : 0;
-  }
+  int32_t written = 0;
+  if (!moment_of(datatype, value, m, work, room, &written)) return written;
   // The directives compile into the national pattern engine's steps, a
   // plan's worth at a time for a long picture.
   xfmt::nls::pattern_plan plan;

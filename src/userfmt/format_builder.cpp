@@ -1,6 +1,7 @@
 // Rows of the control file to records: one header per requested format,
 // a range entry per row (an OTHER row gives only a label), text labels in
-// UTF-16 units and picture labels with their text area.
+// UTF-16 units and picture labels with their text area (and a date
+// template's compiled plans).
 #include "userfmt/format_builder.hpp"
 
 #include <algorithm>
@@ -9,6 +10,7 @@
 #include <cstring>
 
 #include "core/missing.hpp"
+#include "userfmt/datefmt.hpp"
 #include "userfmt/keys.hpp"
 #include "userfmt/records.hpp"
 
@@ -207,7 +209,16 @@ const void *format_builder::picture_label(const row_cells &row, int &rc) {
   std::string_view lang = trimmed(row.text[col_language]);
   std::size_t total = tpl.size() + prefix.size() + lang.size();
   if (total > 32767) return rc = read_bad_row, nullptr;
-  auto *p = static_cast<xf_picture_label *>(alloc(picture_text_offset + total));
+  // A date template is compiled here, once, and its plans kept after the
+  // text; one too long to keep compiles on each call instead.
+  nls::pattern_plan plans[date_plans_max];
+  std::size_t plan_count = 0;
+  if (datatype != 0)
+    plan_count = compile_date_template(tpl.data(), static_cast<int32_t>(tpl.size()), datatype, plans);
+  const std::size_t steps_at = steps_offset_after(total);
+  const std::size_t size =
+      plan_count > 0 ? steps_at + plan_count * sizeof plans[0] : picture_text_offset + total;
+  auto *p = static_cast<xf_picture_label *>(alloc(size));
   if (!p) return rc = read_no_memory, nullptr;
   p->label_kind = XF_LABEL_PICTURE;
   p->datatype = datatype;
@@ -228,6 +239,11 @@ const void *format_builder::picture_label(const row_cells &row, int &rc) {
   std::memcpy(area, tpl.data(), tpl.size());
   std::memcpy(area + tpl.size(), prefix.data(), prefix.size());
   std::memcpy(area + tpl.size() + prefix.size(), lang.data(), lang.size());
+  if (plan_count > 0) {
+    std::memcpy(reinterpret_cast<char *>(p) + steps_at, plans, plan_count * sizeof plans[0]);
+    p->reserved[0] = picture_compiled;
+    p->reserved[1] = static_cast<uint8_t>(plan_count);
+  }
   return p;
 }
 

@@ -1,6 +1,6 @@
 // Picture labels: a numeric template into which the value's digits are laid
 // (digit selection, significance, fill, prefix, mult, round, noedit), or a
-// date template handed to datefmt.
+// date template: its compiled plans run, or datefmt when it has none.
 #include "xfmt/xfmt.h"
 
 #include <algorithm>
@@ -10,6 +10,7 @@
 
 #include "core/field.hpp"
 #include "core/missing.hpp"
+#include "userfmt/datefmt.hpp"
 #include "userfmt/records.hpp"
 
 namespace xfmt::userfmt {
@@ -30,17 +31,21 @@ void plain_number(int32_t w, char *out, double x) {
 }
 
 void date_picture(int32_t w, char *out, const xf_picture_label *p, double value) {
-  const char *text = picture_text(p);
-  const char *lang = " ";
-  int32_t lang_n = 1;
-  if (p->language_length > 0) {
-    lang = text + p->language_offset;
-    lang_n = p->language_length;
-  }
   // Rendering straight into the field keeps its first w characters; a
-  // shorter text is then moved to the right end.
-  int32_t n = datefmt(text, std::max<int16_t>(p->picture_length, 0), p->datatype, lang, lang_n,
-                      value, out, w);
+  // shorter text is then moved to the right end. A label the reader built
+  // only runs the plans it compiled; any other compiles its template here.
+  int32_t n;
+  if (const uint8_t count = picture_plan_count(p); count > 0) {
+    const auto *plans = reinterpret_cast<const nls::pattern_plan *>(
+        reinterpret_cast<const char *>(p) + picture_steps_offset(p));
+    n = run_date_template(plans, count, p->datatype, value, out, w);
+  } else {
+    const char *text = picture_text(p);
+    const bool has_language = p->language_length > 0;
+    n = datefmt(text, std::max<int16_t>(p->picture_length, 0), p->datatype,
+                has_language ? text + p->language_offset : " ",
+                has_language ? p->language_length : 1, value, out, w);
+  }
   n = std::clamp(n, 0, w);
   if (n < w) {
     std::memmove(out + (w - n), out, static_cast<size_t>(n));

@@ -55,6 +55,35 @@ inline const bound_pair *search_index(const xf_user_format *h, const void *const
   return static_cast<const bound_pair *>(index);
 }
 
+// Date pictures the reader builds carry their template compiled (see
+// userfmt/datefmt.hpp): the label's first reserved byte says so, the second
+// counts the plans, and the plans stand after the text area at the next
+// multiple of 16 bytes in the same allocation. A label a host builds has
+// zero there and compiles on each call.
+inline constexpr uint8_t picture_compiled = 1;
+inline constexpr std::size_t picture_steps_alignment = 16;
+// Bytes of the text area: the template, prefix and language as laid out.
+inline std::size_t picture_text_bytes(const xf_picture_label *p) {
+  auto end = [](int16_t offset, int16_t length) -> std::size_t {
+    if (length <= 0 || offset < 0) return 0;
+    return static_cast<std::size_t>(offset) + static_cast<std::size_t>(length);
+  };
+  std::size_t n = end(0, p->picture_length);
+  if (std::size_t e = end(p->prefix_offset, p->prefix_length); e > n) n = e;
+  if (std::size_t e = end(p->language_offset, p->language_length); e > n) n = e;
+  return n;
+}
+inline std::size_t steps_offset_after(std::size_t text_bytes) {
+  const std::size_t end = picture_text_offset + text_bytes;
+  return (end + picture_steps_alignment - 1) / picture_steps_alignment * picture_steps_alignment;
+}
+inline std::size_t picture_steps_offset(const xf_picture_label *p) {
+  return steps_offset_after(picture_text_bytes(p));
+}
+inline uint8_t picture_plan_count(const xf_picture_label *p) {
+  return p->reserved[0] == picture_compiled ? p->reserved[1] : 0;
+}
+
 inline uint8_t entry_kind(const void *e) { return *static_cast<const uint8_t *>(e); }
 
 inline const uint16_t *units_at(const void *base, std::size_t offset) {
