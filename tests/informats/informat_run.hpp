@@ -1,5 +1,5 @@
-// Running an informat on a text with exact-size buffers, and the expected
-// values of the tables (a number, a missing value of the library's table).
+// Running an informat on a text with exact-size buffers, bits shown in hex,
+// and round trips of days through a format and its informat.
 #pragma once
 
 #include <cstdint>
@@ -28,6 +28,12 @@ inline informat_outcome run_informat(xf_routine routine, const std::string &text
   return {st, bits, b.f.output_length};
 }
 
+// The field a format writes for v at width w (asserting it succeeds).
+inline std::string print(xf_routine format, double v, int32_t w) {
+  frame_box b = frame_box::number(v, w);
+  EXPECT_EQ(format(&b.f), XF_OK) << v << " w " << w;
+  return b.str();
+}
 
 inline std::string hex(uint64_t bits) {
   char buf[24];
@@ -36,6 +42,21 @@ inline std::string hex(uint64_t bits) {
   buf[1] = 'x';
   for (int i = 0; i < 16; ++i) buf[2 + i] = digits[(bits >> (60 - 4 * i)) & 0xF];
   return std::string(buf, 18);
+}
+
+// Every day n of [first, last], step apart, written by the format at width
+// w (as the datetime n * 86400 + 3599 when datetime is set) reads back
+// through the informat as the day first_of(n), or n itself.
+inline void round_trip(xf_routine format, int32_t w, xf_routine informat, int64_t first, int64_t last,
+                       int64_t step = 1, bool datetime = false, int64_t (*first_of)(int64_t) = nullptr) {
+  for (int64_t n = first; n <= last; n += step) {
+    const double v = static_cast<double>(n) * (datetime ? 86400.0 : 1.0) + (datetime ? 3599 : 0);
+    const std::string text = print(format, v, w);
+    auto got = run_informat(informat, text, w);
+    const double want = static_cast<double>(first_of ? first_of(n) : n);
+    ASSERT_EQ(got.status, XF_OK) << "[" << text << "] w " << w;
+    ASSERT_EQ(hex(got.bits), hex(double_bits(want))) << "[" << text << "] w " << w;
+  }
 }
 
 }  // namespace xfmt::test

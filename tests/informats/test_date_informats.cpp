@@ -1,6 +1,7 @@
-// The date, time and datetime informats: tables of accepted and refused
-// texts, the frame checks, and round trips through the date formats: every
-// day of a wide range printed by a format and read back gives the same day.
+// The date, time and datetime informats (their tables, and what every one
+// of them shares, are in tests/data/informats): round trips through the date
+// formats, where every day of a wide range printed by a format and read back
+// gives the same day, and random texts against an oracle or strtod.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -18,78 +19,19 @@
 namespace {
 
 using xfmt::datetime::days_from_ymd;
-using xfmt::test::frame_box;
 using xfmt::test::hex;
 using xfmt::test::miss;
 using xfmt::test::num;
+using xfmt::test::print;
+using xfmt::test::round_trip;
 using xfmt::test::run_informat;
 
 constexpr xf_status ok = XF_OK;
 constexpr xf_status bad = XF_IN_INVALID;
-constexpr xf_status width = XF_IN_BAD_WIDTH;
 
 const uint64_t none = miss('.');
 
-// What every informat shares: blanks, missing notations, width, decimals
-// and the output room.
-TEST(DateInformats, FrameRules) {
-  const xf_routine all[] = {zifmdate, zifmdttm, zifmdmy, zifmjul, zifmdyam, zifmmdy,
-                            zifmmony, zifmneng, zifmtime, zifmymd, zifmyyq};
-  const struct {
-    const char *text;
-    int32_t w;
-    xf_status status;
-    uint64_t bits;
-  } shared[] = {
-      {"", 8, ok, none},
-      {"        ", 8, ok, none},
-      {" \t . ", 5, ok, none},
-      {".", 1, ok, none},
-      {".A", 2, ok, miss('A')},
-      {".z", 2, ok, miss('Z')},
-      {"._", 2, ok, miss('_')},
-      {"..", 2, bad, none},
-      {"x", 1, bad, none},
-      {"04JUL2023", -1, width, none},
-      {"anything", 0, ok, none},
-  };
-  for (xf_routine r : all) {
-    for (const auto &c : shared)
-      EXPECT_TRUE(xfmt::test::holds(xfmt::test::informat_case(r, c.text, c.w, 0, c.bits, c.status)));
-    auto d_bad = run_informat(r, "2023", 4, 32);
-    EXPECT_EQ(d_bad.status, width);
-    EXPECT_EQ(hex(d_bad.bits), hex(none));
-    EXPECT_EQ(run_informat(r, "", 4, 99).status, ok);
-    // Below 8 bytes of output nothing is written.
-    frame_box small = frame_box::chars("04JUL2023", 9, 0, 7);
-    std::fill(small.out.begin(), small.out.end(), static_cast<unsigned char>(0xEE));
-    EXPECT_EQ(r(&small.f), XF_E_CAPACITY);
-    EXPECT_EQ(small.f.output_length, 0u);
-    for (unsigned char byte : small.out) EXPECT_EQ(byte, 0xEEu);
-    frame_box null_out = frame_box::chars("04JUL2023", 9, 0, 8);
-    null_out.f.output = nullptr;
-    EXPECT_EQ(r(&null_out.f), XF_E_CAPACITY);
-  }
-}
-
 // --- Round trips through the date formats --------------------------------
-
-std::string print(xf_routine format, double v, int32_t w) {
-  frame_box b = frame_box::number(v, w);
-  EXPECT_EQ(format(&b.f), ok);
-  return b.str();
-}
-
-void round_trip(xf_routine format, int32_t w, xf_routine informat, int64_t first, int64_t last,
-                int64_t step = 1) {
-  for (int64_t n = first; n <= last; n += step) {
-    const double v = static_cast<double>(n);
-    const std::string text = print(format, v, w);
-    auto got = run_informat(informat, text, w);
-    ASSERT_EQ(got.status, ok) << "[" << text << "] w " << w;
-    ASSERT_EQ(hex(got.bits), hex(num(v))) << "[" << text << "] w " << w;
-  }
-}
 
 const int64_t y1582 = days_from_ymd(1582, 1, 1);
 const int64_t y1950 = days_from_ymd(1950, 1, 1), y2049 = days_from_ymd(2049, 12, 31);
