@@ -5,7 +5,6 @@
 
 #include <string>
 
-#include "core/missing.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"

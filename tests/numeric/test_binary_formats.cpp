@@ -8,8 +8,8 @@
 
 #include "core/missing.hpp"
 #include "numeric/binary_codec.hpp"
-#include "numeric/hex_bytes.hpp"
 #include "oracle/binary_oracle.hpp"
+#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -41,7 +41,7 @@ TEST(binary_formats, extremes_of_every_width) {
         frame_box b = frame_box::number(v, w, 0);
         xf_status st = e.first(&b.f);
         xfmt::oracle::bytes_result want = xfmt::oracle::binary_oracle(e.second, v, w, 0);
-        EXPECT_EQ(xfmt::test::to_hex(b.str()), xfmt::test::to_hex(want.bytes)) << e.second << " value " << v << " w " << w;
+        EXPECT_EQ(xfmt::test::shown(b.str()), xfmt::test::shown(want.bytes)) << e.second << " value " << v << " w " << w;
         EXPECT_EQ(st, want.status) << e.second << " value " << v << " w " << w;
       }
     }
@@ -69,7 +69,7 @@ TEST(binary_formats, oracle_random) {
     frame_box b = frame_box::number(v, w, d);
     xf_status st = e.first(&b.f);
     xfmt::oracle::bytes_result want = xfmt::oracle::binary_oracle(e.second, v, w, d);
-    ASSERT_EQ(xfmt::test::to_hex(b.str()), xfmt::test::to_hex(want.bytes))
+    ASSERT_EQ(xfmt::test::shown(b.str()), xfmt::test::shown(want.bytes))
         << e.second << " bits " << std::hex << xfmt::double_bits(v) << std::dec << " w " << w << " d " << d;
     ASSERT_EQ(st, want.status) << e.second << " bits " << std::hex << xfmt::double_bits(v);
   }

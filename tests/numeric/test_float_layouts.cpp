@@ -6,9 +6,6 @@
 #include <cfloat>
 #include <cmath>
 
-#include "core/missing.hpp"
-#include "numeric/binary_codec.hpp"
-#include "numeric/hex_bytes.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"

@@ -4,7 +4,6 @@
 
 #include <string>
 
-#include "core/missing.hpp"
 #include "oracle/binary_oracle.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"

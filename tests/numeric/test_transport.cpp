@@ -7,8 +7,8 @@
 
 #include "core/missing.hpp"
 #include "numeric/binary_codec.hpp"
-#include "numeric/hex_bytes.hpp"
 #include "oracle/binary_oracle.hpp"
+#include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -26,7 +26,7 @@ TEST(transport, pcpib_against_the_oracle) {
     frame_box b = frame_box::number(v, w, d);
     xf_status st = zfmpcpib(&b.f);
     xfmt::oracle::bytes_result want = xfmt::oracle::binary_oracle('q', v, w, d);
-    ASSERT_EQ(xfmt::test::to_hex(b.str()), xfmt::test::to_hex(want.bytes)) << v << " w " << w << " d " << d;
+    ASSERT_EQ(xfmt::test::shown(b.str()), xfmt::test::shown(want.bytes)) << v << " w " << w << " d " << d;
     ASSERT_EQ(st, want.status) << v;
   }
 }
