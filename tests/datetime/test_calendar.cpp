@@ -240,7 +240,7 @@ namespace {
 // from the Monday of week 1 (the one from 29 December to 4 January). Week
 // numbers of years divisible by 4000 and the ISO weeks next to them follow
 // the plain day count (one 29 February more), which counting cannot give;
-// their anchor is pinned below.
+// their anchor is pinned in calendar_calls.txt.
 TEST(calendar_sweep, typed_weeks_and_weekdays_against_counting) {
   using namespace xfmt::datetime;
   counter c{1582, 1, 1, 1};
@@ -270,38 +270,6 @@ TEST(calendar_sweep, typed_weeks_and_weekdays_against_counting) {
       FAIL() << "weeks of " << c.y << "-" << c.m << "-" << c.d << ": U " << u.week << " W " << w.week
              << " V " << v.year << "-" << v.week;
   }
-}
-
-TEST(calendar_anchors, weeks_of_a_4000_year_count_its_plain_29_february) {
-  using namespace xfmt::datetime;
-  // 20000-01-01 is a Tuesday, so 20000-03-01 (a Friday, day 60) follows
-  // eight Mondays; the week rules count it as day 61 and give week 9.
-  const int64_t n = days_from_ymd(20000, 3, 1);
-  ASSERT_EQ(weekday(n), 5);
-  ASSERT_EQ(weekday(days_from_ymd(20000, 1, 1)), 2);
-  EXPECT_EQ(day_of_year(20000, 3, 1), 60);
-  EXPECT_EQ(day_of_year_plain(20000, 3, 1), 61);
-  EXPECT_EQ(week_of(n, week_rule::monday).week, 9);
-  EXPECT_EQ(week_of(n - 1, week_rule::monday).week, 8);  // 28 February
-}
-
-TEST(calendar_anchors, time_of_day_split) {
-  using xfmt::datetime::split_time;
-  const struct {
-    double v, h, m, s;
-  } cases[] = {{0, 0, 0, 0},           {90061.25, 1, 1, 1.25}, {86399.5, 23, 59, 59.5},
-               {-1, 23, 59, 59},       {-0.5, 23, 59, 59.5},   {-86400, 0, 0, 0},
-               {-90061, 22, 58, 59},   {172800 + 3600, 1, 0, 0}};
-  for (const auto &t : cases) {
-    const auto p = split_time(t.v);
-    EXPECT_EQ(p.hour, t.h) << t.v;
-    EXPECT_EQ(p.minute, t.m) << t.v;
-    EXPECT_EQ(p.second, t.s) << t.v;
-    EXPECT_EQ(zhour(t.v), t.h);
-  }
-  for (int64_t day : {xfmt::datetime::date_min, int64_t{-1}, int64_t{0}, int64_t{23196}, xfmt::datetime::date_max})
-    for (double s : {0.0, 0.5, 43200.0, 86399.999})
-      EXPECT_EQ(xfmt::datetime::day_of_datetime(static_cast<double>(day) * 86400 + s), day);
 }
 
 }  // namespace
