@@ -8,7 +8,6 @@
 // a stored date is a whole day of the calendar's range, a time is not
 // negative, a datetime lies inside the datetime range.
 #include <cmath>
-#include <cmath>
 #include <string_view>
 
 #include "core/missing.hpp"

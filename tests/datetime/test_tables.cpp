@@ -19,12 +19,10 @@ using namespace xfmt::test;
 const char *const tables[] = {"date_parts", "numeric_dates", "further_date_layouts",
                               "iso_and_names", "time", "word_dates"};
 
-TEST(datetime_tables, date_parts) { run_case_file("datetime/date_parts.txt"); }
-TEST(datetime_tables, numeric_dates) { run_case_file("datetime/numeric_dates.txt"); }
-TEST(datetime_tables, further_date_layouts) { run_case_file("datetime/further_date_layouts.txt"); }
-TEST(datetime_tables, iso_and_names) { run_case_file("datetime/iso_and_names.txt"); }
-TEST(datetime_tables, time) { run_case_file("datetime/time.txt"); }
-TEST(datetime_tables, word_dates) { run_case_file("datetime/word_dates.txt"); }
+class datetime_table : public testing::TestWithParam<const char *> {};
+TEST_P(datetime_table, holds) { run_case_file(std::string("datetime/") + GetParam() + ".txt"); }
+INSTANTIATE_TEST_SUITE_P(datetime, datetime_table, testing::ValuesIn(tables),
+                         [](const testing::TestParamInfo<const char *> &i) { return std::string(i.param); });
 
 // Clocks in zones east and west of UTC with minutes in the offset.
 xfmt::platform::wall_time zero_now() { return {0, 0}; }
