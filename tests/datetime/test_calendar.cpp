@@ -136,8 +136,8 @@ TEST(calendar_tables, contents) {
   EXPECT_EQ(reigns[5][1], 0.0);
 }
 
-// Every day of the range and one day beyond each end, against the counting
-// calendar: day number, Julian value both ways, parts, and a weekday that
+// Every day of the range against the counting calendar (the days one past
+// either end are rows of calendar_calls.txt): day number, Julian value both ways, parts, and a weekday that
 // steps by one from 1600-01-02 on.
 TEST(calendar_sweep, whole_range_against_counting) {
   const int64_t total = xfmt::datetime::date_max - xfmt::datetime::date_min + 1;
@@ -173,9 +173,6 @@ TEST(calendar_sweep, whole_range_against_counting) {
     if (weekday) weekday = weekday % 7 + 1;
   }
   EXPECT_EQ(c.y, 20001);
-  EXPECT_TRUE(is_ordinary(zjuldat(static_cast<double>(xfmt::datetime::date_max + 1))));
-  EXPECT_TRUE(is_ordinary(zjuldat(static_cast<double>(xfmt::datetime::date_min - 1))));
-  EXPECT_TRUE(is_ordinary(zwekday(static_cast<double>(xfmt::datetime::date_max + 1))));
 }
 
 // Julian values of every shape (valid, day 0, day 366, centuries 100..1581,
