@@ -1,6 +1,6 @@
-// The S370F formats and informats that the shared integer tables do not
-// cover: hexadecimal floating point, EBCDIC text, the informats' bytes and
-// refusals, and round trips through every format and informat pair.
+// Round trips through every integer, packed and zoned format and informat
+// pair (the native ones and the S370F ones) and the S370F real binary (their
+// bytes and refusals are case lines in tests/data/numeric).
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -32,11 +32,14 @@ TEST(mainframe, round_trips) {
       {zfms370zdl, zifms370zdl, 1, 32, true, "S370FZDL"}, {zfms370zds, zifms370zds, 2, 32, true, "S370FZDS"},
       {zfms370zdt, zifms370zdt, 2, 32, true, "S370FZDT"}, {zfms370zdu, zifms370zdu, 1, 32, false, "S370FZDU"},
       {zfms370zd, zifms370zdb, 1, 32, true, "S370FZDB"},  {zfms370f, zifms370f, 4, 32, true, "S370FF"},
-      {zfmzd, zifmzd, 1, 32, true, "ZD"},
+      {zfmzd, zifmzd, 1, 32, true, "ZD"},                 {zfmib, zifmib, 1, 8, true, "IB"},
+      {zfmibr, zifmibr, 1, 8, true, "IBR"},               {zfmpib, zifmpib, 1, 8, false, "PIB"},
+      {zfmpibr, zifmpibr, 1, 8, false, "PIBR"},           {zfmpd, zifmpd, 1, 16, true, "PD"},
+      {zfmpk, zifmpk, 1, 16, false, "PK"},
   };
   std::mt19937_64 g = xfmt::test::rng(0xB5);
   uint64_t n = xfmt::test::scaled(20000);
-  for (uint64_t i = 0; i < n; ++i) {
+  for (uint64_t i = 0; i < 2 * n; ++i) {
     const pair &p = pairs[g() % (sizeof pairs / sizeof pairs[0])];
     int w = p.min_w + static_cast<int>(g() % static_cast<uint64_t>(p.max_w - p.min_w + 1));
     int d = static_cast<int>(g() % 4);
