@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/missing.hpp"
@@ -60,23 +61,19 @@ std::vector<double> values_of(const std::string &field) {
   return v;
 }
 
+// The routines of one double.
+const std::pair<const char *, double (*)(double)> one_value[] = {
+    {"zjuldat", zjuldat}, {"zdatjul", zdatjul}, {"zyear", zyear},     {"zmonth", zmonth},
+    {"zday", zday},       {"zqtr", zqtr},       {"zwekday", zwekday}, {"zdatprt", zdatprt},
+    {"ztimprt", ztimprt}, {"zhour", zhour},     {"zminute", zminute}, {"zsecond", zsecond}};
+
 std::vector<double> call(const std::string &name, const std::vector<double> &a) {
   const auto i = [&](size_t k) { return static_cast<int32_t>(a[k]); };
   double y = -9, m = -9, d = -9;
+  for (const auto &[n, routine] : one_value)
+    if (name == n) return {routine(a[0])};
   if (name == "zmdy") return {zmdy(a[0], a[1], a[2])};
-  if (name == "zjuldat") return {zjuldat(a[0])};
-  if (name == "zdatjul") return {zdatjul(a[0])};
   if (name == "zjulymd") return {zjulymd(a[0], a[1], a[2])};
-  if (name == "zyear") return {zyear(a[0])};
-  if (name == "zmonth") return {zmonth(a[0])};
-  if (name == "zday") return {zday(a[0])};
-  if (name == "zqtr") return {zqtr(a[0])};
-  if (name == "zwekday") return {zwekday(a[0])};
-  if (name == "zdatprt") return {zdatprt(a[0])};
-  if (name == "ztimprt") return {ztimprt(a[0])};
-  if (name == "zhour") return {zhour(a[0])};
-  if (name == "zminute") return {zminute(a[0])};
-  if (name == "zsecond") return {zsecond(a[0])};
   if (name == "zhms") return {zhms(a[0], a[1], a[2])};
   if (name == "zdhms") return {zdhms(a[0], a[1], a[2], a[3])};
   if (name == "get_lastday") return {get_lastday(i(0), i(1))};
