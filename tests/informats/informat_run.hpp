@@ -16,7 +16,6 @@ namespace xfmt::test {
 struct informat_outcome {
   xf_status status;
   uint64_t bits;       // the stored double's bits (0xEEEE... when nothing was stored)
-  uint32_t length;     // output_length
 };
 
 inline informat_outcome run_informat(xf_routine routine, const std::string &text, int32_t w,
@@ -25,7 +24,7 @@ inline informat_outcome run_informat(xf_routine routine, const std::string &text
   xf_status st = routine(&b.f);
   uint64_t bits;
   std::memcpy(&bits, b.out.data(), 8);
-  return {st, bits, b.f.output_length};
+  return {st, bits};
 }
 
 // The field a format writes for v at width w (asserting it succeeds).
