@@ -14,9 +14,9 @@ namespace {
 
 using xfmt::test::frame_box;
 
-// Format then informat: the radix forms give back the value and the
-// character forms every byte string (the integer, packed and zoned pairs are
-// test_mainframe's round_trips, RB's widths case lines).
+// Format then informat: the character forms give back every byte string
+// (the integer, packed and zoned pairs are test_mainframe's round_trips; RB's
+// widths and the radix forms of a few values are case lines).
 struct radix_pair {
   xf_routine format;
   xf_routine informat;
@@ -24,16 +24,6 @@ struct radix_pair {
 };
 
 TEST(binary_informats, round_trips) {
-  for (double v : {0.0, 1.0, 255.0, 4095.0, 65535.0}) {
-    const radix_pair radix[] = {{zfmhex, zifmhex, 4}, {zfmoct, zifmoct, 6}, {zfmbin, zifmbin, 16}};
-    for (auto [f, inf, w] : radix) {
-      frame_box out = frame_box::number(v, w, 0);
-      ASSERT_EQ(f(&out.f), XF_OK);
-      frame_box in = frame_box::chars(out.str(), w, 0, 8);
-      ASSERT_EQ(inf(&in.f), XF_OK);
-      EXPECT_EQ(in.result(), v);
-    }
-  }
   std::string all;
   for (int c = 0; c < 256; ++c) all.push_back(static_cast<char>(c));
   const radix_pair chars[] = {{zfmchex, zifmchex, 2}, {zfmcoct, zifmcoct, 3}, {zfmcbin, zifmcbin, 8}};
