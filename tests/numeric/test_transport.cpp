@@ -32,13 +32,4 @@ TEST(transport, xportflt_reads_back) {
   }
 }
 
-// $CSTR then @$CSTR gives back the value with its trailing blanks.
-TEST(transport, cstr_round_trip) {
-  frame_box out = frame_box::chars("hello  ", 12);
-  ASSERT_EQ(zfmcstr(&out.f), XF_OK);
-  frame_box in = frame_box::chars(out.str(), 12, 0, 12);
-  ASSERT_EQ(zifmcstr(&in.f), XF_OK);
-  EXPECT_EQ(in.str(), "hello       ");
-}
-
 }  // namespace
