@@ -1,5 +1,6 @@
-// HEX, OCTAL, BINARY and the character forms $HEX, $OCTAL, $BINARY: every
-// blank and digit of the field, two's complement boundaries, cutting at w (every byte of the character forms is a case line).
+// HEX, OCTAL and BINARY against the radix oracle over random values and
+// widths (their fields, and those of $HEX, $OCTAL and $BINARY for every
+// byte, are case lines of tests/data/numeric/radix_formats.txt).
 #include <gtest/gtest.h>
 
 #include <string>
