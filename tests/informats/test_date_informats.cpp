@@ -63,7 +63,7 @@ TEST(DateInformatsRoundTrip, TwoDigitYearsEveryDay) {
 
 // Every day-month-year layout (no separator, blank, colon, dash, period,
 // slash) at every width that shows a whole date reads back with the matching
-// informat; "01:01:1582" was once refused.
+// informat ("01:01:1582", once refused, is a case line too).
 TEST(DateInformatsRoundTrip, exhaustive_EverySeparatorAndWidth) {
   const struct {
     const char *prefix;
@@ -89,9 +89,6 @@ TEST(DateInformatsRoundTrip, exhaustive_EverySeparatorAndWidth) {
     }
   }
   EXPECT_EQ(layouts, 21);
-  const std::string colon = print(zfmmdyc, static_cast<double>(y1582), 10);
-  EXPECT_EQ(colon, "01:01:1582");
-  EXPECT_EQ(hex(run_informat(zifmmdy, colon, 10).bits), hex(num(static_cast<double>(y1582))));
 }
 
 // From the first day of the first era to the last day the printed era year
