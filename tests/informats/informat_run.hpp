@@ -43,9 +43,9 @@ inline std::string hex(uint64_t bits) {
   return std::string(buf, 18);
 }
 
-// Every day n of [first, last], step apart, written by the format at width
-// w (as the datetime n * 86400 + 3599 when datetime is set) reads back
-// through the informat as the day first_of(n), or n itself.
+// Every day (or second, for a time format) n of [first, last], step apart,
+// written by the format at width w (as the datetime n * 86400 + 3599 when
+// datetime is set) reads back through the informat as first_of(n), or n.
 inline void round_trip(xf_routine format, int32_t w, xf_routine informat, int64_t first, int64_t last,
                        int64_t step = 1, bool datetime = false, int64_t (*first_of)(int64_t) = nullptr) {
   for (int64_t n = first; n <= last; n += step) {

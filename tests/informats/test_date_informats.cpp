@@ -116,10 +116,7 @@ TEST(DateInformatsRoundTrip, MonthsAndQuarters) {
 }
 
 TEST(DateInformatsRoundTrip, TimesAndDatetimes) {
-  for (int64_t s = 0; s < 86400; ++s) {
-    const std::string text = print(zfmtime, static_cast<double>(s), 8);
-    ASSERT_EQ(hex(run_informat(zifmtime, text, 8).bits), hex(num(static_cast<double>(s)))) << text;
-  }
+  round_trip(zfmtime, 8, zifmtime, 0, 86399);  // every second of a day
   auto gen = xfmt::test::rng(0xDA7E);
   std::uniform_int_distribution<int64_t> pick(y1582 * 86400, (y9999 + 1) * 86400 - 1);
   const uint64_t count = xfmt::test::scaled(20000);
