@@ -7,6 +7,7 @@
 #include <string>
 
 #include "core/missing.hpp"
+#include "datetime/calendar.hpp"
 #include "support/cases.hpp"
 #include "support/frame.hpp"
 #include "xfmt/xfmt.h"
@@ -41,6 +42,16 @@ inline std::string hex(uint64_t bits) {
   buf[1] = 'x';
   for (int i = 0; i < 16; ++i) buf[2 + i] = digits[(bits >> (60 - 4 * i)) & 0xF];
   return std::string(buf, 18);
+}
+
+// The first day of the month, or of the quarter, of day d.
+inline int64_t month_start(int64_t d) {
+  const datetime::ymd c = datetime::ymd_from_days(d);
+  return datetime::days_from_ymd(c.year, c.month, 1);
+}
+inline int64_t quarter_start(int64_t d) {
+  const datetime::ymd c = datetime::ymd_from_days(d);
+  return datetime::days_from_ymd(c.year, (c.month - 1) / 3 * 3 + 1, 1);
 }
 
 // Every day (or second, for a time format) n of [first, last], step apart,

@@ -15,20 +15,9 @@
 namespace {
 
 using xfmt::datetime::days_from_ymd;
+using xfmt::test::month_start;
+using xfmt::test::quarter_start;
 using xfmt::test::round_trip;
-
-// --- Round trips ------------------------------------------------------------
-
-int64_t month_start(int64_t d) {
-  double y = 0, m = 0, dd = 0;
-  zfmcymd(&y, &m, &dd, static_cast<double>(d));
-  return days_from_ymd(static_cast<int64_t>(y), static_cast<int32_t>(m), 1);
-}
-int64_t quarter_start(int64_t d) {
-  double y = 0, m = 0, dd = 0;
-  zfmcymd(&y, &m, &dd, static_cast<double>(d));
-  return days_from_ymd(static_cast<int64_t>(y), static_cast<int32_t>((static_cast<int>(m) - 1) / 3 * 3 + 1), 1);
-}
 
 const int64_t y1582 = days_from_ymd(1582, 1, 1), y1912 = days_from_ymd(1912, 1, 1);
 const int64_t y1950 = days_from_ymd(1950, 1, 1), y2049 = days_from_ymd(2049, 12, 31);
