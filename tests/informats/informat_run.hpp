@@ -10,6 +10,7 @@
 #include "datetime/calendar.hpp"
 #include "support/cases.hpp"
 #include "support/frame.hpp"
+#include "support/random.hpp"
 #include "xfmt/xfmt.h"
 
 namespace xfmt::test {
@@ -43,6 +44,10 @@ inline std::string hex(uint64_t bits) {
   for (int i = 0; i < 16; ++i) buf[2 + i] = digits[(bits >> (60 - 4 * i)) & 0xF];
   return std::string(buf, 18);
 }
+
+// The step of the every-day round trips: 1, or 20 when XFMT_TEST_SCALE is
+// 0.05 (the sanitizer run).
+inline int64_t day_step() { return static_cast<int64_t>(1000 / scaled(1000)); }
 
 // The first day of the month, or of the quarter, of day d.
 inline int64_t month_start(int64_t d) {

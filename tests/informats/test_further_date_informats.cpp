@@ -10,7 +10,6 @@
 
 #include "datetime/calendar.hpp"
 #include "informats/informat_run.hpp"
-#include "support/random.hpp"
 
 namespace {
 
@@ -22,9 +21,7 @@ using xfmt::test::round_trip;
 const int64_t y1582 = days_from_ymd(1582, 1, 1), y1912 = days_from_ymd(1912, 1, 1);
 const int64_t y1950 = days_from_ymd(1950, 1, 1), y2049 = days_from_ymd(2049, 12, 31);
 const int64_t y2400 = days_from_ymd(2400, 12, 31);
-// XFMT_TEST_SCALE below 1 (the sanitizer run) thins the days out: 0.05
-// takes every 20th.
-const auto step = static_cast<int64_t>(1000 / xfmt::test::scaled(1000));
+const int64_t step = xfmt::test::day_step();
 
 TEST(FurtherDateInformatsRoundTrip, EveryDayEveryWidth) {
   for (int32_t w = 7; w <= 10; ++w) round_trip(zfmmingo, w, zifmmingo, y1912, y2400, step);

@@ -44,10 +44,9 @@ TEST(SpecialInformats, CharacterRoundTrips) {
 // PDJULG and PDJULI written on every day they hold in 1582..2400 read back
 // (every 20th day when XFMT_TEST_SCALE is 0.05).
 TEST(SpecialInformats, PackedJulianRoundTrip) {
-  const auto step = static_cast<int64_t>(1000 / xfmt::test::scaled(1000));
   const int64_t y2400 = days_from_ymd(2400, 12, 31);
-  xfmt::test::round_trip(zfmpdjg, 4, zifmpdjg, days_from_ymd(1582, 1, 1), y2400, step);
-  xfmt::test::round_trip(zfmpdji, 4, zifmpdji, days_from_ymd(1900, 1, 1), y2400, step);
+  xfmt::test::round_trip(zfmpdjg, 4, zifmpdjg, days_from_ymd(1582, 1, 1), y2400, xfmt::test::day_step());
+  xfmt::test::round_trip(zfmpdji, 4, zifmpdji, days_from_ymd(1900, 1, 1), y2400, xfmt::test::day_step());
 }
 
 // NUMX, YEN and SIZEKMG text reads back as the number the text shows.
