@@ -5,7 +5,6 @@
 
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -23,9 +22,8 @@ namespace {
 using xfmt::is_missing;
 using xfmt::missing_value;
 
-const uint64_t ordinary = 0xFFFFFE0000000000ull;
 uint64_t bits(double v) { return xfmt::double_bits(v); }
-bool is_ordinary(double v) { return bits(v) == ordinary; }
+bool is_ordinary(double v) { return bits(v) == xfmt::missing_ordinary_bits; }
 
 // The calendar a person would keep by hand: one day after another, with
 // the 4000-year exception.
@@ -134,8 +132,8 @@ TEST(calendar_tables, contents) {
 }
 
 // Every day of the range against the counting calendar (the days one past
-// either end are rows of calendar_calls.txt): day number, Julian value both ways, parts, and a weekday that
-// steps by one from 1600-01-02 on.
+// either end are rows of calendar_calls.txt): day number, Julian value both
+// ways, parts, and a weekday that steps by one from 1600-01-02 on.
 TEST(calendar_sweep, whole_range_against_counting) {
   const int64_t total = xfmt::datetime::date_max - xfmt::datetime::date_min + 1;
   const uint64_t checks = xfmt::test::scaled(static_cast<uint64_t>(total));
