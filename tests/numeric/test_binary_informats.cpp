@@ -2,8 +2,6 @@
 // each format through its informat.
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <string>
 
 #include "core/missing.hpp"
 #include "support/frame.hpp"

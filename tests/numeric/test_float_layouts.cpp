@@ -3,7 +3,6 @@
 // precision of each width.
 #include <gtest/gtest.h>
 
-#include <cfloat>
 #include <cmath>
 
 #include "support/frame.hpp"

@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <cstdio>
-#include <cstdint>
 
 #include "core/missing.hpp"
 
