@@ -48,11 +48,8 @@ TEST(datetime_tables, every_format_shows_missing_values_and_respects_capacity) {
   for (const std::string &name : names) {
     const xf_routine r = routine_named(name);
     ASSERT_NE(r, nullptr) << name;
-    for (int i = 0; i < 28; ++i) {
-      frame_box b = frame_box::number(xfmt::missing_value(i), 10);
-      EXPECT_EQ(r(&b.f), XF_OK) << name;
-      EXPECT_EQ(b.str(), std::string(9, ' ') + symbols[i]) << name << " missing " << i;
-    }
+    for (int i = 0; i < 28; ++i)
+      EXPECT_TRUE(holds(number_case(r, xfmt::missing_value(i), 10, 0, std::string(9, ' ') + symbols[i]))) << name;
     frame_box c = frame_box::number(23195, 10, 0, 9);
     EXPECT_EQ(r(&c.f), XF_E_CAPACITY) << name;
     EXPECT_EQ(c.f.output_length, 0u) << name;
