@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <string>
 
@@ -38,11 +39,8 @@ inline std::string print(xf_routine format, double v, int32_t w) {
 
 inline std::string hex(uint64_t bits) {
   char buf[24];
-  static const char digits[] = "0123456789ABCDEF";
-  buf[0] = '0';
-  buf[1] = 'x';
-  for (int i = 0; i < 16; ++i) buf[2 + i] = digits[(bits >> (60 - 4 * i)) & 0xF];
-  return std::string(buf, 18);
+  std::snprintf(buf, sizeof buf, "0x%016llX", static_cast<unsigned long long>(bits));
+  return buf;
 }
 
 // The step of the every-day round trips: 1, or 20 when XFMT_TEST_SCALE is

@@ -154,6 +154,7 @@ TEST(DateInformatsRandom, TimesAgainstStrtod) {
   auto gen = xfmt::test::rng(0x71AE);
   std::uniform_int_distribution<int> hour(0, 23), sixty(0, 59), places(0, 6), clock(0, 1);
   std::uniform_int_distribution<long> fraction(0, 999999);
+  const long cut[7] = {1000000, 100000, 10000, 1000, 100, 10, 1};  // k of the six digits kept
   const uint64_t count = xfmt::test::scaled(20000);
   for (uint64_t i = 0; i < count; ++i) {
     const int h = hour(gen), m = sixty(gen), s = sixty(gen), k = places(gen);
@@ -161,11 +162,7 @@ TEST(DateInformatsRandom, TimesAgainstStrtod) {
     if (k == 0)
       std::snprintf(sec, sizeof sec, "%02d", s);
     else
-      std::snprintf(sec, sizeof sec, "%02d.%0*ld", s, k, fraction(gen) % 1000000 / [k] {
-        long p = 1;
-        for (int j = k; j < 6; ++j) p *= 10;
-        return p;
-      }());
+      std::snprintf(sec, sizeof sec, "%02d.%0*ld", s, k, fraction(gen) / cut[k]);
     char text[40];
     if (clock(gen) == 1)
       std::snprintf(text, sizeof text, "%d:%02d:%s %s", h % 12 == 0 ? 12 : h % 12, m, sec, h < 12 ? "AM" : "PM");
