@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <string>
 
 #include "datetime/calendar.hpp"
 #include "informats/informat_run.hpp"
