@@ -24,6 +24,7 @@ using xfmt::test::hex;
 using xfmt::test::miss;
 using xfmt::test::num;
 using xfmt::test::run_informat;
+using xfmt::oracle::unicode_to_utf8;
 
 constexpr xf_status ok = XF_OK;
 const uint64_t none = miss('.');
@@ -75,10 +76,6 @@ std::vector<uint16_t> code_points(std::string_view field) {
   return cps;
 }
 
-std::string as_utf8(const std::vector<uint16_t> &units) {
-  return xfmt::oracle::unicode_to_utf8(units, 1024).bytes;
-}
-
 // The Windows-1252 bytes of the text; false when a character has none.
 bool as_cp1252(const std::vector<uint16_t> &cps, std::string &out) {
   out.clear();
@@ -100,7 +97,7 @@ TEST(NationalDateInformats, EveryMonthNameOfEveryLanguage) {
     for (int m = 0; m < 12; ++m) {
       for (int field : {59, 71, 83, 95}) {
         const auto cps = code_points(xfmt::nls::locale_field(id, field + m));
-        std::vector<std::string> forms{as_utf8(cps)};
+        std::vector<std::string> forms{unicode_to_utf8(cps, 1024).bytes};
         std::string single;
         if (as_cp1252(cps, single)) forms.push_back(single);
         std::vector<uint16_t> upper = cps;
@@ -108,7 +105,7 @@ TEST(NationalDateInformats, EveryMonthNameOfEveryLanguage) {
           if ((c >= 'a' && c <= 'z') || (c >= 0xE0 && c <= 0xFE && c != 0xF7) || (c >= 0x430 && c <= 0x44F)) c -= 32;
           else if (c >= 0x450 && c <= 0x45F) c -= 80;
         }
-        forms.push_back(as_utf8(upper));
+        forms.push_back(unicode_to_utf8(upper, 1024).bytes);
         for (const std::string &name : forms) {
           const std::string date = "15 " + name + " 2023";
           EXPECT_EQ(hex(run_informat(l.de, date, 40).bits), hex(day(2023, m + 1, 15))) << l.prefix << " [" << date << "]";
@@ -152,7 +149,7 @@ TEST(NationalDateInformats, RoundTripThroughNationalFormats) {
         ASSERT_EQ(nl(&b.f), ok) << l.prefix;
         std::vector<uint16_t> units;
         for (uint32_t i = 0; i + 1 < b.f.output_length; i += 2) units.push_back(static_cast<uint16_t>(b.out[i] | b.out[i + 1] << 8));
-        std::string text = as_utf8(units);
+        std::string text = unicode_to_utf8(units, 1024).bytes;
         while (!text.empty() && text.back() == ' ') text.pop_back();
         while (!text.empty() && text.front() == ' ') text.erase(0, 1);
         if (nl == nldatemn) text = "15 " + text + " 2023";

@@ -24,7 +24,6 @@ const routine_entry integer_routines[] = {
     {zfmib, big ? 'I' : 'i'}, {zfmibr, 'i'},    {zfmpib, big ? 'P' : 'p'}, {zfmpibr, 'p'},   {zfmpd, 'D'},
     {zfmpk, 'K'},             {zfmzd, 'z'},     {zfms370ib, 'I'},          {zfms370ibu, 'U'}, {zfms370pib, 'Q'},
     {zfms370pd, 'D'},         {zfms370zd, 'Z'}, {zfmpcpib, 'q'}};
-constexpr uint64_t n_integer_routines = sizeof integer_routines / sizeof integer_routines[0];
 
 int max_width(char kind) {
   return kind == 'Z' || kind == 'z' ? 32 : kind == 'D' || kind == 'K' ? 16 : 8;
@@ -68,7 +67,7 @@ TEST(binary_formats, oracle_random) {
   std::mt19937_64 g = xfmt::test::rng(0xB1);
   uint64_t n = xfmt::test::scaled(20000);
   for (uint64_t i = 0; i < n; ++i) {
-    const routine_entry &e = integer_routines[g() % n_integer_routines];
+    const routine_entry &e = integer_routines[g() % std::size(integer_routines)];
     double v = random_value(g);
     int w = 1 + static_cast<int>(g() % static_cast<uint64_t>(max_width(e.second)));
     int d = g() % 3 ? static_cast<int>(g() % 6) : static_cast<int>(g() % 32);
