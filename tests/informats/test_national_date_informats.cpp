@@ -21,13 +21,10 @@ namespace {
 using xfmt::datetime::days_from_ymd;
 using xfmt::test::frame_box;
 using xfmt::test::hex;
-using xfmt::test::miss;
 using xfmt::test::num;
 using xfmt::test::run_informat;
 using xfmt::oracle::unicode_to_utf8;
 
-constexpr xf_status ok = XF_OK;
-const uint64_t none = miss('.');
 
 struct language {
   const char *prefix;
@@ -146,7 +143,7 @@ TEST(NationalDateInformats, RoundTripThroughNationalFormats) {
         frame_box b = frame_box::number(v, 60, 0, 120);
         b.f.option_word = static_cast<uint64_t>(id);
         b.f.requested_output_encoding = XF_ENC_UTF16LE;
-        ASSERT_EQ(nl(&b.f), ok) << l.prefix;
+        ASSERT_EQ(nl(&b.f), XF_OK) << l.prefix;
         std::vector<uint16_t> units;
         for (uint32_t i = 0; i + 1 < b.f.output_length; i += 2) units.push_back(static_cast<uint16_t>(b.out[i] | b.out[i + 1] << 8));
         std::string text = unicode_to_utf8(units, 1024).bytes;
