@@ -4,7 +4,6 @@
 // input gives the same bytes, and a numeric format that succeeds reads back
 // through its informat as round(value x 10^d) / 10^d.
 #include <cmath>
-#include <cmath>
 
 #include "fuzz_support.hpp"
 

@@ -8,7 +8,6 @@
 // a stored date is a whole day of the calendar's range, a time is not
 // negative, a datetime lies inside the datetime range.
 #include <cmath>
-#include <cmath>
 #include <string_view>
 
 #include "core/missing.hpp"
@@ -75,8 +74,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   check(a.length == 8);
   uint64_t bits;
   std::memcpy(&bits, a.bytes.data(), 8);
-  double v;
-  std::memcpy(&v, &bits, 8);
+  const double v = reader::from_bits(bits);
   const bool missing = xfmt::is_missing_bits(bits);
   if (a.status != XF_OK && bits != xfmt::missing_ordinary_bits) std::abort();
   if (a.status != XF_OK && a.status != XF_IN_INVALID && a.status != XF_IN_BAD_WIDTH) std::abort();

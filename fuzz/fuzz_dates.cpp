@@ -97,8 +97,7 @@ void run_calendar(double v, reader &c) {
   check(i2s(static_cast<int64_t>(c.u64()), text.data(), digits, fill) <= static_cast<int32_t>(text.size()));
   std::vector<char> field(10);
   zfmcprt(1 + (i1 & 0xF) % 10, static_cast<char>(c.byte()), field.data(), i1 % 100000, i2 % 100, i1 % 32);
-  double fy, fm, fd;
-  zfmcymd(&fy, &fm, &fd, v);
+  zfmcymd(&y, &m, &d, v);
 }
 
 }  // namespace

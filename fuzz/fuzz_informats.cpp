@@ -41,8 +41,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     check(a.length == 8);
     uint64_t bits;
     std::memcpy(&bits, a.bytes.data(), 8);
-    double v;
-    std::memcpy(&v, &bits, 8);
+    const double v = reader::from_bits(bits);
     bool missing = xfmt::is_missing_bits(bits);
     if (v != v && !missing) std::abort();                      // a NaN that is no missing value
     if (v - v != 0 && !missing) std::abort();                   // an infinity

@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <cstring>
 #include <string>
-#include <vector>
 
 #include "core/missing.hpp"
 #include "datetime/calendar.hpp"

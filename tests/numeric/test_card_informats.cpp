@@ -6,8 +6,6 @@
 #include <bit>
 #include <set>
 
-#include "core/missing.hpp"
-#include "numeric/hex_bytes.hpp"
 #include "support/frame.hpp"
 #include "xfmt/xfmt.h"
 

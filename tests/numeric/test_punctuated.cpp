@@ -4,7 +4,6 @@
 
 #include <string>
 
-#include "core/missing.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"

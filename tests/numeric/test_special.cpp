@@ -6,7 +6,6 @@
 #include <random>
 #include <string>
 
-#include "core/missing.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"

@@ -10,7 +10,6 @@
 #include <random>
 #include <string>
 
-#include "core/missing.hpp"
 #include "oracle/spelled_oracle.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"

@@ -7,8 +7,6 @@
 
 #include "core/missing.hpp"
 #include "numeric/binary_codec.hpp"
-#include "numeric/hex_bytes.hpp"
-#include "oracle/binary_oracle.hpp"
 #include "support/frame.hpp"
 #include "support/random.hpp"
 #include "xfmt/xfmt.h"
@@ -16,20 +14,6 @@
 namespace {
 
 using xfmt::test::frame_box;
-
-TEST(transport, pcpib_against_the_oracle) {
-  // The oracle's unsigned little-endian rule over random values and widths.
-  std::mt19937_64 g = xfmt::test::rng(0xB7);
-  for (uint64_t i = 0; i < xfmt::test::scaled(5000); ++i) {
-    double v = static_cast<double>(static_cast<int64_t>(g()) >> (g() % 64));
-    int w = 1 + static_cast<int>(g() % 8), d = static_cast<int>(g() % 3);
-    frame_box b = frame_box::number(v, w, d);
-    xf_status st = zfmpcpib(&b.f);
-    xfmt::oracle::bytes_result want = xfmt::oracle::binary_oracle('q', v, w, d);
-    ASSERT_EQ(xfmt::test::to_hex(b.str()), xfmt::test::to_hex(want.bytes)) << v << " w " << w << " d " << d;
-    ASSERT_EQ(st, want.status) << v;
-  }
-}
 
 TEST(transport, xportflt_reads_back) {
   // The decoder reads the codes back and every other field as its value.
@@ -46,15 +30,6 @@ TEST(transport, xportflt_reads_back) {
     ASSERT_EQ(zfmxportflt(&b.f), XF_OK);
     ASSERT_EQ(xfmt::numeric::xport_float_value(reinterpret_cast<const unsigned char *>(b.str().data()), 8), v);
   }
-}
-
-// $CSTR then @$CSTR gives back the value with its trailing blanks.
-TEST(transport, cstr_round_trip) {
-  frame_box out = frame_box::chars("hello  ", 12);
-  ASSERT_EQ(zfmcstr(&out.f), XF_OK);
-  frame_box in = frame_box::chars(out.str(), 12, 0, 12);
-  ASSERT_EQ(zifmcstr(&in.f), XF_OK);
-  EXPECT_EQ(in.str(), "hello       ");
 }
 
 }  // namespace

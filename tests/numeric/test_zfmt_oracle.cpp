@@ -3,7 +3,6 @@
 // code, capacities at and below the width.
 #include <gtest/gtest.h>
 
-#include <cinttypes>
 #include <cmath>
 #include <limits>
 

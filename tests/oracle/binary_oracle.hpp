@@ -4,7 +4,6 @@
 // formats by repeated division of that decimal text.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "xfmt/xfmt.h"

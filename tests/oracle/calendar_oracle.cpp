@@ -12,8 +12,6 @@ int64_t fdiv(int64_t a, int64_t b) {
   return static_cast<int64_t>(std::floor(static_cast<double>(a) / static_cast<double>(b)));
 }
 
-int64_t mlen(int64_t y, int64_t m) { return m == 2 ? 28 + (leap_4000(y) ? 1 : 0) : month_days[m - 1]; }
-
 int64_t expand(int64_t y) { return y < 50 ? y + 2000 : (y < 100 ? y + 1900 : y); }
 
 bool split(double v, int64_t &y, int64_t &ddd) {
@@ -36,6 +34,8 @@ bool leap_4000(int64_t y) {
   return y % 4 == 0;
 }
 
+int64_t month_length(int64_t y, int64_t m) { return m == 2 ? 28 + (leap_4000(y) ? 1 : 0) : month_days[m - 1]; }
+
 bool datjul(double julian, int64_t &date) {
   int64_t y, ddd;
   if (!split(julian, y, ddd)) return false;
@@ -51,9 +51,9 @@ bool julymd(double year, double month, double day, int64_t &julian) {
   if (year > 20000) return false;
   int64_t y = expand(static_cast<int64_t>(std::trunc(year)));
   int64_t m = static_cast<int64_t>(std::trunc(month)), d = static_cast<int64_t>(std::trunc(day));
-  if (d > mlen(y, m)) return false;
+  if (d > month_length(y, m)) return false;
   int64_t sum = 0;
-  for (int64_t k = 1; k < m; ++k) sum += mlen(y, k);
+  for (int64_t k = 1; k < m; ++k) sum += month_length(y, k);
   julian = y * 1000 + sum + d;
   return true;
 }
@@ -62,7 +62,7 @@ bool ymdjul(double julian, int64_t &year, int64_t &month, int64_t &day) {
   int64_t y, ddd;
   if (!split(julian, y, ddd)) return false;
   int64_t m = 1;
-  while (m < 12 && ddd > mlen(y, m)) ddd -= mlen(y, m++);
+  while (m < 12 && ddd > month_length(y, m)) ddd -= month_length(y, m++);
   year = y;
   month = m;
   day = ddd;

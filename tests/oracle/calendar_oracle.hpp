@@ -8,6 +8,8 @@
 namespace xfmt::oracle {
 
 bool leap_4000(int64_t y);
+// Days in month m (1-12) of year y.
+int64_t month_length(int64_t y, int64_t m);
 // Date value of a Julian value by the closed sum over years; false when invalid.
 bool datjul(double julian, int64_t &date);
 // Julian value of year/month/day by summing month lengths; false when invalid.

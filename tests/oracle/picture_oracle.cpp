@@ -2,18 +2,13 @@
 
 #include <cmath>
 #include <cstdio>
-#include <cstdint>
-#include <cstring>
+
+#include "core/missing.hpp"
 
 namespace xfmt::oracle {
 
 namespace {
 bool digit(char c) { return c >= '0' && c <= '9'; }
-bool is_missing(double v) {
-  uint64_t b;
-  std::memcpy(&b, &v, 8);
-  return (b & 0xFFFF00FFFFFFFFFFull) == 0xFFFF000000000000ull;
-}
 }  // namespace
 
 std::string picture_field(const picture_spec &p, int w, bool round, double value) {

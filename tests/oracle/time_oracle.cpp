@@ -4,20 +4,15 @@
 #include <cmath>
 #include <string>
 
+#include "support/frame.hpp"
+
 namespace xfmt::oracle {
 namespace {
 
 std::string seconds_text(double value, int32_t sw, int32_t dd) {
-  char buf[32];
-  xf_frame f{};
-  f.width = sw;
-  f.decimals = dd;
-  f.input = &value;
-  f.input_length = 8;
-  f.output = buf;
-  f.output_capacity = 32;
-  zfmt(&f);
-  std::string s(buf, static_cast<size_t>(sw));
+  test::frame_box b = test::frame_box::number(value, sw, dd);
+  zfmt(&b.f);
+  std::string s = b.buffer();
   if (s[0] == ' ') s[0] = '0';
   return s;
 }

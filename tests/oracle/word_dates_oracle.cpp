@@ -15,11 +15,6 @@ const char *const month_names[12] = {"January", "February", "March",     "April"
                                      "July",    "August",   "September", "October", "November", "December"};
 const char *const day_names[7] = {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
 
-int32_t month_length(int64_t y, int32_t m) {
-  static const int32_t len[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  return m == 2 && leap_4000(y) ? 29 : len[m - 1];
-}
-
 std::string abbr(const char *name, bool upper) {
   std::string s(name, 3);
   if (upper)

@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "core/missing.hpp"
+
 namespace xfmt::oracle {
 namespace {
 
@@ -14,20 +16,6 @@ const double addend[32] = {0.5,   0.05,  0.005, 5e-4,  5e-5,  5e-6,  5e-7,  5e-8
                            5e-9,  5e-10, 5e-11, 5e-12, 5e-13, 5e-14, 5e-15, 5e-16,
                            5e-17, 5e-18, 5e-19, 5e-20, 5e-21, 5e-22, 5e-23, 5e-24,
                            5e-25, 5e-26, 5e-27, 5e-28, 5e-29, 5e-30, 5e-31, 5e-32};
-
-bool missing(double v) {
-  uint64_t b;
-  std::memcpy(&b, &v, 8);
-  return (b >> 48) == 0xFFFF && (b & 0xFFFFFFFFFFull) == 0;
-}
-
-char missing_char(double v) {
-  uint64_t b;
-  std::memcpy(&b, &v, 8);
-  int idx = -static_cast<int>(static_cast<int8_t>((b >> 40) & 0xFF));
-  const char *sym = " _.ABCDEFGHIJKLMNOPQRSTUVWXYZ";
-  return idx >= 0 && idx <= 28 ? sym[idx] : ' ';
-}
 
 // m * 10^-e the way the printer scales: one double operation by an exact
 // power within 10^+-22, else long double steps of 10^27 at most.
@@ -261,11 +249,11 @@ field_result zfmt_oracle(double value, int32_t w, int32_t d, uint32_t capacity) 
     res.width_after = 32;
     field.assign(32, '*');
     status = XF_E_OVERFLOW;
-  } else if (missing(value)) {
+  } else if (is_missing(value)) {
     // The whole capacity is blanked; the length is min(w, capacity).
     int dm = d < 0 || d >= w ? 0 : d;
     field.assign(static_cast<size_t>(w), ' ');
-    field[static_cast<size_t>(w - 1 - dm)] = missing_char(value);
+    field[static_cast<size_t>(w - 1 - dm)] = missing_symbol(double_bits(value));
     status = XF_OK;
     size_t n = capacity < static_cast<uint32_t>(w) ? capacity : static_cast<size_t>(w);
     res.text = field.substr(0, n);
