@@ -1483,8 +1483,9 @@ typedef struct xf_picture_label {
     int16_t     language_offset;  /* 14 */
     int16_t     language_length;  /* 16 */
     uint8_t     reserved[6];      /* 18  zero in labels a host builds; the reader
-                                   *     marks a compiled date template it keeps
-                                   *     after the text here */
+                                   *     marks (four bytes and a count) a
+                                   *     compiled date template it keeps after
+                                   *     the text */
     uint8_t     mult[8];          /* 24 */
 } xf_picture_label;               /* text area at offset 32 */
 

@@ -241,8 +241,7 @@ const void *format_builder::picture_label(const row_cells &row, int &rc) {
   std::memcpy(area + tpl.size() + prefix.size(), lang.data(), lang.size());
   if (plan_count > 0) {
     std::memcpy(reinterpret_cast<char *>(p) + steps_at, plans, plan_count * sizeof plans[0]);
-    p->reserved[0] = picture_compiled;
-    p->reserved[1] = static_cast<uint8_t>(plan_count);
+    mark_picture_compiled(p, plan_count);
   }
   return p;
 }

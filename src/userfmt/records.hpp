@@ -56,11 +56,14 @@ inline const bound_pair *search_index(const xf_user_format *h, const void *const
 }
 
 // Date pictures the reader builds carry their template compiled (see
-// userfmt/datefmt.hpp): the label's first reserved byte says so, the second
-// counts the plans, and the plans stand after the text area at the next
-// multiple of 16 bytes in the same allocation. A label a host builds has
-// zero there and compiles on each call.
-inline constexpr uint8_t picture_compiled = 1;
+// userfmt/datefmt.hpp): the label's first four reserved bytes hold a mark,
+// the fifth counts the plans, and the plans stand after the text area at the
+// next multiple of 16 bytes in the same allocation. A label a host builds has
+// zeros there and compiles on each call; the mark is four bytes rather than
+// one so that a host which leaves the padding uninitialised is not taken for
+// the reader.
+inline constexpr unsigned char picture_compiled[4] = {'D', 'P', 'L', 'N'};
+inline constexpr std::size_t picture_count_byte = 4;
 inline constexpr std::size_t picture_steps_alignment = 16;
 // Bytes of the text area: the template, prefix and language as laid out.
 inline std::size_t picture_text_bytes(const xf_picture_label *p) {
@@ -81,7 +84,12 @@ inline std::size_t picture_steps_offset(const xf_picture_label *p) {
   return steps_offset_after(picture_text_bytes(p));
 }
 inline uint8_t picture_plan_count(const xf_picture_label *p) {
-  return p->reserved[0] == picture_compiled ? p->reserved[1] : 0;
+  if (std::memcmp(p->reserved, picture_compiled, sizeof picture_compiled) != 0) return 0;
+  return p->reserved[picture_count_byte];
+}
+inline void mark_picture_compiled(xf_picture_label *p, std::size_t plan_count) {
+  std::memcpy(p->reserved, picture_compiled, sizeof picture_compiled);
+  p->reserved[picture_count_byte] = static_cast<uint8_t>(plan_count);
 }
 
 inline uint8_t entry_kind(const void *e) { return *static_cast<const uint8_t *>(e); }
