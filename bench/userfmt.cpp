@@ -85,21 +85,25 @@ std::vector<double> values(int n) {
   return v;
 }
 
-void BM_userfmt_lookup_xffmt(benchmark::State &state) {
-  static loaded fmt(control_text(big), "BIG                             ");
-  std::vector<double> vs = values(4096);
-  char out[8];
+// Each of 4096 values through xffmt in a field of w (at most 32).
+void convert_each(benchmark::State &state, void *handle, const std::vector<double> &vs, int32_t w) {
+  char out[32];
   xf_frame f{};
-  f.width = 8;
+  f.width = w;
   f.input_length = 8;
   f.output = out;
-  f.output_capacity = sizeof out;
+  f.output_capacity = static_cast<uint32_t>(w);
   size_t i = 0;
   for (auto _ : state) {
     f.input = &vs[i++ & 4095];
-    benchmark::DoNotOptimize(xffmt(&f, fmt.handle));
+    benchmark::DoNotOptimize(xffmt(&f, handle));
     benchmark::DoNotOptimize(out);
   }
+}
+
+void BM_userfmt_lookup_xffmt(benchmark::State &state) {
+  static loaded fmt(control_text(big), "BIG                             ");
+  convert_each(state, fmt.handle, values(4096), 8);
 }
 BENCHMARK(BM_userfmt_lookup_xffmt);
 
@@ -167,19 +171,7 @@ std::vector<double> stamps() {
 
 void stamp_picture(benchmark::State &state, bool plain_labels) {
   loaded fmt(stamp_text(), "STAMP                           ", plain_labels);
-  const std::vector<double> vs = stamps();
-  char out[19];
-  xf_frame f{};
-  f.width = 19;
-  f.input_length = 8;
-  f.output = out;
-  f.output_capacity = sizeof out;
-  size_t i = 0;
-  for (auto _ : state) {
-    f.input = &vs[i++ & 4095];
-    benchmark::DoNotOptimize(xffmt(&f, fmt.handle));
-    benchmark::DoNotOptimize(out);
-  }
+  convert_each(state, fmt.handle, stamps(), 19);
 }
 void BM_userfmt_date_picture_compiled(benchmark::State &state) { stamp_picture(state, false); }
 void BM_userfmt_date_picture_per_call(benchmark::State &state) { stamp_picture(state, true); }
