@@ -355,6 +355,117 @@ template <size_t K>
   }
 }
 
+// ---------------------------------------------------------------- date plans
+
+// How run_date_plan writes a step; none: the plan is not a date plan.
+enum date_op : uint8_t {
+  op_none,
+  op_literal,       // the literal, one chunk
+  op_name,          // the name picked by the part, one chunk
+  op_last1,         // the last digit
+  op_last2,         // the last two digits
+  op_last2_blank,   // the last two, a leading zero as a blank ("%e")
+  op_last3,         // the last three
+  op_last4,         // the last four
+  op_least1,        // one or two digits
+};
+
+// 0..99 as two characters: blank_pairs " 0" .. " 9", "10" .. "99" (a leading
+// zero as a blank); short_pairs "0 " .. "9 ", "10" .. "99" (one digit, then
+// a blank a later step may cover).
+constexpr core::digit_pair_table make_blank_pairs(bool digit_first) {
+  core::digit_pair_table t = core::digit_pairs;
+  for (int i = 0; i < 10; ++i) {
+    t.c[2 * i] = digit_first ? static_cast<char>('0' + i) : ' ';
+    t.c[2 * i + 1] = digit_first ? ' ' : static_cast<char>('0' + i);
+  }
+  return t;
+}
+constexpr core::digit_pair_table blank_pairs = make_blank_pairs(false);
+constexpr core::digit_pair_table short_pairs = make_blank_pairs(true);
+
+// The parts of a calendar day a date plan may show, and the largest value of
+// each (the year counted as 20000; only its last digits are shown).
+constexpr int64_t date_part_max(part p) {
+  switch (p) {
+    case part::day: return 31;
+    case part::month: return 12;
+    case part::year: return 20000;
+    case part::year_of_century: return 99;
+    case part::wday: return 6;
+    case part::wday_monday_1: return 7;
+    case part::month_index: return 11;
+    case part::quarter_index: return 3;
+    case part::yday: return 366;
+    default: return -1;  // not a part of the day alone
+  }
+}
+constexpr size_t date_part_count = static_cast<size_t>(part::yday) + 1;
+
+struct date_step {
+  date_op op;
+  size_t length;  // the most bytes the step writes, its suffix left out
+};
+
+// The op and the longest text of step s, or op_none.
+date_step date_step_of(const plan_step &s, const locale_names *names) {
+  if (s.kind == plan_step::literal)
+    return s.length <= plan_chunk ? date_step{op_literal, s.length} : date_step{op_none, 0};
+  if ((s.needs & ~need_date) != 0) return {op_none, 0};
+  const int64_t top = date_part_max(s.source);
+  if (top < 0) return {op_none, 0};
+  switch (s.kind) {
+    case plan_step::name: {
+      if (names == nullptr || !names->blank_slots || top >= s.digits) return {op_none, 0};
+      size_t longest = 0;
+      for (int i = 0; i < s.digits; ++i) {
+        const name_entry &e = names->names[s.first - first_name_field + i];
+        if (!e.plain || e.length > plan_chunk) return {op_none, 0};
+        if (e.length > longest) longest = e.length;
+      }
+      return {op_name, longest};
+    }
+    case plan_step::last_digits:
+      if (s.fill == ' ' && s.digits == 2) return {op_last2_blank, 2};
+      if (s.fill != '0') return {op_none, 0};
+      switch (s.digits) {
+        case 1: return {op_last1, 1};
+        case 2: return {op_last2, 2};
+        case 3: return {op_last3, 3};
+        case 4: return {op_last4, 4};
+        default: return {op_none, 0};
+      }
+    case plan_step::least_digits:  // a value below 100 is never negative here
+      if (top > 99 || s.digits > 2) return {op_none, 0};
+      return {s.digits == 2 ? op_last2 : op_least1, 2};
+    default:
+      return {op_none, 0};
+  }
+}
+
+// Marks the plan a date plan when every step is one (see run_date_plan).
+void classify_date_plan(pattern_plan &plan) {
+  plan.date_only = false;
+  if (plan.state != plan_state::complete || !plan.literals_plain) return;
+  size_t length = 0;
+  uint8_t extra = 0;
+  for (uint8_t k = 0; k < plan.step_count; ++k) {
+    plan_step &s = plan.steps[k];
+    const date_step d = date_step_of(s, plan.names);
+    if (d.op == op_none) return;
+    s.op = d.op;
+    length += d.length + s.suffix_length;
+    if (s.kind != plan_step::literal) {
+      if (s.source == part::wday || s.source == part::wday_monday_1) extra |= date_extra_weekday;
+      if (s.source == part::yday) extra |= date_extra_yday;
+    }
+  }
+  if (length > 0xFFFF) return;
+  plan.date_length = static_cast<uint16_t>(length);
+  plan.date_extra = extra;
+  plan.date_only = true;
+}
+
 // ---------------------------------------------------------------- compiling
 
 // The name fields of the conversions: (hash, lower) picks one of four sets.
@@ -592,6 +703,7 @@ void plan_maker::finish(plan_state state) {
                                                      (s.suffix_length != 0 ? kind_count : 0)];
   }
   plan_.state = state;
+  classify_date_plan(plan_);
 }
 
 bool plan_maker::add(const plan_step &s) {
@@ -602,6 +714,7 @@ bool plan_maker::add(const plan_step &s) {
 
 void read_names(const field_reader &loc, locale_names *out) {
   *out = locale_names{};
+  out->blank_slots = true;
   for (int k = 0; k < name_count; ++k) {
     const int field = first_name_field + k;
     name_entry &e = out->names[k];
@@ -616,6 +729,7 @@ void read_names(const field_reader &loc, locale_names *out) {
     e.text = t.data();
     e.length = static_cast<uint16_t>(t.size());
     e.plain = plain_text(t);
+    std::memset(out->slots[k], ' ', plan_chunk);
     if (t.size() <= plan_chunk && !t.empty()) std::memcpy(out->slots[k], t.data(), t.size());
   }
 }
@@ -665,6 +779,79 @@ size_t run_plan(const pattern_plan &plan, const moment &m, int32_t decimals, cha
                                                (m.has_second ? 0 : need_second));
   n = run_steps<0>(c, missing, n);
   if (plain != nullptr) *plain = *plain && c.plain;
+  return n;
+}
+
+// Each step is stored at its exact length, a name as its whole blank-padded
+// slot while the room allows: the bytes past the text stay blank. The
+// values of the day are worked out once, into a row indexed by part.
+size_t run_date_plan(const pattern_plan &plan, int64_t day_number, char *out, size_t room) {
+  const datetime::ymd c = datetime::ymd_in_range(day_number);
+  uint64_t v[date_part_count];
+  v[static_cast<size_t>(part::day)] = static_cast<uint64_t>(c.day);
+  v[static_cast<size_t>(part::month)] = static_cast<uint64_t>(c.month);
+  v[static_cast<size_t>(part::year)] = static_cast<uint64_t>(c.year);
+  v[static_cast<size_t>(part::year_of_century)] = static_cast<uint64_t>(c.year % 100);
+  v[static_cast<size_t>(part::month_index)] = static_cast<uint64_t>(c.month - 1);
+  v[static_cast<size_t>(part::quarter_index)] = static_cast<uint64_t>((c.month - 1) / 3);
+  if ((plan.date_extra & date_extra_weekday) != 0) {
+    const int32_t w = datetime::weekday(day_number);
+    v[static_cast<size_t>(part::wday)] = static_cast<uint64_t>(w);
+    v[static_cast<size_t>(part::wday_monday_1)] = static_cast<uint64_t>(w == 0 ? 7 : w);
+  }
+  if ((plan.date_extra & date_extra_yday) != 0)
+    v[static_cast<size_t>(part::yday)] =
+        static_cast<uint64_t>(datetime::day_of_year(c.year, c.month, c.day));
+  const locale_names &names = *plan.names;
+  size_t n = 0;
+  for (uint8_t k = 0; k < plan.step_count; ++k) {
+    const plan_step &s = plan.steps[k];
+    const uint64_t x = v[static_cast<size_t>(s.source)];
+    switch (s.op) {
+      case op_literal:
+        copy_short(out + n, plan.text + s.first, s.length);
+        n += s.length;
+        continue;  // a literal has no suffix
+      case op_name: {
+        const size_t i = static_cast<size_t>(s.first - first_name_field) + x;
+        const size_t len = names.names[i].length;
+        if (n + plan_chunk <= room)
+          std::memcpy(out + n, names.slots[i], plan_chunk);
+        else
+          copy_short(out + n, names.slots[i], len);
+        n += len;
+        break;
+      }
+      case op_last1:
+        out[n++] = static_cast<char>('0' + x % 10);
+        break;
+      case op_last2:
+        core::put2(out + n, x % 100);
+        n += 2;
+        break;
+      case op_last2_blank:
+        std::memcpy(out + n, blank_pairs.c + 2 * (x % 100), 2);
+        n += 2;
+        break;
+      case op_last3:
+        out[n] = static_cast<char>('0' + x % 1000 / 100);
+        core::put2(out + n + 1, x % 100);
+        n += 3;
+        break;
+      case op_last4:
+        core::put4(out + n, x % 10000);
+        n += 4;
+        break;
+      case op_least1:  // the digit and a blank, or two digits
+        std::memcpy(out + n, short_pairs.c + 2 * x, 2);
+        n += x < 10 ? 1 : 2;
+        break;
+      default:
+        break;
+    }
+    copy_short(out + n, plan.text + s.suffix_first, s.suffix_length);
+    n += s.suffix_length;
+  }
   return n;
 }
 
