@@ -402,6 +402,9 @@ constexpr int64_t date_part_max(part p) {
 }
 constexpr size_t date_part_count = static_cast<size_t>(part::yday) + 1;
 
+// The most steps of a date plan (a date pattern has five or six).
+constexpr size_t date_plan_max_steps = 8;
+
 struct date_step {
   date_op op;
   size_t length;  // the most bytes the step writes, its suffix left out
@@ -446,23 +449,19 @@ date_step date_step_of(const plan_step &s, const locale_names *names) {
 // Marks the plan a date plan when every step is one (see run_date_plan).
 void classify_date_plan(pattern_plan &plan) {
   plan.date_only = false;
-  if (plan.state != plan_state::complete || !plan.literals_plain) return;
+  if (plan.state != plan_state::complete || !plan.literals_plain ||
+      plan.step_count > date_plan_max_steps)
+    return;
   size_t length = 0;
-  uint8_t extra = 0;
   for (uint8_t k = 0; k < plan.step_count; ++k) {
     plan_step &s = plan.steps[k];
     const date_step d = date_step_of(s, plan.names);
     if (d.op == op_none) return;
     s.op = d.op;
     length += d.length + s.suffix_length;
-    if (s.kind != plan_step::literal) {
-      if (s.source == part::wday || s.source == part::wday_monday_1) extra |= date_extra_weekday;
-      if (s.source == part::yday) extra |= date_extra_yday;
-    }
   }
   if (length > 0xFFFF) return;
   plan.date_length = static_cast<uint16_t>(length);
-  plan.date_extra = extra;
   plan.date_only = true;
 }
 
@@ -782,77 +781,100 @@ size_t run_plan(const pattern_plan &plan, const moment &m, int32_t decimals, cha
   return n;
 }
 
-// Each step is stored at its exact length, a name as its whole blank-padded
-// slot while the room allows: the bytes past the text stay blank. The
-// values of the day are worked out once, into a row indexed by part.
-size_t run_date_plan(const pattern_plan &plan, int64_t day_number, char *out, size_t room) {
-  const datetime::ymd c = datetime::ymd_in_range(day_number);
-  uint64_t v[date_part_count];
-  v[static_cast<size_t>(part::day)] = static_cast<uint64_t>(c.day);
-  v[static_cast<size_t>(part::month)] = static_cast<uint64_t>(c.month);
-  v[static_cast<size_t>(part::year)] = static_cast<uint64_t>(c.year);
-  v[static_cast<size_t>(part::year_of_century)] = static_cast<uint64_t>(c.year % 100);
-  v[static_cast<size_t>(part::month_index)] = static_cast<uint64_t>(c.month - 1);
-  v[static_cast<size_t>(part::quarter_index)] = static_cast<uint64_t>((c.month - 1) / 3);
-  if ((plan.date_extra & date_extra_weekday) != 0) {
-    const int32_t w = datetime::weekday(day_number);
-    v[static_cast<size_t>(part::wday)] = static_cast<uint64_t>(w);
-    v[static_cast<size_t>(part::wday_monday_1)] = static_cast<uint64_t>(w == 0 ? 7 : w);
+namespace {
+
+// The part p of a calendar day; from a switch of the step's own, which goes
+// the same way on every day.
+[[gnu::always_inline]] inline uint64_t date_value(part p, const datetime::ymd &c,
+                                                 int64_t day_number) {
+  switch (p) {
+    case part::day: return static_cast<uint64_t>(c.day);
+    case part::month: return static_cast<uint64_t>(c.month);
+    case part::year: return static_cast<uint64_t>(c.year);
+    case part::year_of_century: return static_cast<uint64_t>(c.year % 100);
+    case part::wday: return static_cast<uint64_t>(datetime::weekday(day_number));
+    case part::wday_monday_1:
+      return static_cast<uint64_t>(datetime::monday_weekday(datetime::weekday(day_number)));
+    case part::month_index: return static_cast<uint64_t>(c.month - 1);
+    case part::quarter_index: return static_cast<uint64_t>((c.month - 1) / 3);
+    case part::yday: return static_cast<uint64_t>(datetime::day_of_year(c.year, c.month, c.day));
+    default: return 0;  // not a part of a date plan
   }
-  if ((plan.date_extra & date_extra_yday) != 0)
-    v[static_cast<size_t>(part::yday)] =
-        static_cast<uint64_t>(datetime::day_of_year(c.year, c.month, c.day));
-  const locale_names &names = *plan.names;
-  size_t n = 0;
-  for (uint8_t k = 0; k < plan.step_count; ++k) {
-    const plan_step &s = plan.steps[k];
-    const uint64_t x = v[static_cast<size_t>(s.source)];
-    switch (s.op) {
-      case op_literal:
-        copy_short(out + n, plan.text + s.first, s.length);
-        n += s.length;
-        continue;  // a literal has no suffix
-      case op_name: {
-        const size_t i = static_cast<size_t>(s.first - first_name_field) + x;
-        const size_t len = names.names[i].length;
-        if (n + plan_chunk <= room)
-          std::memcpy(out + n, names.slots[i], plan_chunk);
-        else
-          copy_short(out + n, names.slots[i], len);
-        n += len;
-        break;
-      }
-      case op_last1:
-        out[n++] = static_cast<char>('0' + x % 10);
-        break;
-      case op_last2:
-        core::put2(out + n, x % 100);
-        n += 2;
-        break;
-      case op_last2_blank:
-        std::memcpy(out + n, blank_pairs.c + 2 * (x % 100), 2);
-        n += 2;
-        break;
-      case op_last3:
-        out[n] = static_cast<char>('0' + x % 1000 / 100);
-        core::put2(out + n + 1, x % 100);
-        n += 3;
-        break;
-      case op_last4:
-        core::put4(out + n, x % 10000);
-        n += 4;
-        break;
-      case op_least1:  // the digit and a blank, or two digits
-        std::memcpy(out + n, short_pairs.c + 2 * x, 2);
-        n += x < 10 ? 1 : 2;
-        break;
-      default:
-        break;
+}
+
+// One step of a date plan at n; returns the new length. Each step is stored
+// at its exact length, a name as its whole blank-padded slot while the room
+// allows, so the bytes past the text stay blank.
+[[gnu::always_inline]] inline size_t date_step_at(const pattern_plan &plan, const plan_step &s,
+                                                 const datetime::ymd &c, int64_t day_number,
+                                                 char *out, size_t room, size_t n) {
+  const uint64_t x = date_value(s.source, c, day_number);
+  switch (s.op) {
+    case op_literal:
+      copy_short(out + n, plan.text + s.first, s.length);
+      return n + s.length;  // a literal has no suffix
+    case op_name: {
+      const locale_names &names = *plan.names;
+      const size_t i = static_cast<size_t>(s.first - first_name_field) + x;
+      const size_t len = names.names[i].length;
+      if (n + plan_chunk <= room)
+        std::memcpy(out + n, names.slots[i], plan_chunk);
+      else
+        copy_short(out + n, names.slots[i], len);
+      n += len;
+      break;
     }
-    copy_short(out + n, plan.text + s.suffix_first, s.suffix_length);
-    n += s.suffix_length;
+    case op_last1:
+      out[n++] = static_cast<char>('0' + x % 10);
+      break;
+    case op_last2:
+      core::put2(out + n, x % 100);
+      n += 2;
+      break;
+    case op_last2_blank:
+      std::memcpy(out + n, blank_pairs.c + 2 * (x % 100), 2);
+      n += 2;
+      break;
+    case op_last3:
+      out[n] = static_cast<char>('0' + x % 1000 / 100);
+      core::put2(out + n + 1, x % 100);
+      n += 3;
+      break;
+    case op_last4:
+      core::put4(out + n, x % 10000);
+      n += 4;
+      break;
+    case op_least1:  // the digit and a blank, or two digits
+      std::memcpy(out + n, short_pairs.c + 2 * x, 2);
+      n += x < 10 ? 1 : 2;
+      break;
+    default:
+      break;
   }
-  return n;
+  copy_short(out + n, plan.text + s.suffix_first, s.suffix_length);
+  return n + s.suffix_length;
+}
+
+// Steps K and on, each from a switch of its own: for a given plan every
+// one of them goes the same way on every day.
+template <size_t K>
+[[gnu::always_inline]] inline size_t date_steps(const pattern_plan &plan, const datetime::ymd &c,
+                                               int64_t day_number, char *out, size_t room,
+                                               size_t n) {
+  if constexpr (K == date_plan_max_steps) {
+    return n;
+  } else {
+    if (K >= plan.step_count) return n;
+    n = date_step_at(plan, plan.steps[K], c, day_number, out, room, n);
+    return date_steps<K + 1>(plan, c, day_number, out, room, n);
+  }
+}
+
+}  // namespace
+
+// The calendar day is split once; each step works out the part it shows.
+size_t run_date_plan(const pattern_plan &plan, int64_t day_number, char *out, size_t room) {
+  return date_steps<0>(plan, datetime::ymd_in_range(day_number), day_number, out, room, 0);
 }
 
 namespace {

@@ -137,10 +137,8 @@ struct pattern_plan {
   bool literals_plain = true;  // every literal is ASCII without "<"
   uint8_t step_count = 0;
   // Set when run_date_plan can run the plan (see there); then date_length
-  // bounds its text and date_extra says which parts past the calendar day
-  // it reads (date_extra_weekday, date_extra_yday).
+  // bounds its text.
   bool date_only = false;
-  uint8_t date_extra = 0;
   uint16_t date_length = 0;
   plan_step steps[plan_max_steps];
   char text[plan_max_text + plan_chunk];  // the literal pieces, padded for chunk reads
@@ -195,7 +193,6 @@ size_t run_plan(const pattern_plan &plan, const moment &m, int32_t decimals, cha
 // at out, whose room bytes (at least date_length) are blank beforehand; the
 // text stands at the start, blanks after it, and its length is returned.
 // The bytes are those run_plan writes.
-inline constexpr uint8_t date_extra_weekday = 1, date_extra_yday = 2;
 size_t run_date_plan(const pattern_plan &plan, int64_t day_number, char *out, size_t room);
 
 // The locale pattern fields compiled once per locale: 28 (date) to 53

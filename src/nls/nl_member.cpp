@@ -444,31 +444,45 @@ inline void blank_field(char *out, uint32_t n) {
   std::memcpy(out + n - 16, blanks, 16);
 }
 
-// The usual date case at its shortest: the first pattern a date plan (see
-// run_date_plan) whose longest text fits the field, so that it is the
+// The usual date case at its shortest: a plain frame in a single-byte field
+// and a database locale whose first pattern is a date plan (see
+// run_date_plan) with a longest text that fits the field, so that it is the
 // result for every day. The field is blanked and the text written over its
-// start: the same bytes as placed_directly and place_left, without a check
-// of room per step.
-bool placed_date(xf_frame *f, int id, int code) {
-  if (wants_utf16(f) || f->width <= 0) return false;
-  const pattern_plan *plan = plan_for_code(id, code);
-  if (plan == nullptr || !plan->date_only) return false;
+// start: the bytes run_two_pattern writes, without a check of room per step.
+// False, with nothing written, for any other case.
+[[gnu::always_inline]] inline bool placed_date(xf_frame *f, int code) {
+  if ((f->option_word & XF_OPT_VALIDATE) != 0 || wants_utf16(f) || f->width <= 0 ||
+      f->input == nullptr || f->input_length < 8)
+    return false;
+  double v;
+  std::memcpy(&v, f->input, sizeof v);
+  if (!datetime::date_in_range(v)) return false;  // also a missing value
+  const int id = static_cast<int>(f->option_word & XF_OPT_LOCALE_MASK);
+  if (id < 1 || id > locale_count || code < plan_first_field ||
+      code >= plan_first_field + plan_field_count)
+    return false;
+  const locale_plans *set = compiled_plans[id - 1].load(std::memory_order_acquire);
+  if (set == nullptr) return false;  // compiled on the long way
+  const pattern_plan &plan = set->plans[0][code - plan_first_field];
   const uint32_t cap = f->output_capacity;
   const auto w = static_cast<uint32_t>(f->width);
-  if (plan->date_length > (w < cap ? w : cap)) return false;
+  if (!plan.date_only || plan.date_length > (w < cap ? w : cap)) return false;
   char *out = frame_out(f);
   blank_field(out, cap);
-  f->output_length =
-      static_cast<uint32_t>(run_date_plan(*plan, floor_whole(frame_value(f)), out, cap));
+  f->output_length = static_cast<uint32_t>(run_date_plan(plan, floor_whole(v), out, cap));
   f->output_encoding = XF_ENC_SINGLE_BYTE;
   return true;
+}
+
+xf_status run_two_date(xf_frame *f, const member_spec &spec) {
+  if (placed_date(f, spec.first)) return XF_OK;
+  return run_two_pattern(f, spec);
 }
 
 xf_status run_two_pattern(xf_frame *f, const member_spec &spec) {
   xf_status st;
   if (!prologue(f, spec, true, &st)) return st;
   const int id = frame_locale_id(f);
-  if (spec.kind == value_kind::date && placed_date(f, id, spec.first)) return XF_OK;
   const field_reader loc = locale_reader(id);
   const moment m = moment_for(spec.kind, frame_value(f), f->decimals);
   const int32_t d = pattern_decimals(spec.kind, f->decimals);
