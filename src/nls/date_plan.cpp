@@ -400,8 +400,6 @@ constexpr int64_t date_part_max(part p) {
     default: return -1;  // not a part of the day alone
   }
 }
-constexpr size_t date_part_count = static_cast<size_t>(part::yday) + 1;
-
 // The most steps of a date plan (a date pattern has five or six).
 constexpr size_t date_plan_max_steps = 8;
 
