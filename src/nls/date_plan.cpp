@@ -355,6 +355,114 @@ template <size_t K>
   }
 }
 
+// ---------------------------------------------------------------- date plans
+
+// How run_date_plan writes a step; none: the plan is not a date plan.
+enum date_op : uint8_t {
+  op_none,
+  op_literal,       // the literal, one chunk
+  op_name,          // the name picked by the part, one chunk
+  op_last1,         // the last digit
+  op_last2,         // the last two digits
+  op_last2_blank,   // the last two, a leading zero as a blank ("%e")
+  op_last3,         // the last three
+  op_last4,         // the last four
+  op_least1,        // one or two digits
+};
+
+// 0..99 as two characters: blank_pairs " 0" .. " 9", "10" .. "99" (a leading
+// zero as a blank); short_pairs "0 " .. "9 ", "10" .. "99" (one digit, then
+// a blank a later step may cover).
+constexpr core::digit_pair_table make_blank_pairs(bool digit_first) {
+  core::digit_pair_table t = core::digit_pairs;
+  for (int i = 0; i < 10; ++i) {
+    t.c[2 * i] = digit_first ? static_cast<char>('0' + i) : ' ';
+    t.c[2 * i + 1] = digit_first ? ' ' : static_cast<char>('0' + i);
+  }
+  return t;
+}
+constexpr core::digit_pair_table blank_pairs = make_blank_pairs(false);
+constexpr core::digit_pair_table short_pairs = make_blank_pairs(true);
+
+// The parts of a calendar day a date plan may show, and the largest value of
+// each (the year counted as 20000; only its last digits are shown).
+constexpr int64_t date_part_max(part p) {
+  switch (p) {
+    case part::day: return 31;
+    case part::month: return 12;
+    case part::year: return 20000;
+    case part::year_of_century: return 99;
+    case part::wday: return 6;
+    case part::wday_monday_1: return 7;
+    case part::month_index: return 11;
+    case part::quarter_index: return 3;
+    case part::yday: return 366;
+    default: return -1;  // not a part of the day alone
+  }
+}
+// The most steps of a date plan (a date pattern has five or six).
+constexpr size_t date_plan_max_steps = 8;
+
+struct date_step {
+  date_op op;
+  size_t length;  // the most bytes the step writes, its suffix left out
+};
+
+// The op and the longest text of step s, or op_none.
+date_step date_step_of(const plan_step &s, const locale_names *names) {
+  if (s.kind == plan_step::literal)
+    return s.length <= plan_chunk ? date_step{op_literal, s.length} : date_step{op_none, 0};
+  if ((s.needs & ~need_date) != 0) return {op_none, 0};
+  const int64_t top = date_part_max(s.source);
+  if (top < 0) return {op_none, 0};
+  switch (s.kind) {
+    case plan_step::name: {
+      if (names == nullptr || !names->blank_slots || top >= s.digits) return {op_none, 0};
+      size_t longest = 0;
+      for (int i = 0; i < s.digits; ++i) {
+        const name_entry &e = names->names[s.first - first_name_field + i];
+        if (!e.plain || e.length > plan_chunk) return {op_none, 0};
+        if (e.length > longest) longest = e.length;
+      }
+      return {op_name, longest};
+    }
+    case plan_step::last_digits:
+      if (s.fill == ' ' && s.digits == 2) return {op_last2_blank, 2};
+      if (s.fill != '0') return {op_none, 0};
+      switch (s.digits) {
+        case 1: return {op_last1, 1};
+        case 2: return {op_last2, 2};
+        case 3: return {op_last3, 3};
+        case 4: return {op_last4, 4};
+        default: return {op_none, 0};
+      }
+    case plan_step::least_digits:  // a value below 100 is never negative here
+      if (top > 99 || s.digits > 2) return {op_none, 0};
+      return {s.digits == 2 ? op_last2 : op_least1, 2};
+    default:
+      return {op_none, 0};
+  }
+}
+
+// Marks the plan a date plan when every step is one (see run_date_plan).
+void classify_date_plan(pattern_plan &plan) {
+  plan.date_only = false;
+  if (plan.state != plan_state::complete || !plan.literals_plain ||
+      plan.step_count > date_plan_max_steps)
+    return;
+  size_t length = 0;
+  for (uint8_t k = 0; k < plan.step_count; ++k) {
+    plan_step &s = plan.steps[k];
+    const date_step d = date_step_of(s, plan.names);
+    if (d.op == op_none) return;
+    s.op = d.op;
+    length += d.length + s.suffix_length;
+  }
+  if (length > 0xFFFF) return;
+  plan.date_length = static_cast<uint16_t>(length);
+  plan.date_only = true;
+}
+
 // ---------------------------------------------------------------- compiling
 
 // The name fields of the conversions: (hash, lower) picks one of four sets.
@@ -592,6 +700,7 @@ void plan_maker::finish(plan_state state) {
                                                      (s.suffix_length != 0 ? kind_count : 0)];
   }
   plan_.state = state;
+  classify_date_plan(plan_);
 }
 
 bool plan_maker::add(const plan_step &s) {
@@ -602,6 +711,7 @@ bool plan_maker::add(const plan_step &s) {
 
 void read_names(const field_reader &loc, locale_names *out) {
   *out = locale_names{};
+  out->blank_slots = true;
   for (int k = 0; k < name_count; ++k) {
     const int field = first_name_field + k;
     name_entry &e = out->names[k];
@@ -616,6 +726,7 @@ void read_names(const field_reader &loc, locale_names *out) {
     e.text = t.data();
     e.length = static_cast<uint16_t>(t.size());
     e.plain = plain_text(t);
+    std::memset(out->slots[k], ' ', plan_chunk);
     if (t.size() <= plan_chunk && !t.empty()) std::memcpy(out->slots[k], t.data(), t.size());
   }
 }
@@ -666,6 +777,102 @@ size_t run_plan(const pattern_plan &plan, const moment &m, int32_t decimals, cha
   n = run_steps<0>(c, missing, n);
   if (plain != nullptr) *plain = *plain && c.plain;
   return n;
+}
+
+namespace {
+
+// The part p of a calendar day; from a switch of the step's own, which goes
+// the same way on every day.
+[[gnu::always_inline]] inline uint64_t date_value(part p, const datetime::ymd &c,
+                                                 int64_t day_number) {
+  switch (p) {
+    case part::day: return static_cast<uint64_t>(c.day);
+    case part::month: return static_cast<uint64_t>(c.month);
+    case part::year: return static_cast<uint64_t>(c.year);
+    case part::year_of_century: return static_cast<uint64_t>(c.year % 100);
+    case part::wday: return static_cast<uint64_t>(datetime::weekday(day_number));
+    case part::wday_monday_1:
+      return static_cast<uint64_t>(datetime::monday_weekday(datetime::weekday(day_number)));
+    case part::month_index: return static_cast<uint64_t>(c.month - 1);
+    case part::quarter_index: return static_cast<uint64_t>((c.month - 1) / 3);
+    case part::yday: return static_cast<uint64_t>(datetime::day_of_year(c.year, c.month, c.day));
+    default: return 0;  // not a part of a date plan
+  }
+}
+
+// One step of a date plan at n; returns the new length. Each step is stored
+// at its exact length, a name as its whole blank-padded slot while the room
+// allows, so the bytes past the text stay blank.
+[[gnu::always_inline]] inline size_t date_step_at(const pattern_plan &plan, const plan_step &s,
+                                                 const datetime::ymd &c, int64_t day_number,
+                                                 char *out, size_t room, size_t n) {
+  const uint64_t x = date_value(s.source, c, day_number);
+  switch (s.op) {
+    case op_literal:
+      copy_short(out + n, plan.text + s.first, s.length);
+      return n + s.length;  // a literal has no suffix
+    case op_name: {
+      const locale_names &names = *plan.names;
+      const size_t i = static_cast<size_t>(s.first - first_name_field) + x;
+      const size_t len = names.names[i].length;
+      if (n + plan_chunk <= room)
+        std::memcpy(out + n, names.slots[i], plan_chunk);
+      else
+        copy_short(out + n, names.slots[i], len);
+      n += len;
+      break;
+    }
+    case op_last1:
+      out[n++] = static_cast<char>('0' + x % 10);
+      break;
+    case op_last2:
+      core::put2(out + n, x % 100);
+      n += 2;
+      break;
+    case op_last2_blank:
+      std::memcpy(out + n, blank_pairs.c + 2 * (x % 100), 2);
+      n += 2;
+      break;
+    case op_last3:
+      out[n] = static_cast<char>('0' + x % 1000 / 100);
+      core::put2(out + n + 1, x % 100);
+      n += 3;
+      break;
+    case op_last4:
+      core::put4(out + n, x % 10000);
+      n += 4;
+      break;
+    case op_least1:  // the digit and a blank, or two digits
+      std::memcpy(out + n, short_pairs.c + 2 * x, 2);
+      n += x < 10 ? 1 : 2;
+      break;
+    default:
+      break;
+  }
+  copy_short(out + n, plan.text + s.suffix_first, s.suffix_length);
+  return n + s.suffix_length;
+}
+
+// Steps K and on, each from a switch of its own: for a given plan every
+// one of them goes the same way on every day.
+template <size_t K>
+[[gnu::always_inline]] inline size_t date_steps(const pattern_plan &plan, const datetime::ymd &c,
+                                               int64_t day_number, char *out, size_t room,
+                                               size_t n) {
+  if constexpr (K == date_plan_max_steps) {
+    return n;
+  } else {
+    if (K >= plan.step_count) return n;
+    n = date_step_at(plan, plan.steps[K], c, day_number, out, room, n);
+    return date_steps<K + 1>(plan, c, day_number, out, room, n);
+  }
+}
+
+}  // namespace
+
+// The calendar day is split once; each step works out the part it shows.
+size_t run_date_plan(const pattern_plan &plan, int64_t day_number, char *out, size_t room) {
+  return date_steps<0>(plan, datetime::ymd_in_range(day_number), day_number, out, room, 0);
 }
 
 namespace {

@@ -72,12 +72,14 @@ struct name_entry {
 inline constexpr uint16_t no_pad = 0xFFFF;
 
 // A step copies text 16 bytes at a time when the room allows; the names
-// that fit are kept in zeroed 16-byte slots for it.
+// that fit are kept in 16-byte slots for it, padded with zeros or (when
+// blank_slots is set, as read_names leaves them) with blanks.
 inline constexpr size_t plan_chunk = 16;
 
 struct locale_names {
   name_entry names[name_count];
   char slots[name_count][plan_chunk];
+  bool blank_slots = false;
 };
 
 // The names of a locale: a name that cannot be read writes "**" (AM and PM
@@ -112,6 +114,8 @@ struct plan_step {
   // conversion and a short separator, one step writes both.
   uint16_t suffix_first = 0;
   uint8_t suffix_length = 0;
+  // How run_date_plan writes the step (a date_op), set with write.
+  uint8_t op = 0;
   // The writer of the kind and source, set when the plan is compiled: each
   // step is called from a place of its own, which the processor foresees
   // better than one switch for every step.
@@ -132,6 +136,10 @@ struct pattern_plan {
   plan_state state = plan_state::empty;
   bool literals_plain = true;  // every literal is ASCII without "<"
   uint8_t step_count = 0;
+  // Set when run_date_plan can run the plan (see there); then date_length
+  // bounds its text.
+  bool date_only = false;
+  uint16_t date_length = 0;
   plan_step steps[plan_max_steps];
   char text[plan_max_text + plan_chunk];  // the literal pieces, padded for chunk reads
   const locale_names *names = nullptr;
@@ -177,6 +185,15 @@ size_t compile_pattern(const field_reader &loc, const locale_names &names,
 // is not ASCII without "<".
 size_t run_plan(const pattern_plan &plan, const moment &m, int32_t decimals, char *out,
                 size_t room, size_t n, bool tail_is_scratch, bool *plain = nullptr);
+
+// The plans that show a date and nothing else, with literals and names of
+// one chunk at most, all ASCII without "<", and names in blank-padded slots:
+// the text of every day is plain and at most date_length bytes, known when
+// the plan is made. run_date_plan writes such a plan for day n (in range)
+// at out, whose room bytes (at least date_length) are blank beforehand; the
+// text stands at the start, blanks after it, and its length is returned.
+// The bytes are those run_plan writes.
+size_t run_date_plan(const pattern_plan &plan, int64_t day_number, char *out, size_t room);
 
 // The locale pattern fields compiled once per locale: 28 (date) to 53
 // (time), each as it stands and with " %z" appended.

@@ -431,6 +431,64 @@ void place_left_utf16(xf_frame *f, uint32_t n) {
   return true;
 }
 
+// n blank bytes in 16-byte stores, the last overlapping (n >= 16), or as
+// fill_bytes writes fewer; the stores depend on the field, not the value.
+inline void blank_field(char *out, uint32_t n) {
+  if (n < 16) {
+    fill_bytes(out, n, ' ');
+    return;
+  }
+  char blanks[16];
+  std::memset(blanks, ' ', sizeof blanks);
+  for (uint32_t i = 0; i + 16 < n; i += 16) std::memcpy(out + i, blanks, 16);
+  std::memcpy(out + n - 16, blanks, 16);
+}
+
+// The day of a negative value with a fraction; out of line, so that the
+// common test above stays a branch.
+[[gnu::noinline]] int64_t day_before_fraction(double v) { return floor_whole(v); }
+
+// The usual date case at its shortest: a plain frame in a single-byte field
+// and a database locale whose first pattern is a date plan (see
+// run_date_plan) with a longest text that fits the field, so that it is the
+// result for every day. The field is blanked and the text written over its
+// start: the bytes run_two_pattern writes, without a check of room per step.
+// False, with nothing written, for any other case.
+[[gnu::always_inline]] inline bool placed_date(xf_frame *f, int code) {
+  if ((f->option_word & XF_OPT_VALIDATE) != 0 || wants_utf16(f) || f->width <= 0 ||
+      f->input == nullptr || f->input_length < 8)
+    return false;
+  double v;
+  std::memcpy(&v, f->input, sizeof v);
+  if (!datetime::date_in_range(v)) return false;  // also a missing value
+  const int id = static_cast<int>(f->option_word & XF_OPT_LOCALE_MASK);
+  if (id < 1 || id > locale_count || code < plan_first_field ||
+      code >= plan_first_field + plan_field_count)
+    return false;
+  const locale_plans *set = compiled_plans[id - 1].load(std::memory_order_acquire);
+  if (set == nullptr) return false;  // compiled on the long way
+  const pattern_plan &plan = set->plans[0][code - plan_first_field];
+  const uint32_t cap = f->output_capacity;
+  const auto w = static_cast<uint32_t>(f->width);
+  if (!plan.date_only || plan.date_length > (w < cap ? w : cap)) return false;
+  char *out = frame_out(f);
+  blank_field(out, cap);
+  // Truncation is the floor except for a negative value with a fraction,
+  // which is rare: as a branch, foreseen, the test leaves the split free to
+  // start on the truncated value without waiting for it.
+  auto day = static_cast<int64_t>(v);
+  if (static_cast<double>(day) > v) [[unlikely]]
+    day = day_before_fraction(v);
+  f->output_length = static_cast<uint32_t>(run_date_plan(plan, day, out, cap));
+  f->output_encoding = XF_ENC_SINGLE_BYTE;
+  return true;
+}
+
+xf_status run_two_date(xf_frame *f, const member_spec &spec) {
+  if (placed_date(f, spec.first)) return XF_OK;
+  return run_two_pattern(f, spec);
+}
+
 xf_status run_two_pattern(xf_frame *f, const member_spec &spec) {
   xf_status st;
   if (!prologue(f, spec, true, &st)) return st;
