@@ -454,38 +454,41 @@ inline void blank_field(char *out, uint32_t n) {
 // result for every day. The field is blanked and the text written over its
 // start: the bytes run_two_pattern writes, without a check of room per step.
 // False, with nothing written, for any other case.
-[[gnu::always_inline]] inline bool placed_date(xf_frame *f, int code) {
+[[gnu::always_inline]] inline const pattern_plan *usual_date_plan(const xf_frame *f, int code,
+                                                                   double *v) {
   if ((f->option_word & XF_OPT_VALIDATE) != 0 || wants_utf16(f) || f->width <= 0 ||
       f->input == nullptr || f->input_length < 8)
-    return false;
-  double v;
-  std::memcpy(&v, f->input, sizeof v);
-  if (!datetime::date_in_range(v)) return false;  // also a missing value
+    return nullptr;
+  std::memcpy(v, f->input, sizeof *v);
+  if (!datetime::date_in_range(*v)) return nullptr;  // also a missing value
   const int id = static_cast<int>(f->option_word & XF_OPT_LOCALE_MASK);
   if (id < 1 || id > locale_count || code < plan_first_field ||
       code >= plan_first_field + plan_field_count)
-    return false;
+    return nullptr;
   const locale_plans *set = compiled_plans[id - 1].load(std::memory_order_acquire);
-  if (set == nullptr) return false;  // compiled on the long way
+  if (set == nullptr) return nullptr;  // compiled on the long way
   const pattern_plan &plan = set->plans[0][code - plan_first_field];
   const uint32_t cap = f->output_capacity;
   const auto w = static_cast<uint32_t>(f->width);
-  if (!plan.date_only || plan.date_length > (w < cap ? w : cap)) return false;
+  if (!plan.date_only || plan.date_length > (w < cap ? w : cap)) return nullptr;
+  return &plan;
+}
+
+[[gnu::noinline]] xf_status place_date(xf_frame *f, const pattern_plan &plan, double v) {
+  const uint32_t cap = f->output_capacity;
   char *out = frame_out(f);
   blank_field(out, cap);
-  // Truncation is the floor except for a negative value with a fraction,
-  // which is rare: as a branch, foreseen, the test leaves the split free to
-  // start on the truncated value without waiting for it.
   auto day = static_cast<int64_t>(v);
   if (static_cast<double>(day) > v) [[unlikely]]
     day = day_before_fraction(v);
   f->output_length = static_cast<uint32_t>(run_date_plan(plan, day, out, cap));
   f->output_encoding = XF_ENC_SINGLE_BYTE;
-  return true;
+  return XF_OK;
 }
 
 xf_status run_two_date(xf_frame *f, const member_spec &spec) {
-  if (placed_date(f, spec.first)) return XF_OK;
+  double v;
+  if (const pattern_plan *plan = usual_date_plan(f, spec.first, &v)) return place_date(f, *plan, v);
   return run_two_pattern(f, spec);
 }
 
