@@ -5,7 +5,6 @@
 #include <limits>
 #include <string>
 
-#include "core/missing.hpp"
 #include "support/frame.hpp"
 #include "xfmt/xfmt.h"
 
@@ -29,13 +28,6 @@ TEST(fixed_format, width_above_32_is_32_stars_and_the_width_becomes_32) {
   EXPECT_EQ(b.str(), std::string(32, '*'));
   EXPECT_EQ(b.f.width, 32);
   EXPECT_EQ(b.buffer().substr(32), std::string(8, '\xEE'));
-}
-
-TEST(fixed_format, missing_blanks_the_whole_capacity) {
-  frame_box b = frame_box::number(xfmt::missing_ordinary(), 4, 0, 10);
-  EXPECT_EQ(zfmt(&b.f), XF_OK);
-  EXPECT_EQ(b.buffer(), "   .      ");
-  EXPECT_EQ(b.f.output_length, 4u);
 }
 
 TEST(fixed_format, fmte_and_zfmtd_exports) {
