@@ -382,6 +382,8 @@ xf_routine routine_named(std::string_view name) {
   for (const fmtposs_row *r : {&crashfmt, &ver_num[0], &ver_num[1]})
     if (r->row.name_length <= sizeof r->row.name && std::string_view(r->row.name, r->row.name_length) == name)
       return r->row.routine;
+  // The missing-value display every number format calls, by its C name.
+  if (name == "zfmmiss") return zfmmiss;
   return nullptr;
 }
 

@@ -11,7 +11,8 @@
 //   @COMMA   8   0   "1,234.56"     1234.56           OK
 //   $QUOTE   1   0   "abc"          "*"               E_OVERFLOW  cap=4
 //
-// name      catalogued name ("@" before an informat, "$" before a character one)
+// name      catalogued name ("@" before an informat, "$" before a character one),
+//           or zfmmiss (the missing-value display, not catalogued)
 // input     a number (strtod syntax, inf, nan), a missing value (. ._ .A-.Z),
 //           raw:HEX (the double's 64 bits), quoted text or hex:HH... (bytes)
 // expected  quoted text or hex:HH...: the delivered field; a number, missing
@@ -76,7 +77,7 @@ format_case text_case(xf_routine r, std::string in, int32_t w, int32_t d, std::s
 format_case informat_case(xf_routine r, std::string in, int32_t w, int32_t d, uint64_t bits,
                           xf_status st = XF_OK);
 
-// The routine of a catalogued name (exact, case sensitive), or null.
+// The routine of a catalogued name (exact, case sensitive) or zfmmiss, or null.
 xf_routine routine_named(std::string_view name);
 
 // Whether the case holds; the failure message says where it came from and
