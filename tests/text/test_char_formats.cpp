@@ -55,21 +55,6 @@ TEST(Upcase, EveryByteFollowsUnicode) {
   }
 }
 
-TEST(Ebcdic, EveryByteBothWays) {
-  std::string all;
-  for (int i = 0; i < 256; ++i) all += static_cast<char>(i);
-  frame_box e = frame_box::chars(all, 258);
-  ASSERT_EQ(zfmebcdic(&e.f), XF_OK);
-  frame_box a = frame_box::chars(all, 258);
-  ASSERT_EQ(zfmascii(&a.f), XF_OK);
-  for (int i = 0; i < 256; ++i) {
-    EXPECT_EQ(e.out[static_cast<size_t>(i)], as2eb[i]);
-    EXPECT_EQ(a.out[static_cast<size_t>(i)], static_cast<unsigned char>(i));  // already ASCII here
-  }
-  EXPECT_EQ(e.out[256], 0x40);  // the EBCDIC blank pads
-  EXPECT_EQ(a.out[257], 0x20);
-}
-
 // No input is an empty value, whatever length it claims (width 0 and a
 // capacity below w are rows of tests/data/text/char_formats.txt).
 TEST(CharFormats, NoInputIsAnEmptyValue) {
