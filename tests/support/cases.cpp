@@ -100,6 +100,7 @@ outcome run_once(xf_routine routine, const format_case &c, uint32_t capacity) {
     f.input = &value;
     f.input_length = 8;
   }
+  if (c.no_input) f.input = nullptr;
   f.output = capacity ? r.buffer.data() : nullptr;
   f.output_capacity = capacity;
   f.option_word = c.option_word;
@@ -262,8 +263,8 @@ std::optional<format_case> parse_case(const std::vector<token> &t, std::string &
       }
       continue;
     }
-    if ((o == "utf8" || o == "utf16") && !t[i].quoted) {
-      (o == "utf8" ? c.utf8_codeset : c.utf16) = true;
+    if ((o == "utf8" || o == "utf16" || o == "noinput") && !t[i].quoted) {
+      (o == "utf8" ? c.utf8_codeset : o == "utf16" ? c.utf16 : c.no_input) = true;
       continue;
     }
     size_t eq = o.find('=');

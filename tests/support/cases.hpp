@@ -29,7 +29,8 @@
 //           expected text is written in UTF-8 and compared as UTF-16LE),
 //           utf8 (the process codeset is UTF-8 during the case), tz=ZONE (TZ
 //           during the case), zav=VALUE (ZAV_LOCALE during the case; "-"
-//           leaves it unset)
+//           leaves it unset), noinput (a null input pointer claiming the
+//           input's length, which must not be read)
 // Quoted text takes the escapes \" \\ \t \n \0 and \xHH (exactly two digits).
 #pragma once
 
@@ -64,6 +65,7 @@ struct format_case {
   int64_t length = -1;          // >= 0: the output length; want is the whole capacity
   bool utf16 = false;           // want is UTF-8 text expected as UTF-16LE output
   bool utf8_codeset = false;    // the process codeset is UTF-8 during the case
+  bool no_input = false;        // a null input that claims the input's length
   std::string zone;             // TZ during the case when not empty
   std::string zav_locale;       // ZAV_LOCALE during the case when not empty ("-": unset)
   std::string where;            // "file:line" of a case read from a file
