@@ -282,6 +282,7 @@ std::optional<format_case> parse_case(const std::vector<token> &t, std::string &
     else if (key == "enc") c.input_encoding = static_cast<uint32_t>(*v);
     else if (key == "renc") c.requested_encoding = static_cast<uint32_t>(*v);
     else if (key == "len") c.length = *v;
+    else if (key == "width") c.width_after = static_cast<int32_t>(*v);
     else { error = "unknown option " + o; return std::nullopt; }
   }
   return c;
@@ -417,6 +418,9 @@ testing::AssertionResult holds(const format_case &c) {
     }
   if (a.frame.output_length > capacity)
     why << "; output length " << a.frame.output_length << " beyond the capacity " << capacity;
+  const int32_t width_after = c.width_after >= 0 ? c.width_after : c.w;
+  if (a.frame.width != width_after || a.frame.decimals != c.d)
+    why << "; frame left at w " << a.frame.width << " d " << a.frame.decimals;
   if (a.status != c.status)
     why << "; status " << status_text(a.status) << ", expected " << status_text(c.status);
   const size_t shown_length = c.length >= 0 ? capacity : a.frame.output_length;

@@ -1,7 +1,8 @@
 // One conversion case and the check every table of cases goes through: the
 // routine named in the catalogue (or given directly) runs on a fresh frame
 // whose output buffer is followed by guard bytes, twice; the delivered bytes,
-// the output length, the status and the untouched guard are compared.
+// the output length, the status, the untouched guard and the frame's width
+// and decimals are compared.
 //
 // Case files under tests/data hold one case per line, fields separated by
 // blanks or tabs, "#" starting a comment outside quotes:
@@ -30,7 +31,8 @@
 //           utf8 (the process codeset is UTF-8 during the case), tz=ZONE (TZ
 //           during the case), zav=VALUE (ZAV_LOCALE during the case; "-"
 //           leaves it unset), noinput (a null input pointer claiming the
-//           input's length, which must not be read)
+//           input's length, which must not be read), width=N (the frame's
+//           width after the call; otherwise w and d must be as they were)
 // Quoted text takes the escapes \" \\ \t \n \0 and \xHH (exactly two digits).
 #pragma once
 
@@ -66,6 +68,7 @@ struct format_case {
   bool utf16 = false;           // want is UTF-8 text expected as UTF-16LE output
   bool utf8_codeset = false;    // the process codeset is UTF-8 during the case
   bool no_input = false;        // a null input that claims the input's length
+  int32_t width_after = -1;     // >= 0: the frame's width after the call (else w)
   std::string zone;             // TZ during the case when not empty
   std::string zav_locale;       // ZAV_LOCALE during the case when not empty ("-": unset)
   std::string where;            // "file:line" of a case read from a file
