@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <string>
 
-#include "support/cases.hpp"
 #include "support/rows.hpp"
 #include "xfmt/xfmt.h"
 
@@ -38,21 +37,6 @@ TEST(zmiss, recognises_only_the_missing_pattern) {
     EXPECT_EQ(zmiss(nullptr, &v, 0.0), missing) << r[0];
     EXPECT_EQ(zmiss(nullptr, nullptr, v), missing) << r[0];
   }
-}
-
-// Through the case check: the field, its length, the guard past it, twice.
-TEST(zfmmiss, standard_display) {
-  using xfmt::test::number_case;
-  const xfmt::test::format_case cases[] = {
-      number_case(zfmmiss, from_bits(0xFFFFFE0000000000ull), 8, 2, "     .  "),
-      number_case(zfmmiss, from_bits(0xFFFFFE0000000000ull), 5, 0, "    ."),
-      number_case(zfmmiss, from_bits(0xFFFFFD0000000000ull), 5, 0, "    A"),
-      number_case(zfmmiss, from_bits(0xFFFFFF0000000000ull), 3, 0, "  _"),
-      number_case(zfmmiss, from_bits(0xFFFF000000000000ull), 3, 0, "   "),
-      number_case(zfmmiss, from_bits(0xFFFFFE0000000000ull), 4, 98, "   ."),
-      number_case(zfmmiss, from_bits(0xFFFFFE0000000000ull), 4, 99, "   ."),
-  };
-  for (const auto &c : cases) EXPECT_TRUE(xfmt::test::holds(c));
 }
 
 TEST(wzmisv, library_table_until_the_host_sets_its_block) {

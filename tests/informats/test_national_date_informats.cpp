@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -14,7 +13,6 @@
 #include "informats/informat_run.hpp"
 #include "nls/locale.hpp"
 #include "oracle/text_oracle.hpp"
-#include "core/platform.hpp"
 
 namespace {
 
@@ -113,17 +111,6 @@ TEST(NationalDateInformats, EveryMonthNameOfEveryLanguage) {
       }
     }
   }
-}
-
-// EUR follows the frame's locale (the case file has de_DE's and fr_FR's);
-// with none in the frame, the process locale.
-TEST(NationalDateInformats, EurFollowsTheProcessLocale) {
-  setenv("ZAV_LOCALE", "fi_FI", 1);
-  xfmt::platform::reload_environment();  // ZAV_LOCALE is read once
-  EXPECT_TRUE(xfmt::test::holds(xfmt::test::informat_case(zifmeurde, "15loka2023", 32, 0, num(23298))));
-  unsetenv("ZAV_LOCALE");
-  xfmt::platform::reload_environment();  // en_US: English names
-  EXPECT_TRUE(xfmt::test::holds(xfmt::test::informat_case(zifmeurde, "15Oct2023", 32, 0, num(23298))));
 }
 
 // The national formats write month names the informats of the language read:

@@ -1,42 +1,13 @@
-// The plain-number printer, case by case: every blank of the field shown,
-// boundaries and bad input first, then the layouts and their fallbacks.
+// The plain-number printer's exported helpers (its fields are case lines of
+// tests/data/numeric/zfmt.txt and its random differential's).
 #include <gtest/gtest.h>
 
 #include <limits>
 #include <string>
 
-#include "core/missing.hpp"
-#include "support/frame.hpp"
 #include "xfmt/xfmt.h"
 
 namespace {
-
-using xfmt::test::frame_box;
-
-TEST(fixed_format, width_below_one_writes_nothing) {
-  for (int32_t w : {0, -1, -40}) {
-    frame_box b = frame_box::number(1.5, w, 0, 4);
-    b.f.output_length = 77;
-    EXPECT_EQ(zfmt(&b.f), XF_E_OVERFLOW);
-    EXPECT_EQ(b.f.output_length, 77u);
-    EXPECT_EQ(b.buffer(), std::string(4, '\xEE'));
-  }
-}
-
-TEST(fixed_format, width_above_32_is_32_stars_and_the_width_becomes_32) {
-  frame_box b = frame_box::number(1.5, 40, 0, 40);
-  EXPECT_EQ(zfmt(&b.f), XF_E_OVERFLOW);
-  EXPECT_EQ(b.str(), std::string(32, '*'));
-  EXPECT_EQ(b.f.width, 32);
-  EXPECT_EQ(b.buffer().substr(32), std::string(8, '\xEE'));
-}
-
-TEST(fixed_format, missing_blanks_the_whole_capacity) {
-  frame_box b = frame_box::number(xfmt::missing_ordinary(), 4, 0, 10);
-  EXPECT_EQ(zfmt(&b.f), XF_OK);
-  EXPECT_EQ(b.buffer(), "   .      ");
-  EXPECT_EQ(b.f.output_length, 4u);
-}
 
 TEST(fixed_format, fmte_and_zfmtd_exports) {
   char out[16];

@@ -100,6 +100,7 @@ outcome run_once(xf_routine routine, const format_case &c, uint32_t capacity) {
     f.input = &value;
     f.input_length = 8;
   }
+  if (c.no_input) f.input = nullptr;
   f.output = capacity ? r.buffer.data() : nullptr;
   f.output_capacity = capacity;
   f.option_word = c.option_word;
@@ -262,8 +263,8 @@ std::optional<format_case> parse_case(const std::vector<token> &t, std::string &
       }
       continue;
     }
-    if ((o == "utf8" || o == "utf16") && !t[i].quoted) {
-      (o == "utf8" ? c.utf8_codeset : c.utf16) = true;
+    if ((o == "utf8" || o == "utf16" || o == "noinput") && !t[i].quoted) {
+      (o == "utf8" ? c.utf8_codeset : o == "utf16" ? c.utf16 : c.no_input) = true;
       continue;
     }
     size_t eq = o.find('=');
@@ -281,6 +282,7 @@ std::optional<format_case> parse_case(const std::vector<token> &t, std::string &
     else if (key == "enc") c.input_encoding = static_cast<uint32_t>(*v);
     else if (key == "renc") c.requested_encoding = static_cast<uint32_t>(*v);
     else if (key == "len") c.length = *v;
+    else if (key == "width") c.width_after = static_cast<int32_t>(*v);
     else { error = "unknown option " + o; return std::nullopt; }
   }
   return c;
@@ -382,6 +384,8 @@ xf_routine routine_named(std::string_view name) {
   for (const fmtposs_row *r : {&crashfmt, &ver_num[0], &ver_num[1]})
     if (r->row.name_length <= sizeof r->row.name && std::string_view(r->row.name, r->row.name_length) == name)
       return r->row.routine;
+  // The missing-value display every number format calls, by its C name.
+  if (name == "zfmmiss") return zfmmiss;
   return nullptr;
 }
 
@@ -414,6 +418,9 @@ testing::AssertionResult holds(const format_case &c) {
     }
   if (a.frame.output_length > capacity)
     why << "; output length " << a.frame.output_length << " beyond the capacity " << capacity;
+  const int32_t width_after = c.width_after >= 0 ? c.width_after : c.w;
+  if (a.frame.width != width_after || a.frame.decimals != c.d)
+    why << "; frame left at w " << a.frame.width << " d " << a.frame.decimals;
   if (a.status != c.status)
     why << "; status " << status_text(a.status) << ", expected " << status_text(c.status);
   const size_t shown_length = c.length >= 0 ? capacity : a.frame.output_length;

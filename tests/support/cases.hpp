@@ -1,7 +1,8 @@
 // One conversion case and the check every table of cases goes through: the
 // routine named in the catalogue (or given directly) runs on a fresh frame
 // whose output buffer is followed by guard bytes, twice; the delivered bytes,
-// the output length, the status and the untouched guard are compared.
+// the output length, the status, the untouched guard and the frame's width
+// and decimals are compared.
 //
 // Case files under tests/data hold one case per line, fields separated by
 // blanks or tabs, "#" starting a comment outside quotes:
@@ -11,7 +12,8 @@
 //   @COMMA   8   0   "1,234.56"     1234.56           OK
 //   $QUOTE   1   0   "abc"          "*"               E_OVERFLOW  cap=4
 //
-// name      catalogued name ("@" before an informat, "$" before a character one)
+// name      catalogued name ("@" before an informat, "$" before a character one),
+//           or zfmmiss (the missing-value display, not catalogued)
 // input     a number (strtod syntax, inf, nan), a missing value (. ._ .A-.Z),
 //           raw:HEX (the double's 64 bits), quoted text or hex:HH... (bytes)
 // expected  quoted text or hex:HH...: the delivered field; a number, missing
@@ -28,7 +30,9 @@
 //           expected text is written in UTF-8 and compared as UTF-16LE),
 //           utf8 (the process codeset is UTF-8 during the case), tz=ZONE (TZ
 //           during the case), zav=VALUE (ZAV_LOCALE during the case; "-"
-//           leaves it unset)
+//           leaves it unset), noinput (a null input pointer claiming the
+//           input's length, which must not be read), width=N (the frame's
+//           width after the call; otherwise w and d must be as they were)
 // Quoted text takes the escapes \" \\ \t \n \0 and \xHH (exactly two digits).
 #pragma once
 
@@ -63,6 +67,8 @@ struct format_case {
   int64_t length = -1;          // >= 0: the output length; want is the whole capacity
   bool utf16 = false;           // want is UTF-8 text expected as UTF-16LE output
   bool utf8_codeset = false;    // the process codeset is UTF-8 during the case
+  bool no_input = false;        // a null input that claims the input's length
+  int32_t width_after = -1;     // >= 0: the frame's width after the call (else w)
   std::string zone;             // TZ during the case when not empty
   std::string zav_locale;       // ZAV_LOCALE during the case when not empty ("-": unset)
   std::string where;            // "file:line" of a case read from a file
@@ -76,7 +82,7 @@ format_case text_case(xf_routine r, std::string in, int32_t w, int32_t d, std::s
 format_case informat_case(xf_routine r, std::string in, int32_t w, int32_t d, uint64_t bits,
                           xf_status st = XF_OK);
 
-// The routine of a catalogued name (exact, case sensitive), or null.
+// The routine of a catalogued name (exact, case sensitive) or zfmmiss, or null.
 xf_routine routine_named(std::string_view name);
 
 // Whether the case holds; the failure message says where it came from and

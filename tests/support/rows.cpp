@@ -5,7 +5,6 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
 
 namespace xfmt::test {
 
@@ -49,13 +48,6 @@ std::string unescaped(const std::string &field) {
       out += e == 't' ? '\t' : e == 'n' ? '\n' : e == 'r' ? '\r' : e == '0' ? '\0' : e;
     }
   }
-  return out;
-}
-
-std::vector<uint32_t> hex_list(const std::string &field) {
-  std::vector<uint32_t> out;
-  std::istringstream in(field == "-" ? "" : field);
-  for (std::string w; in >> w;) out.push_back(static_cast<uint32_t>(std::stoul(w, nullptr, 16)));
   return out;
 }
 

@@ -20,9 +20,6 @@ std::vector<std::vector<std::string>> tab_rows(const std::string &path);
 // A field's bytes: the escapes \t \n \r \0 \\ and \xHH (two digits).
 std::string unescaped(const std::string &field);
 
-// Blank-separated hex numbers ("0041 20AC"); "-" is the empty list.
-std::vector<uint32_t> hex_list(const std::string &field);
-
 // A decimal or 0x number.
 int64_t int_of(const std::string &field);
 

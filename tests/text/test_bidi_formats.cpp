@@ -1,6 +1,6 @@
 // $LOGVS, $LOGVSR, $VSLOG, $VSLOGR and $BIDI beyond their table in
-// tests/data/text: text longer than the work arrays and random lines turned
-// twice (missing input is in test_char_formats.cpp).
+// tests/data/text (a missing input too): text longer than the work arrays
+// and random lines turned twice.
 #include <gtest/gtest.h>
 
 #include <algorithm>
