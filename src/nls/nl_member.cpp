@@ -448,32 +448,18 @@ inline void blank_field(char *out, uint32_t n) {
 // common test above stays a branch.
 [[gnu::noinline]] int64_t day_before_fraction(double v) { return floor_whole(v); }
 
-// The usual date case at its shortest: a plain frame in a single-byte field
-// and a database locale whose first pattern is a date plan (see
-// run_date_plan) with a longest text that fits the field, so that it is the
-// result for every day. The field is blanked and the text written over its
-// start: the bytes run_two_pattern writes, without a check of room per step.
-// False, with nothing written, for any other case.
-[[gnu::always_inline]] inline const pattern_plan *usual_date_plan(const xf_frame *f, int code,
-                                                                   double *v) {
-  if ((f->option_word & XF_OPT_VALIDATE) != 0 || wants_utf16(f) || f->width <= 0 ||
-      f->input == nullptr || f->input_length < 8)
-    return nullptr;
-  std::memcpy(v, f->input, sizeof *v);
-  if (!datetime::date_in_range(*v)) return nullptr;  // also a missing value
-  const int id = static_cast<int>(f->option_word & XF_OPT_LOCALE_MASK);
-  if (id < 1 || id > locale_count || code < plan_first_field ||
-      code >= plan_first_field + plan_field_count)
-    return nullptr;
-  const locale_plans *set = compiled_plans[id - 1].load(std::memory_order_acquire);
-  if (set == nullptr) return nullptr;  // compiled on the long way
-  const pattern_plan &plan = set->plans[0][code - plan_first_field];
+// A date plan (see run_date_plan) whose longest text fits a plain
+// single-byte field: its text is then the result for every day in range.
+[[gnu::always_inline]] inline bool date_plan_fits(const xf_frame *f, const pattern_plan *plan) {
+  if (plan == nullptr || !plan->date_only || wants_utf16(f) || f->width <= 0) return false;
   const uint32_t cap = f->output_capacity;
   const auto w = static_cast<uint32_t>(f->width);
-  if (!plan.date_only || plan.date_length > (w < cap ? w : cap)) return nullptr;
-  return &plan;
+  return plan->date_length <= (w < cap ? w : cap);
 }
 
+// The usual date case at its shortest, for a value in range: the field is
+// blanked and the date plan's text written over its start, the bytes the
+// long way writes, without a check of room per step.
 [[gnu::noinline]] xf_status place_date(xf_frame *f, const pattern_plan &plan, double v) {
   const uint32_t cap = f->output_capacity;
   char *out = frame_out(f);
@@ -486,24 +472,26 @@ inline void blank_field(char *out, uint32_t n) {
   return XF_OK;
 }
 
-xf_status run_two_date(xf_frame *f, const member_spec &spec) {
-  double v;
-  if (const pattern_plan *plan = usual_date_plan(f, spec.first, &v)) return place_date(f, *plan, v);
-  return run_two_pattern(f, spec);
-}
-
+// The first pattern's plan is looked up once, after the checks every value
+// passes: a date member whose plan is a date plan that fits takes the short
+// way before the moment is worked out; any other locale goes on with the
+// plan already in hand, paying one flag test for the short way.
 xf_status run_two_pattern(xf_frame *f, const member_spec &spec) {
   xf_status st;
   if (!prologue(f, spec, true, &st)) return st;
   const int id = frame_locale_id(f);
+  const pattern_plan *first = plan_for_code(id, spec.first);
+  if (spec.kind == value_kind::date && date_plan_fits(f, first))
+    return place_date(f, *first, frame_value(f));
   const field_reader loc = locale_reader(id);
   const moment m = moment_for(spec.kind, frame_value(f), f->decimals);
   const int32_t d = pattern_decimals(spec.kind, f->decimals);
   bool no_room = false;
-  for (int code : {spec.first, spec.second}) {
+  for (int k = 0; k < 2; ++k) {
+    const int code = k == 0 ? spec.first : spec.second;
     if (code == 0) continue;
     uint32_t n = 0;
-    if (placed_directly(f, plan_for_code(id, code), m, d, &n)) {
+    if (placed_directly(f, k == 0 ? first : plan_for_code(id, code), m, d, &n)) {
       place_left(f, n, false);
       return XF_OK;
     }
