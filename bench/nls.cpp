@@ -87,8 +87,9 @@ void BM_setlocale_strftime(benchmark::State &state) {
 }
 
 // NLDATE20. in other locales, in a UTF-8 process as a host serving them
-// would run: names with non-ASCII letters go through the encoder, the
-// others take the same compiled way as English.
+// would run: de_DE and fr_FR (month names outside ASCII) take the short way
+// with the names' UTF-8 bytes, ja_JP (literals outside ASCII) the long way
+// through the encoder.
 void BM_nldate20_in(benchmark::State &state, const char *locale) {
   std::setlocale(LC_CTYPE, "C.UTF-8");
   char code[6];

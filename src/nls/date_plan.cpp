@@ -13,6 +13,7 @@
 #include "datetime/calendar.hpp"
 #include "core/bounded_text.hpp"
 #include "nls/locale_reader.hpp"
+#include "nls/nl_encode.hpp"
 
 namespace xfmt::nls {
 
@@ -408,8 +409,9 @@ struct date_step {
   size_t length;  // the most bytes the step writes, its suffix left out
 };
 
-// The op and the longest text of step s, or op_none.
-date_step date_step_of(const plan_step &s, const locale_names *names) {
+// The op and the longest text of step s, or op_none; with utf8, the names
+// as their UTF-8 slots.
+date_step date_step_of(const plan_step &s, const locale_names *names, const utf8_names *utf8) {
   if (s.kind == plan_step::literal)
     return s.length <= plan_chunk ? date_step{op_literal, s.length} : date_step{op_none, 0};
   if ((s.needs & ~need_date) != 0) return {op_none, 0};
@@ -420,9 +422,16 @@ date_step date_step_of(const plan_step &s, const locale_names *names) {
       if (names == nullptr || !names->blank_slots || top >= s.digits) return {op_none, 0};
       size_t longest = 0;
       for (int i = 0; i < s.digits; ++i) {
-        const name_entry &e = names->names[s.first - first_name_field + i];
-        if (!e.plain || e.length > plan_chunk) return {op_none, 0};
-        if (e.length > longest) longest = e.length;
+        const size_t k = static_cast<size_t>(s.first - first_name_field + i);
+        const name_entry &e = names->names[k];
+        size_t length = e.length;
+        if (utf8 != nullptr) {
+          if (utf8->length[k] == no_utf8_slot) return {op_none, 0};
+          length = utf8->length[k];
+        } else if (!e.plain || e.length > plan_chunk) {
+          return {op_none, 0};
+        }
+        if (length > longest) longest = length;
       }
       return {op_name, longest};
     }
@@ -444,23 +453,28 @@ date_step date_step_of(const plan_step &s, const locale_names *names) {
   }
 }
 
-// Marks the plan a date plan when every step is one (see run_date_plan).
-void classify_date_plan(pattern_plan &plan) {
-  plan.date_only = false;
+// The longest text of the plan as a date plan (names as they stand, or
+// with utf8 as their UTF-8 slots), each step's op set; -1 when it is none.
+long date_plan_length(pattern_plan &plan, const utf8_names *utf8) {
   if (plan.state != plan_state::complete || !plan.literals_plain ||
       plan.step_count > date_plan_max_steps)
-    return;
+    return -1;
   size_t length = 0;
   for (uint8_t k = 0; k < plan.step_count; ++k) {
     plan_step &s = plan.steps[k];
-    const date_step d = date_step_of(s, plan.names);
-    if (d.op == op_none) return;
+    const date_step d = date_step_of(s, plan.names, utf8);
+    if (d.op == op_none) return -1;
     s.op = d.op;
     length += d.length + s.suffix_length;
   }
-  if (length > 0xFFFF) return;
-  plan.date_length = static_cast<uint16_t>(length);
-  plan.date_only = true;
+  return length <= 0xFFFF ? static_cast<long>(length) : -1;
+}
+
+// Marks the plan a date plan when every step is one (see run_date_plan).
+void classify_date_plan(pattern_plan &plan) {
+  const long length = date_plan_length(plan, nullptr);
+  plan.date_only = length >= 0;
+  plan.date_length = static_cast<uint16_t>(length >= 0 ? length : 0);
 }
 
 // ---------------------------------------------------------------- compiling
@@ -709,6 +723,41 @@ bool plan_maker::add(const plan_step &s) {
   return true;
 }
 
+namespace {
+
+// The name as the encoder writes it for a UTF-8 codeset, into a blank
+// 16-byte slot: its length, or no_utf8_slot when it does not fit or ends
+// within an escape's length of a "<" (text after it could complete the
+// escape, so the name alone would not decode as it does in the pattern).
+uint8_t utf8_slot(std::string_view t, char *slot) {
+  std::memset(slot, ' ', plan_chunk);
+  const size_t tail = t.size() < 6 ? t.size() : 6;
+  if (t.substr(t.size() - tail).find('<') != std::string_view::npos) return no_utf8_slot;
+  char16_t units[plan_chunk + 1];
+  const size_t n = decode_narrow(t.data(), t.size(), units, plan_chunk + 1);
+  size_t len = 0;
+  for (size_t i = 0; i < n; ++i) {
+    const char16_t u = units[i];
+    const size_t bytes = u < 0x80 ? 1 : u < 0x800 ? 2 : 3;
+    if (len + bytes > plan_chunk) return no_utf8_slot;
+    if (bytes == 1) {
+      slot[len] = static_cast<char>(u);
+    } else if (bytes == 2) {
+      slot[len] = static_cast<char>(0xC0 | (u >> 6));
+      slot[len + 1] = static_cast<char>(0x80 | (u & 0x3F));
+    } else {
+      slot[len] = static_cast<char>(0xE0 | (u >> 12));
+      slot[len + 1] = static_cast<char>(0x80 | ((u >> 6) & 0x3F));
+      slot[len + 2] = static_cast<char>(0x80 | (u & 0x3F));
+    }
+    len += bytes;
+  }
+  if (n > plan_chunk) return no_utf8_slot;  // more characters than a slot holds
+  return static_cast<uint8_t>(len);
+}
+
+}  // namespace
+
 void read_names(const field_reader &loc, locale_names *out) {
   *out = locale_names{};
   out->blank_slots = true;
@@ -803,9 +852,11 @@ namespace {
 // One step of a date plan at n; returns the new length. Each step is stored
 // at its exact length, a name as its whole blank-padded slot while the room
 // allows, so the bytes past the text stay blank.
-[[gnu::always_inline]] inline size_t date_step_at(const pattern_plan &plan, const plan_step &s,
-                                                 const datetime::ymd &c, int64_t day_number,
-                                                 char *out, size_t room, size_t n) {
+template <bool Utf8>
+[[gnu::always_inline]] inline size_t date_step_at(const pattern_plan &plan, const utf8_names *u,
+                                                 const plan_step &s, const datetime::ymd &c,
+                                                 int64_t day_number, char *out, size_t room,
+                                                 size_t n) {
   const uint64_t x = date_value(s.source, c, day_number);
   switch (s.op) {
     case op_literal:
@@ -814,11 +865,19 @@ namespace {
     case op_name: {
       const locale_names &names = *plan.names;
       const size_t i = static_cast<size_t>(s.first - first_name_field) + x;
-      const size_t len = names.names[i].length;
+      size_t len;
+      const char *slot;
+      if constexpr (Utf8) {
+        len = u->length[i];
+        slot = u->slots[i];
+      } else {
+        len = names.names[i].length;
+        slot = names.slots[i];
+      }
       if (n + plan_chunk <= room)
-        std::memcpy(out + n, names.slots[i], plan_chunk);
+        std::memcpy(out + n, slot, plan_chunk);
       else
-        copy_short(out + n, names.slots[i], len);
+        copy_short(out + n, slot, len);
       n += len;
       break;
     }
@@ -838,10 +897,13 @@ namespace {
       core::put2(out + n + 1, x % 100);
       n += 3;
       break;
-    case op_last4:
-      core::put4(out + n, x % 10000);
+    case op_last4: {  // put4 spelled out: with two runners GCC stops inlining it here
+      const auto y = static_cast<uint32_t>(x % 10000);
+      core::put2(out + n, y / 100);
+      core::put2(out + n + 2, y % 100);
       n += 4;
       break;
+    }
     case op_least1:  // the digit and a blank, or two digits
       std::memcpy(out + n, short_pairs.c + 2 * x, 2);
       n += x < 10 ? 1 : 2;
@@ -855,16 +917,16 @@ namespace {
 
 // Steps K and on, each from a switch of its own: for a given plan every
 // one of them goes the same way on every day.
-template <size_t K>
-[[gnu::always_inline]] inline size_t date_steps(const pattern_plan &plan, const datetime::ymd &c,
-                                               int64_t day_number, char *out, size_t room,
-                                               size_t n) {
+template <size_t K, bool Utf8>
+[[gnu::always_inline]] inline size_t date_steps(const pattern_plan &plan, const utf8_names *u,
+                                               const datetime::ymd &c, int64_t day_number,
+                                               char *out, size_t room, size_t n) {
   if constexpr (K == date_plan_max_steps) {
     return n;
   } else {
     if (K >= plan.step_count) return n;
-    n = date_step_at(plan, plan.steps[K], c, day_number, out, room, n);
-    return date_steps<K + 1>(plan, c, day_number, out, room, n);
+    n = date_step_at<Utf8>(plan, u, plan.steps[K], c, day_number, out, room, n);
+    return date_steps<K + 1, Utf8>(plan, u, c, day_number, out, room, n);
   }
 }
 
@@ -872,7 +934,14 @@ template <size_t K>
 
 // The calendar day is split once; each step works out the part it shows.
 size_t run_date_plan(const pattern_plan &plan, int64_t day_number, char *out, size_t room) {
-  return date_steps<0>(plan, datetime::ymd_in_range(day_number), day_number, out, room, 0);
+  return date_steps<0, false>(plan, nullptr, datetime::ymd_in_range(day_number), day_number, out,
+                              room, 0);
+}
+
+size_t run_date_plan_utf8(const pattern_plan &plan, const utf8_names &names, int64_t day_number,
+                          char *out, size_t room) {
+  return date_steps<0, true>(plan, &names, datetime::ymd_in_range(day_number), day_number, out,
+                             room, 0);
 }
 
 namespace {
@@ -956,7 +1025,18 @@ const locale_plans *compile_locale_plans(int id) {
   auto *fresh = new (std::nothrow) locale_plans;
   if (fresh == nullptr) return nullptr;
   const field_reader loc = locale_reader(id);
+  auto *utf8 = new (std::nothrow) utf8_names;
+  if (utf8 == nullptr) {
+    delete utf8;
+  delete fresh;
+    return nullptr;
+  }
+  fresh->utf8 = utf8;
   read_names(loc, &fresh->names);
+  for (int k = 0; k < name_count; ++k) {
+    const name_entry &e = fresh->names.names[k];
+    utf8->length[k] = utf8_slot(std::string_view(e.text, e.length), utf8->slots[k]);
+  }
   for (int zoned = 0; zoned < 2; ++zoned)
     for (int k = 0; k < plan_field_count; ++k) {
       pattern_plan &plan = fresh->plans[zoned][k];
@@ -977,11 +1057,14 @@ const locale_plans *compile_locale_plans(int id) {
       if (compile_pattern(loc, fresh->names, prepared, 0, &plan) < prepared.size() &&
           plan.state != plan_state::bad_letter)
         plan = pattern_plan{};
+      const long length = date_plan_length(plan, utf8);
+      plan.utf8_date_length = static_cast<uint16_t>(length > 0 ? length : 0);
     }
   const locale_plans *expected = nullptr;
   if (compiled_plans[id - 1].compare_exchange_strong(expected, fresh, std::memory_order_acq_rel,
                                                      std::memory_order_acquire))
     return fresh;
+  delete utf8;
   delete fresh;
   return expected;
 }

@@ -82,6 +82,15 @@ struct locale_names {
   bool blank_slots = false;
 };
 
+// The names as a UTF-8 codeset receives them (escapes and Latin-1 bytes
+// encoded by the encoder's rules), in blank-padded slots; length
+// no_utf8_slot for a name that does not fit one slot.
+struct utf8_names {
+  uint8_t length[name_count];
+  char slots[name_count][plan_chunk];
+};
+inline constexpr uint8_t no_utf8_slot = 0xFF;
+
 // The names of a locale: a name that cannot be read writes "**" (AM and PM
 // fall back to "AM" and "PM").
 void read_names(const field_reader &loc, locale_names *out);
@@ -140,6 +149,10 @@ struct pattern_plan {
   // bounds its text.
   bool date_only = false;
   uint16_t date_length = 0;
+  // For a locale's own plans (see locale_plans): set (non-zero) when
+  // run_date_plan_utf8 can run the plan with the locale's UTF-8 names; then
+  // it bounds the text's bytes.
+  uint16_t utf8_date_length = 0;
   plan_step steps[plan_max_steps];
   char text[plan_max_text + plan_chunk];  // the literal pieces, padded for chunk reads
   const locale_names *names = nullptr;
@@ -195,6 +208,12 @@ size_t run_plan(const pattern_plan &plan, const moment &m, int32_t decimals, cha
 // The bytes are those run_plan writes.
 size_t run_date_plan(const pattern_plan &plan, int64_t day_number, char *out, size_t room);
 
+// The same with the names' UTF-8 slots, for a plan whose utf8_date_length
+// is set: the bytes the encoder makes of run_plan's text in a UTF-8
+// codeset, at most utf8_date_length of them.
+size_t run_date_plan_utf8(const pattern_plan &plan, const utf8_names &names, int64_t day_number,
+                          char *out, size_t room);
+
 // The locale pattern fields compiled once per locale: 28 (date) to 53
 // (time), each as it stands and with " %z" appended.
 inline constexpr int plan_first_field = lf::date_default;
@@ -203,6 +222,7 @@ inline constexpr int plan_field_count = 26;
 struct locale_plans {
   locale_names names;
   pattern_plan plans[2][plan_field_count];  // [with zone][field - plan_first_field]
+  const utf8_names *utf8 = nullptr;          // allocated with the set, never null in it
 };
 
 // Per locale, published once when its plans are first asked for.

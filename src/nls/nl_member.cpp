@@ -3,11 +3,14 @@
 
 #include "nls/nl_member.hpp"
 
+#include <atomic>
 #include <cmath>
 #include <cstring>
 #include <string_view>
+#include <strings.h>
 
 #include "core/field.hpp"
+#include "core/platform.hpp"
 #include "core/bounded_text.hpp"
 #include "datetime/calendar.hpp"
 #include "nls/date_plan.hpp"
@@ -448,62 +451,84 @@ inline void blank_field(char *out, uint32_t n) {
 // common test above stays a branch.
 [[gnu::noinline]] int64_t day_before_fraction(double v) { return floor_whole(v); }
 
-// The usual date case at its shortest: a plain frame in a single-byte field
-// and a database locale whose first pattern is a date plan (see
-// run_date_plan) with a longest text that fits the field, so that it is the
-// result for every day. The field is blanked and the text written over its
-// start: the bytes run_two_pattern writes, without a check of room per step.
-// False, with nothing written, for any other case.
-[[gnu::always_inline]] inline const pattern_plan *usual_date_plan(const xf_frame *f, int code,
-                                                                   double *v) {
-  if ((f->option_word & XF_OPT_VALIDATE) != 0 || wants_utf16(f) || f->width <= 0 ||
-      f->input == nullptr || f->input_length < 8)
-    return nullptr;
-  std::memcpy(v, f->input, sizeof *v);
-  if (!datetime::date_in_range(*v)) return nullptr;  // also a missing value
-  const int id = static_cast<int>(f->option_word & XF_OPT_LOCALE_MASK);
-  if (id < 1 || id > locale_count || code < plan_first_field ||
-      code >= plan_first_field + plan_field_count)
-    return nullptr;
-  const locale_plans *set = compiled_plans[id - 1].load(std::memory_order_acquire);
-  if (set == nullptr) return nullptr;  // compiled on the long way
-  const pattern_plan &plan = set->plans[0][code - plan_first_field];
+// The longest text (length bytes) fits a single-byte field.
+[[gnu::always_inline]] inline bool fits_field(const xf_frame *f, uint32_t length) {
+  if (wants_utf16(f) || f->width <= 0) return false;
   const uint32_t cap = f->output_capacity;
   const auto w = static_cast<uint32_t>(f->width);
-  if (!plan.date_only || plan.date_length > (w < cap ? w : cap)) return nullptr;
-  return &plan;
+  return length <= (w < cap ? w : cap);
 }
 
-[[gnu::noinline]] xf_status place_date(xf_frame *f, const pattern_plan &plan, double v) {
+// A date plan (see run_date_plan) whose longest text fits a plain
+// single-byte field: its text is then the result for every day in range.
+[[gnu::always_inline]] inline bool date_plan_fits(const xf_frame *f, const pattern_plan *plan) {
+  return plan != nullptr && plan->date_only && fits_field(f, plan->date_length);
+}
+
+// Whether the process codeset is UTF-8, worked out again only when the
+// environment is read again: the generation and the answer in one word.
+std::atomic<uint64_t> utf8_codeset_seen{0};
+
+bool codeset_is_utf8() {
+  const platform::environment_snapshot &e = platform::environment();
+  const uint64_t key = (uint64_t{e.generation} | uint64_t{1} << 32) << 1;
+  const uint64_t seen = utf8_codeset_seen.load(std::memory_order_relaxed);
+  if ((seen & ~uint64_t{1}) == key) return (seen & 1) != 0;
+  const bool utf8 = strcasecmp(e.codeset, "UTF-8") == 0 || strcasecmp(e.codeset, "UTF8") == 0;
+  utf8_codeset_seen.store(key | (utf8 ? 1 : 0), std::memory_order_relaxed);
+  return utf8;
+}
+
+// The same for names outside ASCII in a UTF-8 codeset: the plan's text with
+// the names' UTF-8 bytes is what the encoder makes of it there, and it fits.
+[[gnu::always_inline]] inline bool utf8_date_plan_fits(const xf_frame *f,
+                                                       const pattern_plan *plan) {
+  return plan != nullptr && plan->utf8_date_length != 0 &&
+         fits_field(f, plan->utf8_date_length) && codeset_is_utf8();
+}
+
+// The usual date case at its shortest, for a value in range: the field is
+// blanked and the date plan's text written over its start, the bytes the
+// long way writes, without a check of room per step.
+// utf8: the locale's UTF-8 names, for a plan whose utf8_date_length fits.
+template <bool Utf8>
+[[gnu::noinline]] xf_status place_date(xf_frame *f, const pattern_plan &plan, double v,
+                                       const utf8_names *utf8) {
   const uint32_t cap = f->output_capacity;
   char *out = frame_out(f);
   blank_field(out, cap);
   auto day = static_cast<int64_t>(v);
   if (static_cast<double>(day) > v) [[unlikely]]
     day = day_before_fraction(v);
-  f->output_length = static_cast<uint32_t>(run_date_plan(plan, day, out, cap));
+  f->output_length = static_cast<uint32_t>(Utf8 ? run_date_plan_utf8(plan, *utf8, day, out, cap)
+                                                     : run_date_plan(plan, day, out, cap));
   f->output_encoding = XF_ENC_SINGLE_BYTE;
   return XF_OK;
 }
 
-xf_status run_two_date(xf_frame *f, const member_spec &spec) {
-  double v;
-  if (const pattern_plan *plan = usual_date_plan(f, spec.first, &v)) return place_date(f, *plan, v);
-  return run_two_pattern(f, spec);
-}
-
+// The first pattern's plan is looked up once, after the checks every value
+// passes: a date member whose plan is a date plan that fits takes the short
+// way before the moment is worked out; any other locale goes on with the
+// plan already in hand, paying one flag test for the short way.
 xf_status run_two_pattern(xf_frame *f, const member_spec &spec) {
   xf_status st;
   if (!prologue(f, spec, true, &st)) return st;
   const int id = frame_locale_id(f);
+  const pattern_plan *first = plan_for_code(id, spec.first);
+  if (spec.kind == value_kind::date) {
+    if (date_plan_fits(f, first)) return place_date<false>(f, *first, frame_value(f), nullptr);
+    if (utf8_date_plan_fits(f, first))
+      return place_date<true>(f, *first, frame_value(f), plans_of_locale(id)->utf8);
+  }
   const field_reader loc = locale_reader(id);
   const moment m = moment_for(spec.kind, frame_value(f), f->decimals);
   const int32_t d = pattern_decimals(spec.kind, f->decimals);
   bool no_room = false;
-  for (int code : {spec.first, spec.second}) {
+  for (int k = 0; k < 2; ++k) {
+    const int code = k == 0 ? spec.first : spec.second;
     if (code == 0) continue;
     uint32_t n = 0;
-    if (placed_directly(f, plan_for_code(id, code), m, d, &n)) {
+    if (placed_directly(f, k == 0 ? first : plan_for_code(id, code), m, d, &n)) {
       place_left(f, n, false);
       return XF_OK;
     }

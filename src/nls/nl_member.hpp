@@ -33,12 +33,10 @@ struct member_spec {
 };
 
 // NLDATE, NLDATM, NLTIME and their kin: first pattern, second pattern, the
-// short numeric form when there is one, else a field of '*'.
+// short numeric form when there is one, else a field of '*'. The members of
+// a date value whose first pattern is a date plan that fits the field take
+// a short way to the same bytes.
 xf_status run_two_pattern(xf_frame *f, const member_spec &spec);
-
-// The same for the members of a date value (value_kind::date), with the
-// usual case (a database locale's date plan that fits the field) first.
-xf_status run_two_date(xf_frame *f, const member_spec &spec);
 
 // The L, M, N and W members: the first row of their pattern table only; a
 // shortened text is accepted.
@@ -79,8 +77,8 @@ inline void place_left(xf_frame *f, uint32_t n, bool utf16) {
 
 }  // namespace xfmt::nls
 
-// The exported routine NAME of a member: the runner RUN (run_two_pattern,
-// run_two_date or run_short) over the member_spec that the remaining
+// The exported routine NAME of a member: the runner RUN (run_two_pattern
+// or run_short) over the member_spec that the remaining
 // arguments fill in. The members are then a table, one row each, beside
 // their pattern tables.
 #define XF_NL_MEMBER(NAME, RUN, ...)                                   \

@@ -46,17 +46,17 @@ extern "C" const xf_nl_pattern nldatewn_pat[3] = {{"%#A", lf::weekday_full_2_sun
 using namespace xfmt::nls;
 
 // One row per member: its name, its runner (or pattern table) and its spec.
-XF_NL_MEMBER(nldate, run_two_date, 10, 0, value_kind::date, lf::date_default, lf::date_short,
+XF_NL_MEMBER(nldate, run_two_pattern, 10, 0, value_kind::date, lf::date_default, lf::date_short,
              short_form::date)
-XF_NL_MEMBER(nldatemd, run_two_date, 6, 0, value_kind::date, lf::month_day_long,
+XF_NL_MEMBER(nldatemd, run_two_pattern, 6, 0, value_kind::date, lf::month_day_long,
              lf::month_day_short, short_form::none)
-XF_NL_MEMBER(nldateym, run_two_date, 6, 0, value_kind::date, lf::year_month_long,
+XF_NL_MEMBER(nldateym, run_two_pattern, 6, 0, value_kind::date, lf::year_month_long,
              lf::year_month_short, short_form::none)
-XF_NL_MEMBER(nldateyr, run_two_date, 2, 0, value_kind::date, lf::year_long, lf::year_short,
+XF_NL_MEMBER(nldateyr, run_two_pattern, 2, 0, value_kind::date, lf::year_long, lf::year_short,
              short_form::none)
-XF_NL_MEMBER(nldateyq, run_two_date, 4, 0, value_kind::date, lf::year_quarter_long,
+XF_NL_MEMBER(nldateyq, run_two_pattern, 4, 0, value_kind::date, lf::year_quarter_long,
              lf::year_quarter_short, short_form::none)
-XF_NL_MEMBER(nldateyw, run_two_date, 5, 0, value_kind::date, lf::year_week_long,
+XF_NL_MEMBER(nldateyw, run_two_pattern, 5, 0, value_kind::date, lf::year_week_long,
              lf::year_week_short, short_form::none)
 XF_NL_MEMBER_TABLE(nldatel, nldatel_pat, 2, 0, value_kind::date, 0, 0, short_form::date)
 XF_NL_MEMBER_TABLE(nldatem, nldatem_pat, 2, 0, value_kind::date, 0, 0, short_form::date)
