@@ -8,6 +8,7 @@
 #include <ctime>      // localtime_r, tzset, timezone
 #include <iconv.h>    // iconv_open, iconv, iconv_close
 #include <langinfo.h> // nl_langinfo(CODESET)
+#include <strings.h>  // strcasecmp
 #include <sys/time.h> // gettimeofday
 
 namespace xfmt::platform {
@@ -65,6 +66,7 @@ environment_snapshot read_environment(uint32_t generation) {
   e.zav_locale_set = zav != nullptr;
   copy_text(e.zav_locale, zav);
   copy_text(e.codeset, nl_langinfo(CODESET));
+  e.codeset_utf8 = strcasecmp(e.codeset, "UTF-8") == 0 || strcasecmp(e.codeset, "UTF8") == 0;
   e.generation = generation;
   return e;
 }

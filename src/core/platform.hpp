@@ -70,6 +70,7 @@ struct environment_snapshot {
   bool zav_locale_set;
   char zav_locale[64];  // NUL terminated, cut at 63 bytes (only 0-4 matter)
   char codeset[64];     // NUL terminated, "" when the C library names none
+  bool codeset_utf8;    // the codeset is UTF-8 (named "UTF-8" or "UTF8", any case)
   uint32_t generation;
 };
 const environment_snapshot &environment();

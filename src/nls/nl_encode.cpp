@@ -6,7 +6,6 @@
 
 #include "nls/nl_encode.hpp"
 
-#include <strings.h>  // strcasecmp
 
 #include <cstring>
 
@@ -34,10 +33,6 @@ long escape_at(const char *t, size_t left) {
     v = v * 16 + d;
   }
   return v;
-}
-
-bool is_utf8_name(const char *cs) {
-  return strcasecmp(cs, "UTF-8") == 0 || strcasecmp(cs, "UTF8") == 0;
 }
 
 size_t utf8_put(char16_t u, char *o) {
@@ -94,10 +89,10 @@ thread_local thread_converter converter;
 // can then be cut at any character: lens[i] gets the bytes of unit i. A
 // character the codeset cannot represent becomes "?"; a codeset without a
 // converter keeps ASCII and turns the rest into "?".
-size_t to_codeset(const char *cs, const char16_t *u, size_t n, char *out, size_t room,
-                  uint8_t *lens) {
-  const bool utf8 = cs == nullptr || is_utf8_name(cs);
-  const bool have = !utf8 && converter.open_for(cs);
+size_t to_codeset(const platform::environment_snapshot &e, const char16_t *u, size_t n, char *out,
+                  size_t room, uint8_t *lens) {
+  const bool utf8 = e.codeset_utf8;
+  const bool have = !utf8 && converter.open_for(e.codeset);
   size_t o = 0;
   for (size_t i = 0; i < n; ++i) {
     char one[3];
@@ -180,7 +175,7 @@ int encode_text(bool utf16, const char *text, size_t length, int32_t width, char
     if (len > w) keep = len = w;
   } else {
     uint8_t lens[unit_room];
-    len = to_codeset(platform::environment().codeset, u, n, bytes, sizeof bytes, lens);
+    len = to_codeset(platform::environment(), u, n, bytes, sizeof bytes, lens);
     if (len > sizeof bytes) return encode_unconvertible;
     while (len > w && keep > 0) len -= lens[--keep];
   }
@@ -198,13 +193,13 @@ bool representable(bool utf16, std::string_view text) {
   bool ascii = true;
   for (size_t i = 0; i < n; ++i) ascii = ascii && u[i] < 0x80;
   if (ascii) return true;
-  const char *cs = platform::environment().codeset;
-  if (is_utf8_name(cs)) return true;
+  const platform::environment_snapshot &e = platform::environment();
+  if (e.codeset_utf8) return true;
   char utf8[unit_room * 3];
   size_t k = 0;
   for (size_t i = 0; i < n; ++i) k += utf8_put(u[i], utf8 + k);
   char out[unit_room * 4];
-  return converter.open_for(cs) && converter.run(utf8, k, out, sizeof out) >= 0;
+  return converter.open_for(e.codeset) && converter.run(utf8, k, out, sizeof out) >= 0;
 }
 
 void place_encoded_right(xf_frame *f, const char *text, uint32_t bytes, int32_t w, bool utf16) {

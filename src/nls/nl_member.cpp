@@ -7,7 +7,6 @@
 #include <cmath>
 #include <cstring>
 #include <string_view>
-#include <strings.h>
 
 #include "core/field.hpp"
 #include "core/platform.hpp"
@@ -465,26 +464,12 @@ inline void blank_field(char *out, uint32_t n) {
   return plan != nullptr && plan->date_only && fits_field(f, plan->date_length);
 }
 
-// Whether the process codeset is UTF-8, worked out again only when the
-// environment is read again: the generation and the answer in one word.
-std::atomic<uint64_t> utf8_codeset_seen{0};
-
-bool codeset_is_utf8() {
-  const platform::environment_snapshot &e = platform::environment();
-  const uint64_t key = (uint64_t{e.generation} | uint64_t{1} << 32) << 1;
-  const uint64_t seen = utf8_codeset_seen.load(std::memory_order_relaxed);
-  if ((seen & ~uint64_t{1}) == key) return (seen & 1) != 0;
-  const bool utf8 = strcasecmp(e.codeset, "UTF-8") == 0 || strcasecmp(e.codeset, "UTF8") == 0;
-  utf8_codeset_seen.store(key | (utf8 ? 1 : 0), std::memory_order_relaxed);
-  return utf8;
-}
-
 // The same for names outside ASCII in a UTF-8 codeset: the plan's text with
 // the names' UTF-8 bytes is what the encoder makes of it there, and it fits.
 [[gnu::always_inline]] inline bool utf8_date_plan_fits(const xf_frame *f,
                                                        const pattern_plan *plan) {
   return plan != nullptr && plan->utf8_date_length != 0 &&
-         fits_field(f, plan->utf8_date_length) && codeset_is_utf8();
+         fits_field(f, plan->utf8_date_length) && platform::environment().codeset_utf8;
 }
 
 // The usual date case at its shortest, for a value in range: the field is
